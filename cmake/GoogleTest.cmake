@@ -1,0 +1,12 @@
+# GoogleTest: the installed library, or its packaged source when the target system is not this machine's.
+find_package(Threads REQUIRED)
+include(GoogleTest)
+if(CMAKE_CROSSCOMPILING)
+  set(gtest_force_shared_crt ON)
+  set(INSTALL_GTEST OFF)
+  add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL)
+  add_library(GTest::gtest ALIAS gtest)
+  add_library(GTest::gtest_main ALIAS gtest_main)
+else()
+  find_package(GTest REQUIRED)
+endif()

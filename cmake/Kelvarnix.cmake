@@ -1,0 +1,77 @@
+# What every target of the project shares: language level, warnings, sanitizers, and the rule that a folder sees only
+# the folders that it links.
+
+option(KELVARNIX_WERROR "Treat warnings as errors" OFF)
+option(KELVARNIX_SANITIZE "Address and undefined-behaviour sanitizers" OFF)
+option(KELVARNIX_FUZZ "Build the libFuzzer targets (clang)" OFF)
+
+find_program(KELVARNIX_CCACHE ccache)
+if(KELVARNIX_CCACHE)
+  set(CMAKE_CXX_COMPILER_LAUNCHER "${KELVARNIX_CCACHE}")
+endif()
+
+add_library(kelvarnix_options INTERFACE)
+target_compile_options(kelvarnix_options INTERFACE -Wall -Wextra -Wpedantic)
+if(KELVARNIX_WERROR)
+  target_compile_options(kelvarnix_options INTERFACE -Werror)
+endif()
+if(KELVARNIX_SANITIZE)
+  target_compile_options(kelvarnix_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                     -fno-omit-frame-pointer)
+  target_link_options(kelvarnix_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# Puts FOLDER behind an include root of its own, so that `#include "FOLDER/Name.h"` compiles only for targets that link
+# TARGET. PREFIX is the path written in the include.
+function(kelvarnix_include_root TARGET SCOPE FOLDER PREFIX)
+  set(root "${CMAKE_BINARY_DIR}/include/${TARGET}")
+  get_filename_component(parent "${root}/${PREFIX}" DIRECTORY)
+  file(MAKE_DIRECTORY "${parent}")
+  if(NOT EXISTS "${root}/${PREFIX}")
+    file(CREATE_LINK "${FOLDER}" "${root}/${PREFIX}" SYMBOLIC)
+  endif()
+  target_include_directories(${TARGET} ${SCOPE} "${root}")
+endfunction()
+
+# kelvarnix_library(NAME STANDARD 17|20 PREFIX path SOURCES ... LINKS ...)
+# One static library for the folder that calls it; without SOURCES an interface library of headers.
+function(kelvarnix_library NAME)
+  cmake_parse_arguments(ARG "" "STANDARD;PREFIX" "SOURCES;LINKS" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(${NAME} STATIC ${ARG_SOURCES})
+    target_link_libraries(${NAME} PUBLIC ${ARG_LINKS} PRIVATE kelvarnix_options)
+    target_compile_features(${NAME} PUBLIC cxx_std_${ARG_STANDARD})
+    set_target_properties(${NAME} PROPERTIES POSITION_INDEPENDENT_CODE ON CXX_EXTENSIONS OFF)
+    kelvarnix_include_root(${NAME} PUBLIC "${CMAKE_CURRENT_SOURCE_DIR}" "${ARG_PREFIX}")
+  else()
+    add_library(${NAME} INTERFACE)
+    target_link_libraries(${NAME} INTERFACE ${ARG_LINKS})
+    target_compile_features(${NAME} INTERFACE cxx_std_${ARG_STANDARD})
+    kelvarnix_include_root(${NAME} INTERFACE "${CMAKE_CURRENT_SOURCE_DIR}" "${ARG_PREFIX}")
+  endif()
+endfunction()
+
+# kelvarnix_program(NAME STANDARD 17|20 SOURCES ... LINKS ...): an executable in bin/ of the build folder.
+function(kelvarnix_program NAME)
+  cmake_parse_arguments(ARG "" "STANDARD" "SOURCES;LINKS" ${ARGN})
+  add_executable(${NAME} ${ARG_SOURCES})
+  target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelvarnix_options)
+  target_compile_features(${NAME} PRIVATE cxx_std_${ARG_STANDARD})
+  set_target_properties(${NAME} PROPERTIES CXX_EXTENSIONS OFF
+                                           RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+endfunction()
+
+# kelvarnix_test(NAME SOURCES ... LINKS ...): a GoogleTest program whose cases ctest lists one by one.
+function(kelvarnix_test NAME)
+  cmake_parse_arguments(ARG "" "STANDARD" "SOURCES;LINKS" ${ARGN})
+  if(NOT ARG_STANDARD)
+    set(ARG_STANDARD 20)
+  endif()
+  add_executable(${NAME} ${ARG_SOURCES})
+  target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} GTest::gtest_main kelvarnix_options)
+  target_compile_features(${NAME} PRIVATE cxx_std_${ARG_STANDARD})
+  target_compile_definitions(
+    ${NAME} PRIVATE KELVARNIX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" KELVARNIX_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
+  set_target_properties(${NAME} PROPERTIES CXX_EXTENSIONS OFF)
+  gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+endfunction()
