@@ -1,0 +1,71 @@
+// Role: the building's elements with their material components, its attributes, its databases and the front window.
+#pragma once
+
+#include "host/Values.h"
+
+#include <vector>
+
+namespace host {
+
+struct ElementHeader {
+    Guid guid;
+    ElementType type = ElementType::All;
+    AttributeIndex layer;
+};
+
+/// One skin or part of an element.
+struct MaterialComponent {
+    AttributeIndex buildingMaterial;
+    double volumeM3 = 0.0;
+    double areaM2 = 0.0;
+};
+
+struct BuildingMaterial {
+    AttributeIndex index;
+    std::string name;
+    std::string id;
+    double densityKgM3 = 0.0;
+    AttributeIndex cutFill;
+    std::int16_t cutFillPen = 0;
+    std::int16_t cutFillBackgroundPen = 0; ///< 0 is a transparent background
+    AttributeIndex cutSurface;
+};
+
+/// One of the project's databases; `id` tells several of a type apart and is null where there is only one.
+struct Database {
+    DatabaseType type = DatabaseType::None;
+    Guid id;
+    std::string name;
+};
+
+/// Element list filter: in the 3D model, taken from the floor plan whatever database is current.
+inline constexpr std::uint32_t ElementsIn3DFromFloorPlan = 0x10000008U;
+
+class Model {
+public:
+    virtual ~Model() = default;
+
+    /// Identifiers in the model's order. filter is a mask of the host's element filter bits.
+    virtual ErrorCode ListElements(ElementType type, std::uint32_t filter, std::vector<Guid>& elements) = 0;
+    /// BadId when there is no such element.
+    virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
+    /// Components in the element's order; replaces what the list held. BadId when there is no such element.
+    virtual ErrorCode ReadElementComponents(const Guid& element, std::vector<MaterialComponent>& components) = 0;
+    /// The highest index in use; indices may have gaps.
+    virtual ErrorCode CountBuildingMaterials(std::int32_t& highestIndex) = 0;
+    /// BadIndex where the index is a gap or past the end.
+    virtual ErrorCode ReadBuildingMaterial(AttributeIndex index, BuildingMaterial& material) = 0;
+};
+
+class Databases {
+public:
+    virtual ~Databases() = default;
+
+    /// The database on which element operations act; not always that of the front window.
+    virtual ErrorCode ReadCurrentDatabase(Database& database) = 0;
+    /// BadDatabase when the project has none of that type and identifier.
+    virtual ErrorCode ChangeCurrentDatabase(const Database& database) = 0;
+    virtual ErrorCode ReadFrontWindow(Database& database) = 0;
+};
+
+} // namespace host

@@ -1,0 +1,20 @@
+// Role: texts of the add-on's resources, and the host's own way to write numbers and times.
+#pragma once
+
+#include "host/Values.h"
+
+namespace host {
+
+class Resources {
+public:
+    virtual ~Resources() = default;
+
+    /// Entry (counted from 1) of a string list of the add-on; empty when there is none.
+    virtual std::string ReadString(std::int16_t stringList, std::int16_t entry) = 0;
+    /// A number as the host's unit-aware formatter writes it under a format code.
+    virtual std::string FormatNumber(double value, std::int16_t formatCode) = 0;
+    /// The current local time as the host's time formatter writes it under its flags.
+    virtual std::string FormatCurrentTime(std::uint32_t flags) = 0;
+};
+
+} // namespace host

@@ -1,0 +1,160 @@
+// Plain values that cross the host interface: identifiers, codes and small enumerations. Numbers are the host's own.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <functional>
+#include <string>
+
+namespace host {
+
+/// 0 is success; every other value is the host's and is passed on unchanged.
+using ErrorCode = std::int32_t;
+
+inline constexpr ErrorCode NoError = 0;
+
+namespace Errors {
+constexpr ErrorCode Code(std::uint32_t value) {
+    return static_cast<ErrorCode>(value);
+}
+inline constexpr ErrorCode General = Code(0x81060001U);
+inline constexpr ErrorCode OutOfMemory = Code(0x81060002U);
+inline constexpr ErrorCode Cancelled = Code(0x81060003U);
+inline constexpr ErrorCode BadId = Code(0x81060065U);
+inline constexpr ErrorCode BadIndex = Code(0x81060066U);
+inline constexpr ErrorCode BadName = Code(0x81060067U);
+inline constexpr ErrorCode BadParameters = Code(0x81060068U);
+inline constexpr ErrorCode BadDatabase = Code(0x8106006AU);
+inline constexpr ErrorCode BadValue = Code(0x81060070U);
+inline constexpr ErrorCode NoProject = Code(0x810600CBU);
+inline constexpr ErrorCode RefusedCommand = Code(0x810600CDU);
+inline constexpr ErrorCode NeedsUndoScope = Code(0x810600E1U);
+inline constexpr ErrorCode UndoEmpty = Code(0x810600E2U);
+inline constexpr ErrorCode NameAlreadyUsed = Code(0x810600E4U);
+inline constexpr ErrorCode NoAccessRight = Code(0x81060133U);
+inline constexpr ErrorCode BadProperty = Code(0x81060134U);
+} // namespace Errors
+
+/// A 128-bit identifier; all zero means "none".
+struct Guid {
+    std::array<std::uint8_t, 16> bytes{};
+
+    bool IsNull() const { return *this == Guid{}; }
+    friend bool operator==(const Guid& a, const Guid& b) { return a.bytes == b.bytes; }
+    friend bool operator!=(const Guid& a, const Guid& b) { return a.bytes != b.bytes; }
+    friend bool operator<(const Guid& a, const Guid& b) { return a.bytes < b.bytes; }
+};
+
+/// Reads "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}", braces optional; answers the null identifier for anything else.
+Guid ParseGuid(const std::string& text);
+/// Writes the braced upper-case form that ParseGuid reads.
+std::string WriteGuid(const Guid& guid);
+
+/// Index of an attribute within its kind, counted from 1; 0 is "none".
+struct AttributeIndex {
+    std::int32_t value = 0;
+
+    friend bool operator==(AttributeIndex a, AttributeIndex b) { return a.value == b.value; }
+    friend bool operator!=(AttributeIndex a, AttributeIndex b) { return a.value != b.value; }
+    friend bool operator<(AttributeIndex a, AttributeIndex b) { return a.value < b.value; }
+};
+
+/// Kinds of model elements by the host's numbers; 0 asks for all kinds.
+enum class ElementType : std::int32_t {
+    All = 0,
+    Wall = 1,
+    Column = 2,
+    Beam = 3,
+    Window = 4,
+    Door = 5,
+    Object = 6,
+    Slab = 8,
+    Roof = 9,
+    Mesh = 10,
+    CurtainWall = 37,
+    Shell = 43,
+    Skylight = 44,
+    Morph = 45,
+    Stair = 47,
+    Railing = 51
+};
+
+/// Kinds of databases and of the windows that show them, by the host's numbers.
+enum class DatabaseType : std::int32_t {
+    None = 0,
+    FloorPlan = 1,
+    Section = 2,
+    Detail = 3,
+    Model3D = 4,
+    Layout = 5,
+    MasterLayout = 9,
+    Elevation = 10,
+    InteriorElevation = 11,
+    Worksheet = 12
+};
+
+/// Project events by the host's codes (a mask when a handler is installed).
+enum class ProjectEvent : std::uint32_t {
+    New = 0x1,
+    NewAndReset = 0x2,
+    Open = 0x4,
+    Quit = 0x40,
+    WindowChanged = 0x80000,
+    AllInputFinished = 0x400000
+};
+inline constexpr std::uint32_t AllProjectEvents = 0xFFFFFFFFU;
+
+/// Four characters, most significant byte first, as add-ons name their commands.
+constexpr std::uint32_t CommandCode(const char (&text)[5]) {
+    std::uint32_t code = 0;
+    for (int i = 0; i < 4; ++i)
+        code = (code << 8U) | static_cast<unsigned char>(text[i]);
+    return code;
+}
+
+/// Names an add-on among the loaded ones.
+struct ModuleId {
+    std::uint32_t developerId = 0;
+    std::uint32_t localId = 0;
+};
+
+/// Eight bits a channel, as the dialog manager and the drawing take them.
+struct Colour {
+    std::uint8_t red = 0;
+    std::uint8_t green = 0;
+    std::uint8_t blue = 0;
+
+    friend bool operator==(const Colour& a, const Colour& b) {
+        return a.red == b.red && a.green == b.green && a.blue == b.blue;
+    }
+};
+
+/// Dialog pixels.
+struct Rectangle {
+    std::int16_t left = 0;
+    std::int16_t top = 0;
+    std::int16_t width = 0;
+    std::int16_t height = 0;
+
+    friend bool operator==(const Rectangle& a, const Rectangle& b) {
+        return a.left == b.left && a.top == b.top && a.width == b.width && a.height == b.height;
+    }
+};
+
+} // namespace host
+
+template <>
+struct std::hash<host::Guid> {
+    std::size_t operator()(const host::Guid& guid) const noexcept {
+        std::uint64_t hash = 14695981039346656037ULL;
+        for (std::uint8_t byte : guid.bytes)
+            hash = (hash ^ byte) * 1099511628211ULL;
+        return static_cast<std::size_t>(hash);
+    }
+};
+
+template <>
+struct std::hash<host::AttributeIndex> {
+    std::size_t operator()(host::AttributeIndex index) const noexcept { return static_cast<std::size_t>(index.value); }
+};
