@@ -1,0 +1,68 @@
+#include "lca/LCAProjectData.h"
+
+namespace lca {
+
+LCAProjectData::LCAProjectData() {
+    Reset();
+}
+
+void LCAProjectData::Reset() {
+    plainValues.fill(0.0);
+    SetPlainValue(FloorQuantity::ElectricitySourceFactor, 0.053);
+    consideredServiceLifeYears = 50;
+    standardsUnit = GWPUnitType::PerAreaAndYear;
+    standards.clear();
+    usedPhases = {"A1-A3", "C3", "C4"};
+    floorChoice.clear();
+    evaluatedFloorValues.clear();
+    enteredFloorValues.clear();
+    contributionEnabled = {{ElementCategory::Inventory, true},
+                           {ElementCategory::Installations, true},
+                           {ElementCategory::BuildingProcess, true}};
+    contributionShare = {{ElementCategory::Inventory, 5.0},
+                         {ElementCategory::Installations, 10.0},
+                         {ElementCategory::BuildingProcess, 10.0}};
+    contributionGWP.clear();
+    elementLives = {{ElementCategory::Doors, 25},
+                    {ElementCategory::Windows, 25},
+                    {ElementCategory::Inventory, 30},
+                    {ElementCategory::Installations, 25}};
+    elementColours = {{ElementCategory::OperatingEmission, 0xFFB36D4DU},
+                      {ElementCategory::BuildingComponents, 0xFF2B82E2U},
+                      {ElementCategory::Doors, 0xFF7F7F7FU},
+                      {ElementCategory::Windows, 0xFF26C6F4U},
+                      {ElementCategory::Inventory, 0xFFD29866U},
+                      {ElementCategory::Installations, 0xFF46AD79U},
+                      {ElementCategory::BuildingProcess, 0xFF7F4830U}};
+}
+
+void LCAProjectData::SetFloorValue(FloorQuantity quantity, FloorSource source, double value) {
+    (source == FloorSource::EnergyEvaluation ? evaluatedFloorValues : enteredFloorValues)[quantity] = value;
+    SetPlainValue(quantity, value);
+}
+
+void LCAProjectData::SetFloorChoice(FloorQuantity quantity, FloorSource source) {
+    floorChoice[quantity] = source == FloorSource::EnergyEvaluation;
+}
+
+FloorSource LCAProjectData::GetFloorChoice(FloorQuantity quantity) const {
+    return ValueOr(floorChoice, quantity, false) ? FloorSource::EnergyEvaluation : FloorSource::ByHand;
+}
+
+double LCAProjectData::GetFloorValue(FloorQuantity quantity, FloorSource source) const {
+    if (quantity == FloorQuantity::ReferenceFloorArea && source == FloorSource::EnergyEvaluation)
+        return GetFloorValue(FloorQuantity::GrossFloorArea);
+    const auto& map = source == FloorSource::EnergyEvaluation ? evaluatedFloorValues : enteredFloorValues;
+    return ValueOr(map, quantity, GetPlainValue(quantity));
+}
+
+bool operator==(const LCAProjectData& a, const LCAProjectData& b) {
+    return a.plainValues == b.plainValues && a.consideredServiceLifeYears == b.consideredServiceLifeYears &&
+           a.standardsUnit == b.standardsUnit && a.standards == b.standards && a.usedPhases == b.usedPhases &&
+           a.floorChoice == b.floorChoice && a.evaluatedFloorValues == b.evaluatedFloorValues &&
+           a.enteredFloorValues == b.enteredFloorValues && a.contributionEnabled == b.contributionEnabled &&
+           a.contributionShare == b.contributionShare && a.contributionGWP == b.contributionGWP &&
+           a.elementLives == b.elementLives && a.elementColours == b.elementColours;
+}
+
+} // namespace lca

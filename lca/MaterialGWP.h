@@ -1,0 +1,25 @@
+// The text of a building material's "GWP per unit": a plain number, or entries phase "=" value joined by ";".
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace lca {
+
+/// Values by EN 15978 module, in kg CO2eq per unit of the material.
+struct MaterialGWP {
+    std::optional<double> plain;                         ///< a text that is one number
+    std::vector<std::pair<std::string, double>> byPhase; ///< in the text's order, each phase once
+};
+
+/// Unreadable parts are left out: a text without any readable value gives neither form.
+MaterialGWP DecodeMaterialGWP(std::string_view text);
+std::string EncodeMaterialGWP(const MaterialGWP& values);
+
+/// GWP per unit: the plain number, or the sum over the used phases; 0 where nothing is given.
+double SumMaterialGWP(const MaterialGWP& values, const std::vector<std::string>& usedPhases);
+
+} // namespace lca

@@ -1,0 +1,50 @@
+#include "lca/Numbers.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+namespace lca {
+
+namespace {
+
+constexpr std::string_view Blanks = " \t\r\n";
+
+std::string_view TrimBlanks(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(Blanks);
+    if (first == std::string_view::npos) return {};
+    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
+}
+
+} // namespace
+
+std::optional<double> ParseDecimal(std::string_view text) {
+    std::string number(TrimBlanks(text));
+    std::replace(number.begin(), number.end(), ',', '.');
+    const bool hasPlus = number.size() > 1 && number[0] == '+' && number[1] != '-';
+    const char* first = number.data() + (hasPlus ? 1 : 0);
+    const char* last = number.data() + number.size();
+    double value = 0.0;
+    const auto [end, error] = std::from_chars(first, last, value);
+    if (error != std::errc() || end != last || first == last || !std::isfinite(value)) return std::nullopt;
+    return value;
+}
+
+std::optional<std::int32_t> ParseWholeNumber(std::string_view text) {
+    const std::optional<double> value = ParseDecimal(text);
+    if (!value) return std::nullopt;
+    const double whole = std::trunc(*value);
+    if (whole < std::numeric_limits<std::int32_t>::min() || whole > std::numeric_limits<std::int32_t>::max())
+        return std::nullopt;
+    return static_cast<std::int32_t>(whole);
+}
+
+std::string WriteDecimal(double value) {
+    if (value == 0.0) return "0"; // also for a negative zero
+    char buffer[512]; // the longest plain forms, of the largest and the smallest values, have some 350 letters
+    const std::to_chars_result result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed);
+    return std::string(buffer, result.ptr);
+}
+
+} // namespace lca

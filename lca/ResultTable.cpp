@@ -1,0 +1,125 @@
+#include "lca/ResultTable.h"
+
+#include <cmath>
+
+namespace lca {
+
+namespace {
+
+constexpr double SmallestArea = 1e-5; ///< m2; below it an area counts as not given
+constexpr char NoValue[] = "-";
+
+/// Operational emission over the period less what the solar yield saves in electricity.
+double ComputeOperatingGWP(const LCAProjectData& record, double periodYears) {
+    const bool isLimited = record.GetFloorChoice(FloorQuantity::MaxSolarContribution) == FloorSource::EnergyEvaluation;
+    const double solarYieldKWh = isLimited ? record.GetFloorValue(FloorQuantity::MaxSolarContribution) *
+                                                 record.GetFloorValue(FloorQuantity::GrossFloorArea)
+                                           : record.GetFloorValue(FloorQuantity::SolarPanels);
+    return periodYears * record.GetFloorValue(FloorQuantity::OperationalEmission) -
+           periodYears * record.GetFloorValue(FloorQuantity::ElectricitySourceFactor) * solarYieldKWh;
+}
+
+/// Replacement factor of a category by its own service life, noted in the row.
+double TakeProvisions(const LCAProjectData& record, ElementCategory category, CategoryResult& row) {
+    const std::int32_t life = ValueOr(record.elementLives, category, std::int32_t{0});
+    row.serviceLifeYears = life;
+    row.lacksServiceLife = life < 1;
+    return row.lacksServiceLife ? 0.0 : static_cast<double>(CountProvisions(record.consideredServiceLifeYears, life));
+}
+
+/// Inventory, installations and construction: a share of the building, or a value stated directly.
+void ComputeContribution(const LCAProjectData& record, ElementCategory category, double buildingGWP,
+                         CategoryResult& row) {
+    if (!ValueOr(record.contributionEnabled, category, false)) {
+        row.gwp = ValueOr(record.contributionGWP, category, 0.0);
+        row.perPeriodGWP = row.gwp;
+        return;
+    }
+    const double percentage = ValueOr(record.contributionShare, category, 0.0);
+    row.percentage = percentage;
+    row.perPeriodGWP = percentage / 100.0 * buildingGWP;
+    row.gwp = *row.perPeriodGWP;
+    if (category != ElementCategory::BuildingProcess) row.gwp *= TakeProvisions(record, category, row);
+}
+
+void DivideByArea(CategoryResult& row, double areaM2, std::uint32_t periodYears) {
+    if (std::fabs(areaM2) <= SmallestArea) return;
+    row.gwpPerArea = row.gwp / areaM2;
+    if (periodYears > 0) row.gwpPerAreaPerYear = *row.gwpPerArea / periodYears;
+}
+
+} // namespace
+
+Results ComputeResults(const LCAProjectData& record, const BaseSums& sums) {
+    Results results;
+    const double buildingGWP = sums.buildingComponents + sums.doors + sums.windows;
+    for (const ElementCategory category : AllCategories) {
+        CategoryResult& row = results.categories[static_cast<std::size_t>(category)];
+        switch (category) {
+        case ElementCategory::OperatingEmission:
+            row.gwp = ComputeOperatingGWP(record, record.consideredServiceLifeYears);
+            break;
+        case ElementCategory::BuildingComponents:
+            row.gwp = sums.buildingComponents;
+            break;
+        case ElementCategory::Doors:
+            row.gwp = TakeProvisions(record, category, row) * sums.doors;
+            break;
+        case ElementCategory::Windows:
+            row.gwp = TakeProvisions(record, category, row) * sums.windows;
+            break;
+        default:
+            ComputeContribution(record, category, buildingGWP, row);
+            break;
+        }
+        const FloorQuantity area = category == ElementCategory::OperatingEmission ? FloorQuantity::GrossFloorArea
+                                                                                  : FloorQuantity::ReferenceFloorArea;
+        DivideByArea(row, record.GetFloorValue(area), record.consideredServiceLifeYears);
+        results.totalGwp += row.gwp;
+        results.totalGwpPerArea += row.gwpPerArea.value_or(0.0);
+        results.totalGwpPerAreaPerYear += row.gwpPerAreaPerYear.value_or(0.0);
+    }
+    return results;
+}
+
+double GetTotalInUnit(const Results& results, GWPUnitType unit) {
+    if (unit == GWPUnitType::Total) return results.totalGwp;
+    return unit == GWPUnitType::PerArea ? results.totalGwpPerArea : results.totalGwpPerAreaPerYear;
+}
+
+std::vector<std::string> BuildTableText(const Results& results, const TableLabels& labels,
+                                        const NumberFormatter& formatNumber) {
+    std::vector<std::string> texts(labels.headers.begin(), labels.headers.end());
+    texts.reserve(TableColumns * TableRows);
+    texts.insert(texts.end(), 2, std::string());
+    texts.insert(texts.end(), labels.units.begin(), labels.units.end());
+    const auto add = [&](const std::optional<double>& value) {
+        texts.push_back(value ? formatNumber(*value) : std::string(NoValue));
+    };
+    for (std::size_t i = 0; i < CategoryCount; ++i) {
+        const CategoryResult& row = results.categories[i];
+        texts.insert(texts.end(), {std::string(), labels.categories[i]});
+        add(row.serviceLifeYears);
+        add(row.percentage);
+        add(row.gwp);
+        add(row.gwpPerArea);
+        add(row.gwpPerAreaPerYear);
+    }
+    texts.insert(texts.end(), {std::string(), labels.total, NoValue, NoValue});
+    add(results.totalGwp);
+    add(results.totalGwpPerArea);
+    add(results.totalGwpPerAreaPerYear);
+    return texts;
+}
+
+std::vector<double> BuildTypeColours(const LCAProjectData& record) {
+    std::vector<double> channels;
+    for (const ElementCategory category : AllCategories) {
+        const std::uint32_t argb = ValueOr(record.elementColours, category, 0xFF000000U);
+        for (const unsigned shift : {16U, 8U, 0U})
+            channels.push_back(static_cast<double>((argb >> shift) & 255U));
+    }
+    return channels;
+}
+
+} // namespace lca
