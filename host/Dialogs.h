@@ -169,6 +169,8 @@ public:
 
     /// Shows the alert and answers the number of the pressed button, counted from 1.
     virtual std::int16_t Show(const Alert& alert) = 0;
+    /// A line in the host's report of the running session, for what nobody needs to answer.
+    virtual void WriteReport(const std::string& line) = 0;
 };
 
 } // namespace host

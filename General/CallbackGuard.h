@@ -1,0 +1,48 @@
+// The one place where exceptions end: every function that the host calls runs its body through here, so that none
+// leaves the module and none is lost without a line in the host's report.
+#pragma once
+
+#include "host/Dialogs.h"
+#include "host/Host.h"
+#include "host/Values.h"
+
+#include <exception>
+#include <new>
+#include <string>
+
+namespace General {
+
+/// Writes to the host's report; says nothing where there is no host or the report itself fails.
+inline void ReportFailure(host::Host* host, const char* callback, const char* reason) noexcept {
+    if (host == nullptr) return;
+    try {
+        host->GetAlerts().WriteReport(std::string(callback) + ": " + reason);
+    } catch (...) {
+        return; // no memory for a line of text: there is nobody left to tell
+    }
+}
+
+/// Runs a callback's body and answers its result; after an exception answers `onOutOfMemory` or `onFailure`.
+template <typename Answer, typename Body>
+Answer RunGuarded(host::Host* host, const char* callback, Answer onOutOfMemory, Answer onFailure,
+                  Body&& body) noexcept {
+    try {
+        return body();
+    } catch (const std::bad_alloc&) {
+        ReportFailure(host, callback, "out of memory");
+        return onOutOfMemory;
+    } catch (const std::exception& failure) {
+        ReportFailure(host, callback, failure.what());
+    } catch (...) {
+        ReportFailure(host, callback, "unknown failure");
+    }
+    return onFailure;
+}
+
+/// The same for callbacks that answer an error code.
+template <typename Body>
+host::ErrorCode RunGuarded(host::Host* host, const char* callback, Body&& body) noexcept {
+    return RunGuarded<host::ErrorCode>(host, callback, host::Errors::OutOfMemory, host::Errors::General, body);
+}
+
+} // namespace General

@@ -1,0 +1,64 @@
+#include "General/UInterface.h"
+
+#include "host/Resources.h"
+
+#include <algorithm>
+
+namespace General {
+
+namespace {
+
+constexpr std::int16_t UnitPopupItem = 21;
+constexpr std::int16_t ReportListItem = 3;
+constexpr std::int16_t AlertTexts = 32557;
+constexpr std::int16_t EditorMargin = 2;
+
+} // namespace
+
+bool SelectPopupByText(host::Host& host, host::DialogId dialog, const std::string& text) {
+    const std::vector<std::string> texts = host.GetDialogItems().ListPopUpTexts(dialog, UnitPopupItem);
+    const auto found = std::find(texts.begin(), texts.end(), text);
+    if (found == texts.end()) return false;
+    host.GetDialogItems().SelectPopUpEntry(dialog, UnitPopupItem, static_cast<std::int16_t>(found - texts.begin() + 1));
+    return true;
+}
+
+void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list) {
+    host::ListLayout& layout = host.GetListLayout();
+    const host::Size space = layout.ReadCellSpace(dialog, list);
+    for (std::int16_t column = 1; column <= layout.CountColumns(dialog, list); ++column) {
+        const std::int16_t editor = layout.ReadBoundEditor(dialog, list, column);
+        if (editor == 0) continue;
+        const host::ListColumn place = layout.ReadColumn(dialog, list, column);
+        const int width = std::min(place.end, space.width) - place.begin;
+        host::Rectangle rectangle = host.GetDialogItems().ReadRectangle(dialog, editor);
+        rectangle.width = static_cast<std::int16_t>(width - EditorMargin);
+        rectangle.height = static_cast<std::int16_t>(space.height - EditorMargin);
+        host.GetDialogItems().SetRectangle(dialog, editor, rectangle);
+    }
+}
+
+void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog) {
+    host::ListLayout& layout = host.GetListLayout();
+    std::int16_t end = layout.ReadCellSpace(dialog, ReportListItem).width;
+    for (std::int16_t column = layout.CountColumns(dialog, ReportListItem); column >= 1; --column) {
+        const host::ListHeader header = layout.ReadHeader(dialog, ReportListItem, column);
+        const bool usesMinimum = !header.resizable || header.width < header.minimumWidth;
+        host::ListColumn place = layout.ReadColumn(dialog, ReportListItem, column);
+        place.end = end;
+        place.begin = static_cast<std::int16_t>(end - (usesMinimum ? header.minimumWidth : header.width));
+        layout.SetColumn(dialog, ReportListItem, column, place);
+        end = place.begin;
+    }
+}
+
+std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,
+                       const std::array<std::int16_t, 3>& buttons) {
+    host::Resources& resources = host.GetResources();
+    host::Alert alert{type, resources.ReadString(AlertTexts, title), resources.ReadString(AlertTexts, message), {}, {}};
+    for (const std::int16_t button : buttons)
+        if (button != NoButton) alert.buttons.push_back(resources.ReadString(AlertTexts, button));
+    return host.GetAlerts().Show(alert);
+}
+
+} // namespace General

@@ -1,0 +1,30 @@
+// Small helpers for list boxes, pop-ups and alerts that several windows share. They know nothing of what is shown.
+#pragma once
+
+#include "host/Dialogs.h"
+#include "host/Host.h"
+
+#include <array>
+
+namespace General {
+
+/// Selects the entry of the dialog's unit pop-up (item 21) with this text; false, and nothing changed, where none has
+/// it.
+bool SelectPopupByText(host::Host& host, host::DialogId dialog, const std::string& text);
+
+/// Grows every in-place editor that is bound to a column of the list to the column's width (within the list) and the
+/// row's height, each less 2 pixels.
+void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list);
+
+/// Lays the columns of list item 3 from the last, which ends at the list's width, to the first; each as wide as its
+/// header, or as its header's minimum where the header is narrower or cannot be resized.
+void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog);
+
+/// Stands for a button that the alert does not have.
+inline constexpr std::int16_t NoButton = -1;
+
+/// Shows an alert whose texts are entries of string list 32557; answers the number of the pressed button.
+std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,
+                       const std::array<std::int16_t, 3>& buttons);
+
+} // namespace General

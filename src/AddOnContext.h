@@ -1,0 +1,26 @@
+// The module-wide object: owns every window, the project record and the material sums for the whole run.
+#pragma once
+
+#include "src/BuildingMaterialsLCASettingsDialog.h"
+#include "src/KelvarnixSettingsDialog.h"
+#include "src/MainPalette.h"
+#include "src/MaterialCO2ReportDialog.h"
+
+#include "lca/LCAProjectData.h"
+#include "lca/MaterialSumTable.h"
+
+class AddOnContext {
+public:
+    /// Builds the members in their order; when one throws, those already built are destroyed and the exception passes on.
+    explicit AddOnContext(host::Host& host)
+        : mainPalette(host), buildingMaterialsDialog(host), settingsDialog(host), materialReportDialog(host) {
+        mainPalette.SetOwner(*this);
+    }
+
+    MainPalette mainPalette;
+    BuildingMaterialsLCASettingsDialog buildingMaterialsDialog;
+    KelvarnixSettingsDialog settingsDialog;
+    MaterialCO2ReportDialog materialReportDialog;
+    lca::LCAProjectData projectData;       ///< the current project's settings
+    lca::MaterialSumTable materialSums;    ///< by layer and building material, filled by the GWP calculation
+};

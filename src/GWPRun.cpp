@@ -1,0 +1,179 @@
+#include "src/GWPRun.h"
+
+#include "src/LCAProjectDataStore.h"
+#include "src/LCAProperties.h"
+
+#include "host/Commands.h"
+#include "host/Model.h"
+#include "host/Resources.h"
+#include "lca/MaterialGWP.h"
+#include "resources/ResourceIds.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t ProgressSteps = 20;
+
+/// Makes the floor plan current and the former database again at the end, on all paths.
+class FloorPlanScope {
+public:
+    explicit FloorPlanScope(host::Databases& databases) : databases(databases) {
+        if (databases.ReadCurrentDatabase(former) != host::NoError || former.type == host::DatabaseType::FloorPlan) return;
+        hasChanged = databases.ChangeCurrentDatabase({host::DatabaseType::FloorPlan, {}, {}}) == host::NoError;
+    }
+    ~FloorPlanScope() {
+        if (hasChanged) databases.ChangeCurrentDatabase(former);
+    }
+    FloorPlanScope(const FloorPlanScope&) = delete;
+    FloorPlanScope& operator=(const FloorPlanScope&) = delete;
+
+private:
+    host::Databases& databases;
+    host::Database former;
+    bool hasChanged = false;
+};
+
+/// About twenty updates, whatever the number of elements.
+class Progress {
+public:
+    Progress(host::Host& host, std::size_t count)
+        : window(host.GetProgressWindow()), step(std::max<std::size_t>(1, count / ProgressSteps)) {
+        host::Resources& resources = host.GetResources();
+        window.Open(resources.ReadString(ResourceIds::AlertTexts, ResourceIds::ProcessTitle));
+        window.StartPhase(resources.ReadString(ResourceIds::AlertTexts, ResourceIds::CalculatingGWPValues),
+                          static_cast<std::int32_t>(count));
+    }
+    ~Progress() { window.Close(); }
+    Progress(const Progress&) = delete;
+    Progress& operator=(const Progress&) = delete;
+
+    void Update(std::size_t element) {
+        if (element % step == 0) window.SetValue(static_cast<std::int32_t>(element));
+    }
+
+private:
+    host::ProgressWindow& window;
+    std::size_t step;
+};
+
+/// Values of the building materials, each read when it is first met.
+class MaterialCache {
+public:
+    MaterialCache(host::Host& host, const LCADefinitions& definitions, const std::vector<std::string>& usedPhases)
+        : host(host), definitions(definitions), usedPhases(usedPhases) {
+        for (std::size_t i = 0; i < lca::FirstElementKey; ++i)
+            guids.push_back(definitions[i] ? definitions[i]->guid : host::Guid());
+    }
+
+    const lca::MaterialValues& Get(host::AttributeIndex material) {
+        const auto [entry, isNew] = values.try_emplace(material);
+        if (isNew) entry->second = Read(material);
+        return entry->second;
+    }
+
+private:
+    lca::MaterialValues Read(host::AttributeIndex index) {
+        lca::MaterialValues material;
+        host::BuildingMaterial attribute;
+        if (host.GetModel().ReadBuildingMaterial(index, attribute) == host::NoError)
+            material.densityKgM3 = attribute.densityKgM3;
+        std::vector<host::PropertyValue> read;
+        if (host.GetProperties().ReadMaterialValues(index, guids, read) != host::NoError || read.size() != guids.size())
+            return material;
+        const auto has = [&](std::size_t i) { return read[i].status == host::PropertyStatus::HasValue; };
+        if (has(0)) material.gwpPerUnit = lca::SumMaterialGWP(lca::DecodeMaterialGWP(read[0].value.text), usedPhases);
+        if (has(1)) material.unit = lca::ReadMaterialUnit(GetOptionText(*definitions[1], read[1].value.guid));
+        if (has(2)) material.serviceLifeYears = read[2].value.integer;
+        return material;
+    }
+
+    host::Host& host;
+    const LCADefinitions& definitions;
+    const std::vector<std::string>& usedPhases;
+    std::vector<host::Guid> guids;
+    std::unordered_map<host::AttributeIndex, lca::MaterialValues> values;
+};
+
+class Run {
+public:
+    Run(host::Host& host, const lca::LCAProjectData& record, const LCADefinitions& definitions,
+        lca::MaterialSumTable& table, lca::BaseSums& sums)
+        : host(host), periodYears(record.consideredServiceLifeYears), materials(host, definitions, record.usedPhases),
+          table(table), sums(sums) {
+        for (std::size_t i = lca::FirstElementKey; i < lca::FirstProjectKey; ++i)
+            elementGuids.push_back(definitions[i] ? definitions[i]->guid : host::Guid());
+    }
+
+    host::ErrorCode AddElement(const host::Guid& element) {
+        const lca::ElementValues own = ReadElementValues(element);
+        if (!own.include) return host::NoError;
+        host::ElementHeader header;
+        if (const host::ErrorCode error = host.GetModel().ReadElementHeader(element, header)) return error;
+        const double share = own.percentage / 100.0;
+        if (header.type == host::ElementType::Door)
+            sums.doors += share * own.gwp;
+        else if (header.type == host::ElementType::Window)
+            sums.windows += share * own.gwp;
+        else
+            return AddComponents(header, share);
+        return host::NoError;
+    }
+
+private:
+    lca::ElementValues ReadElementValues(const host::Guid& element) {
+        lca::ElementValues own;
+        if (host.GetProperties().ReadElementValues(element, elementGuids, read) != host::NoError ||
+            read.size() != elementGuids.size())
+            return own;
+        const auto has = [&](std::size_t i) { return read[i].status == host::PropertyStatus::HasValue; };
+        if (has(0)) own.gwp = read[0].value.real;
+        if (has(1)) own.include = read[1].value.boolean;
+        if (has(2)) own.percentage = read[2].value.real;
+        return own;
+    }
+
+    host::ErrorCode AddComponents(const host::ElementHeader& header, double share) {
+        if (const host::ErrorCode error = host.GetModel().ReadElementComponents(header.guid, components)) return error;
+        for (const host::MaterialComponent& component : components) {
+            const double gwp = lca::ComputeComponentGWP(materials.Get(component.buildingMaterial), share,
+                                                        component.volumeM3, component.areaM2, periodYears);
+            sums.buildingComponents += gwp;
+            table.Add(header.layer.value, component.buildingMaterial.value, gwp);
+        }
+        return host::NoError;
+    }
+
+    host::Host& host;
+    std::uint32_t periodYears;
+    MaterialCache materials;
+    lca::MaterialSumTable& table;
+    lca::BaseSums& sums;
+    std::vector<host::Guid> elementGuids;
+    // Reused from element to element.
+    std::vector<host::PropertyValue> read;
+    std::vector<host::MaterialComponent> components;
+};
+
+} // namespace
+
+host::ErrorCode RunGWPCalculation(host::Host& host, lca::LCAProjectData& record, lca::MaterialSumTable& table,
+                                  lca::BaseSums& sums) {
+    table.Clear();
+    sums = {};
+    if (const host::ErrorCode error = LoadProjectData(host, record)) return error;
+    LCADefinitions definitions;
+    if (const host::ErrorCode error = FindDefinitions(host, definitions)) return error;
+    const FloorPlanScope floorPlan(host.GetDatabases());
+    std::vector<host::Guid> elements;
+    if (const host::ErrorCode error =
+            host.GetModel().ListElements(host::ElementType::All, host::ElementsIn3DFromFloorPlan, elements))
+        return error;
+    Progress progress(host, elements.size());
+    Run run(host, record, definitions, table, sums);
+    for (std::size_t i = 0; i < elements.size(); ++i) {
+        progress.Update(i);
+        if (const host::ErrorCode error = run.AddElement(elements[i])) return error;
+    }
+    return host::NoError;
+}

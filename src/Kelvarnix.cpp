@@ -1,0 +1,75 @@
+#include "src/Kelvarnix.h"
+
+#include "src/AddOnContext.h"
+#include "src/LCAProjectDataStore.h"
+#include "src/LCASchema.h"
+
+#include "General/CallbackGuard.h"
+#include "resources/ResourceIds.h"
+
+namespace {
+
+constexpr host::ErrorCode ContextMissing = 1;
+
+host::Host* currentHost = nullptr;
+
+/// Keeps the module loaded and runs the body when there is something to act on.
+template <typename Body>
+host::ErrorCode Dispatch(const char* callback, Body&& body) {
+    return General::RunGuarded(currentHost, callback, [&] {
+        if (currentHost != nullptr) currentHost->GetRegistration().KeepInMemory(true);
+        AddOnContext* context = GetContext().get();
+        if (context == nullptr) return ContextMissing;
+        body(*context);
+        return host::NoError;
+    });
+}
+
+void TogglePalette(AddOnContext& context) {
+    if (context.mainPalette.IsOpen())
+        context.mainPalette.Close();
+    else
+        context.mainPalette.Open();
+}
+
+/// The record always starts from the model's values, which need the definitions that carry them.
+void TakeProject(AddOnContext& context, host::ProjectEvent event) {
+    EnsureSchema(*currentHost);
+    if (event == host::ProjectEvent::NewAndReset)
+        context.projectData.Reset();
+    else
+        LoadProjectData(*currentHost, context.projectData);
+}
+
+} // namespace
+
+std::unique_ptr<AddOnContext>& GetContext() {
+    static std::unique_ptr<AddOnContext> context;
+    return context;
+}
+
+void SetHost(host::Host* host) { currentHost = host; }
+
+host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
+    return Dispatch("menu command", [&](AddOnContext& context) {
+        if (command.itemIndex != 1) return;
+        if (command.menuStringList == ResourceIds::PaletteMenu) TogglePalette(context);
+    });
+}
+
+host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
+    return Dispatch("project event", [&](AddOnContext& context) {
+        switch (event) {
+        case host::ProjectEvent::New:
+        case host::ProjectEvent::NewAndReset:
+        case host::ProjectEvent::Open: TakeProject(context, event); break;
+        default: break;
+        }
+    });
+}
+
+host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) { return host::NoError; }
+
+host::ErrorCode HandleExportSettings(const host::CommandParameters&, bool) { return host::Errors::RefusedCommand; }
+
+host::ErrorCode HandleExportData(const host::CommandParameters&, bool) { return host::Errors::RefusedCommand; }

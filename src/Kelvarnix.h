@@ -1,0 +1,26 @@
+// Dispatch: what each menu command, project event, reservation change and command of another add-on does. All of it acts
+// on the module-wide object, and each handler does nothing while that does not exist.
+#pragma once
+
+#include "host/Host.h"
+#include "host/Registration.h"
+
+#include <memory>
+
+class AddOnContext;
+
+/// The module-wide object; empty before initialisation and after freeing.
+std::unique_ptr<AddOnContext>& GetContext();
+/// The host through which the handlers keep the module loaded; it outlives the module.
+void SetHost(host::Host* host);
+
+/// 1 without action while the module-wide object is missing, else 0.
+host::ErrorCode HandleMenuCommand(const host::MenuCommand& command);
+host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t parameter);
+/// Always 0.
+host::ErrorCode HandleReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
+
+/// The energy evaluation asks which data it should send ("GRSC"), and sends them ("SRDT"). Both are refused until the
+/// exchange of energy data exists.
+host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool silent);
+host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool silent);

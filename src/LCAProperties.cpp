@@ -1,0 +1,107 @@
+#include "src/LCAProperties.h"
+
+#include "src/LCASchema.h"
+
+#include "host/Resources.h"
+#include "resources/ResourceIds.h"
+
+#include <algorithm>
+#include <random>
+
+namespace {
+
+using host::ValueType;
+
+constexpr std::array<ValueType, lca::PropertyKeyCount> ValueTypes = {
+    ValueType::String, ValueType::String,  ValueType::Integer, ValueType::Real,   ValueType::Boolean,
+    ValueType::Real,   ValueType::String,  ValueType::String,  ValueType::Integer, ValueType::String,
+    ValueType::String, ValueType::String,  ValueType::Real,    ValueType::Real,   ValueType::Real,
+    ValueType::String, ValueType::Real,    ValueType::Real,    ValueType::Real};
+
+constexpr std::array<const char*, 3> UnitTexts = {"m3", "m2", "kg"};
+
+void AddUnitOptions(host::PropertyDefinition& definition) {
+    definition.collection = host::CollectionType::SingleChoice;
+    for (const char* text : UnitTexts)
+        definition.options.push_back({CreateGuid(), text});
+    definition.defaultValue = host::Variant::OfGuid(definition.options.front().key);
+}
+
+/// What a material or element has that was never given a value.
+host::Variant GetUnsetValue(lca::PropertyKey key) {
+    switch (key) {
+    case lca::PropertyKey::GWPPerUnit: return host::Variant::OfText("0");
+    case lca::PropertyKey::ServiceYear: return host::Variant::OfInteger(0);
+    case lca::PropertyKey::GWP: return host::Variant::OfReal(lca::ElementValues().gwp);
+    case lca::PropertyKey::Include: return host::Variant::OfBoolean(lca::ElementValues().include);
+    case lca::PropertyKey::GWPPercentage: return host::Variant::OfReal(lca::ElementValues().percentage);
+    default: return {};
+    }
+}
+
+bool IsClassifiedIn(const std::vector<host::Classification>& classifications, const host::Guid& system) {
+    return std::any_of(classifications.begin(), classifications.end(),
+                       [&](const host::Classification& one) { return one.system == system; });
+}
+
+} // namespace
+
+host::Guid CreateGuid() {
+    static std::mt19937_64 generator{std::random_device{}()};
+    host::Guid guid;
+    for (std::size_t i = 0; i < guid.bytes.size(); ++i)
+        guid.bytes[i] = static_cast<std::uint8_t>(generator() & 255U);
+    guid.bytes[6] = static_cast<std::uint8_t>((guid.bytes[6] & 0x0FU) | 0x40U); // version 4: random
+    guid.bytes[8] = static_cast<std::uint8_t>((guid.bytes[8] & 0x3FU) | 0x80U);
+    return guid;
+}
+
+host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index) {
+    host::PropertyDefinition definition;
+    if (index >= lca::PropertyKeyCount) return definition;
+    const auto key = static_cast<lca::PropertyKey>(index);
+    definition.valueType = ValueTypes[index];
+    definition.name = host.GetResources().ReadString(
+        ResourceIds::SchemaTexts, static_cast<std::int16_t>(ResourceIds::FirstPropertyName + index));
+    definition.description = lca::WriteMarker(key);
+    if (key == lca::PropertyKey::UnitType)
+        AddUnitOptions(definition);
+    else
+        definition.defaultValue = GetUnsetValue(key);
+    return definition;
+}
+
+host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions) {
+    definitions = {};
+    std::vector<host::PropertyGroup> groups;
+    if (const host::ErrorCode error = host.GetProperties().ListGroups(groups)) return error;
+    for (const host::PropertyGroup& group : groups) {
+        std::vector<host::PropertyDefinition> found;
+        if (const host::ErrorCode error = host.GetProperties().ListDefinitions(group.guid, found)) return error;
+        for (host::PropertyDefinition& definition : found) {
+            const std::optional<lca::PropertyKey> key = lca::FindMarker(definition.description);
+            if (!key) continue;
+            std::optional<host::PropertyDefinition>& slot = definitions[static_cast<std::size_t>(*key)];
+            if (!slot) slot = std::move(definition);
+        }
+    }
+    return host::NoError;
+}
+
+std::string GetOptionText(const host::PropertyDefinition& definition, const host::Guid& key) {
+    for (const host::PropertyOption& option : definition.options)
+        if (option.key == key) return option.text;
+    return {};
+}
+
+host::ErrorCode StoreMaterialValues(host::Host& host, host::AttributeIndex material,
+                                    const std::vector<host::PropertyValue>& values) {
+    MaterialClassification own;
+    if (const host::ErrorCode error = FindMaterialClassification(host, own)) return error;
+    std::vector<host::Classification> present;
+    if (const host::ErrorCode error = host.GetClassifications().ReadMaterialClassifications(material, present))
+        return error;
+    if (!own.item.IsNull() && !IsClassifiedIn(present, own.system))
+        if (const host::ErrorCode error = host.GetClassifications().ClassifyMaterial(material, own.item)) return error;
+    return host.GetProperties().WriteMaterialValues(material, values);
+}

@@ -1,0 +1,33 @@
+// The LCA property definitions: how each is built, how it is found again in the model, and the values of building
+// materials that they carry.
+#pragma once
+
+#include "host/Host.h"
+#include "host/Properties.h"
+#include "lca/GWPCalculation.h"
+#include "lca/PropertyKeys.h"
+
+#include <array>
+#include <optional>
+#include <vector>
+
+/// A definition as the add-on creates it: name, marker, type, options with new keys, default; without identifier, group
+/// and availability. An index outside the key table gives a definition without a value type.
+host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index);
+
+/// A new random identifier.
+host::Guid CreateGuid();
+
+/// The first definition of the model that carries each key's marker.
+using LCADefinitions = std::array<std::optional<host::PropertyDefinition>, lca::PropertyKeyCount>;
+
+/// Walks all groups in order. A host error ends the walk and is answered.
+host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions);
+
+/// Text of the option that the value chose; empty where the key is none of the options.
+std::string GetOptionText(const host::PropertyDefinition& definition, const host::Guid& key);
+
+/// Writes values of a building material, which first gets the add-on's classification when it has none of that system;
+/// without it the host would refuse the values. Inside an undoable command.
+host::ErrorCode StoreMaterialValues(host::Host& host, host::AttributeIndex material,
+                                    const std::vector<host::PropertyValue>& values);

@@ -1,0 +1,68 @@
+// The results palette: runs the calculation, keeps its results and shows them in the category table. The arithmetic of
+// the table is lca/ResultTable's, the list itself PaletteTable's.
+#pragma once
+
+#include "src/PaletteTable.h"
+
+#include "General/DialogBase.h"
+#include "General/ResizeAnchoring.h"
+#include "lca/GWPCalculation.h"
+#include "lca/ResultTable.h"
+
+#include <string>
+#include <utility>
+#include <vector>
+
+class AddOnContext;
+
+class MainPalette : public General::CDialogBase {
+public:
+    explicit MainPalette(host::Host& host);
+
+    /// The object that owns the palette, the record and the material sums; set once before the palette is used.
+    void SetOwner(AddOnContext& context) { owner = &context; }
+
+    /// Shows the palette and calculates; the menu item then reads "Hide Palette".
+    void Open();
+    void Close();
+
+    /// The full recalculation.
+    void UpdateResults();
+
+    /// Which rows of the list a rebuild replaces.
+    enum class Rebuild { AllRows, TextsOnly };
+    /// Recomputes table and totals from the present inputs and base sums, and renews the time stamp.
+    void RebuildTable(Rebuild mode);
+
+    /// In a Teamwork project, shows on "Settings..." who holds the classifications and properties.
+    void UpdateSettingsButtonIcon();
+
+    const lca::Results& GetResults() const { return results; }
+    const std::vector<std::string>& GetTableText() const { return tableText; }
+    const std::vector<double>& GetTypeColours() const { return typeColors; }
+    const std::string& GetLastUpdateText() const { return lastUpdateText; }
+
+protected:
+    std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
+                                 const host::DialogMessageData& data) override;
+
+private:
+    void Initialise();
+    void RegisterAnchors();
+    void Resize();
+    void CollectElementGWP();
+    void RebuildBarEntries();
+    void EnablePlacing();
+    void SetMenuText(std::int16_t entry);
+    void WarnOfServiceLives();
+
+    AddOnContext* owner = nullptr;
+    General::ResizeAnchoring anchoring;
+    PaletteTable table;
+    lca::BaseSums baseSums;
+    lca::Results results;
+    std::string lastUpdateText; ///< shown after "Last update from Archicad:"; empty until the first rebuild
+    std::vector<std::string> tableText;
+    std::vector<double> typeColors;
+    std::vector<std::pair<std::string, double>> barEntries; ///< the standards' thresholds, then the actual impact
+};

@@ -1,0 +1,40 @@
+// The palette's category list: columns, headers, rows and the colour swatches. Row 1 shows the units, rows 2 to 8 the
+// categories, row 9 the total.
+#pragma once
+
+#include "host/Dialogs.h"
+#include "host/Host.h"
+#include "lca/LCAProjectData.h"
+#include "lca/ResultTable.h"
+
+#include <string>
+#include <vector>
+
+/// Format code of every number in the table.
+inline constexpr std::int16_t TableNumberFormat = 3;
+
+class PaletteTable {
+public:
+    explicit PaletteTable(host::Host& host);
+
+    /// Columns and headers of the list in this palette.
+    void SetUp(host::DialogId palette);
+    /// Spreads the columns over the list's present width.
+    void LayOutColumns();
+    void EnableSwatches();
+
+    /// The texts of headers, units, categories and total.
+    lca::TableLabels GetLabels() const;
+    /// Shows the 70 texts of the table and the percentage-mode icons; inserts all rows anew or rewrites their texts.
+    void Show(const std::vector<std::string>& tableText, const lca::LCAProjectData& record, bool insertsRows);
+    /// Draws the owner-drawn cell of column 1: the colour of the row's category.
+    void DrawSwatch(const host::DialogMessageData& cell, const std::vector<double>& typeColors) const;
+
+private:
+    void InsertRows();
+    void ShowPercentageMode(lca::ElementCategory category, const lca::LCAProjectData& record);
+    void SetCell(std::int32_t row, std::int16_t column, const std::string& text);
+
+    host::Host& host;
+    host::DialogId palette;
+};

@@ -1,0 +1,18 @@
+// The lockable set that guards the add-on's data in a shared project.
+#pragma once
+
+#include "host/Host.h"
+#include "host/Teamwork.h"
+
+inline constexpr char ClassificationsAndPropertiesSet[] = "ClassificationsAndProperties";
+
+/// State of the set that holds the LCA schema and the project record.
+inline host::LockableStatus ReadPropertiesStatus(host::Host& host) {
+    host::Teamwork& teamwork = host.GetTeamwork();
+    return teamwork.ReadLockableStatus(teamwork.FindLockableSet(ClassificationsAndPropertiesSet));
+}
+
+/// Always in a project that is not shared; in a shared one while this user holds the set.
+inline bool CanChangeProperties(host::Host& host) {
+    return !host.GetTeamwork().IsTeamworkProject() || ReadPropertiesStatus(host) == host::LockableStatus::HeldByMe;
+}

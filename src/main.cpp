@@ -1,0 +1,131 @@
+// Entry of the module: the two exports through which a host finds it, and the four callbacks of its life. Stays free of
+// what commands and events do, which is the dispatch's.
+#include "src/AddOnContext.h"
+#include "src/Kelvarnix.h"
+
+#include "General/CallbackGuard.h"
+#include "host/Entry.h"
+#include "host/Registration.h"
+#include "host/Resources.h"
+#include "host/Teamwork.h"
+#include "resources/ResourceIds.h"
+
+#include <memory>
+#include <set>
+
+#if defined(_WIN32)
+#define KELVARNIX_EXPORT extern "C" __declspec(dllexport)
+#else
+#define KELVARNIX_EXPORT extern "C" __attribute__((visibility("default")))
+#endif
+
+namespace {
+
+host::Host* importedHost = nullptr;
+
+struct MenuResource {
+    std::int16_t menu;
+    std::int16_t prompt;
+};
+
+/// In the order of registration, which is the order in the menu.
+constexpr MenuResource Menus[] = {{ResourceIds::PaletteMenu, ResourceIds::PalettePrompt},
+                                  {ResourceIds::MaterialReportMenu, ResourceIds::MaterialReportPrompt},
+                                  {ResourceIds::BuildingMaterialsMenu, ResourceIds::BuildingMaterialsPrompt},
+                                  {ResourceIds::ProjectSettingsMenu, ResourceIds::ProjectSettingsPrompt},
+                                  {ResourceIds::InfoMenu, ResourceIds::InfoPrompt}};
+
+constexpr std::uint32_t ExportSettingsCommand = host::CommandCode("GRSC");
+constexpr std::uint32_t ExportDataCommand = host::CommandCode("SRDT");
+constexpr std::int32_t CommandVersion = 1;
+
+host::AddOnType CheckEnvironment(host::Environment& environment) {
+    const auto check = [&] {
+        if (importedHost == nullptr || environment.applicationCode != host::ArchiCADApplicationCode)
+            return host::AddOnType::DoNotRegister;
+        host::Resources& resources = importedHost->GetResources();
+        environment.addOnName = resources.ReadString(ResourceIds::AddOnTexts, ResourceIds::AddOnName);
+        environment.addOnDescription = resources.ReadString(ResourceIds::AddOnTexts, ResourceIds::AddOnDescription);
+        return host::AddOnType::Preload;
+    };
+    return General::RunGuarded(importedHost, "environment check", host::AddOnType::DoNotRegister,
+                               host::AddOnType::DoNotRegister, check);
+}
+
+host::ErrorCode RegisterInterface() {
+    return General::RunGuarded(importedHost, "interface registration", [] {
+        if (importedHost == nullptr) return host::Errors::General;
+        host::Registration& registration = importedHost->GetRegistration();
+        host::ErrorCode result = host::NoError;
+        for (const MenuResource& menu : Menus)
+            result |= registration.RegisterMenu(menu.menu, menu.prompt);
+        result |= registration.RegisterSupportedCommand(ExportSettingsCommand, CommandVersion);
+        result |= registration.RegisterSupportedCommand(ExportDataCommand, CommandVersion);
+        return result;
+    });
+}
+
+/// Leaves the pointer empty when the object cannot be built; the handlers then do nothing.
+void CreateContext() {
+    General::RunGuarded(importedHost, "initialisation", [] {
+        GetContext() = std::make_unique<AddOnContext>(*importedHost);
+        return host::NoError;
+    });
+}
+
+std::set<host::Guid> FindWatchedSets() {
+    host::Teamwork& teamwork = importedHost->GetTeamwork();
+    return {teamwork.FindLockableSet("ClassificationsAndProperties"), teamwork.FindLockableSet("BuildingMaterials")};
+}
+
+host::ErrorCode InstallHandlers() {
+    host::Registration& registration = importedHost->GetRegistration();
+    for (const std::int16_t menu : {ResourceIds::PaletteMenu, ResourceIds::MaterialReportMenu,
+                                    ResourceIds::BuildingMaterialsMenu, ResourceIds::ProjectSettingsMenu,
+                                    ResourceIds::InfoMenu})
+        registration.InstallMenuHandler(menu, HandleMenuCommand);
+    registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets());
+    host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);
+    result |= registration.InstallCommandHandler(ExportSettingsCommand, CommandVersion, HandleExportSettings);
+    result |= registration.InstallCommandHandler(ExportDataCommand, CommandVersion, HandleExportData);
+    return result;
+}
+
+host::ErrorCode Initialise() {
+    return General::RunGuarded(importedHost, "initialisation", [] {
+        if (importedHost == nullptr) return host::Errors::General;
+        SetHost(importedHost);
+        importedHost->GetRegistration().KeepInMemory(true);
+        CreateContext();
+        return InstallHandlers();
+    });
+}
+
+host::ErrorCode FreeData() {
+    return General::RunGuarded(importedHost, "freeing", [] {
+        GetContext().reset();
+        return host::NoError;
+    });
+}
+
+template <typename Table>
+bool Fits(const Table* table) {
+    return table != nullptr && table->version == host::InterfaceVersion && table->size == sizeof(Table);
+}
+
+} // namespace
+
+KELVARNIX_EXPORT host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
+    if (!Fits(functions) || functions->host == nullptr) return host::Errors::BadParameters;
+    importedHost = functions->host;
+    return host::NoError;
+}
+
+KELVARNIX_EXPORT host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions) {
+    if (!Fits(functions)) return host::Errors::BadParameters;
+    functions->checkEnvironment = CheckEnvironment;
+    functions->registerInterface = RegisterInterface;
+    functions->initialise = Initialise;
+    functions->freeData = FreeData;
+    return host::NoError;
+}
