@@ -1,0 +1,25 @@
+# Files of the resource compiler without main.cpp; shared with the build for another system.
+set(KELVARNIX_RESOURCE_COMPILER_SOURCES
+    Compiler.cpp
+    DialogParser.cpp
+    ImageFolder.cpp
+    Lexer.cpp
+    OutputFile.cpp
+    Preprocessor.cpp
+    ResourceParser.cpp
+    SourceWriter.cpp
+    TokenStream.cpp
+    Utf8.cpp)
+set(KELVARNIX_RESOURCE_COMPILER_HEADERS
+    Compiler.h
+    DialogParser.h
+    ImageFolder.h
+    Lexer.h
+    Model.h
+    OutputFile.h
+    Preprocessor.h
+    ResourceParser.h
+    Source.h
+    SourceWriter.h
+    TokenStream.h
+    Utf8.h)
