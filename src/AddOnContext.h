@@ -11,7 +11,8 @@
 
 class AddOnContext {
 public:
-    /// Builds the members in their order; when one throws, those already built are destroyed and the exception passes on.
+    /// Builds the members in their order; when one throws, those already built are destroyed and the exception passes
+    /// on.
     explicit AddOnContext(host::Host& host)
         : mainPalette(host), buildingMaterialsDialog(host), settingsDialog(host), materialReportDialog(host) {
         mainPalette.SetOwner(*this);
@@ -21,6 +22,6 @@ public:
     BuildingMaterialsLCASettingsDialog buildingMaterialsDialog;
     KelvarnixSettingsDialog settingsDialog;
     MaterialCO2ReportDialog materialReportDialog;
-    lca::LCAProjectData projectData;       ///< the current project's settings
-    lca::MaterialSumTable materialSums;    ///< by layer and building material, filled by the GWP calculation
+    lca::LCAProjectData projectData;    ///< the current project's settings
+    lca::MaterialSumTable materialSums; ///< by layer and building material, filled by the GWP calculation
 };

@@ -1,6 +1,6 @@
 #include "src/BuildingMaterialsLCASettingsDialog.h"
 
-#include "resources/ResourceIds.h"
+#include "src/Texts.h"
 
 BuildingMaterialsLCASettingsDialog::BuildingMaterialsLCASettingsDialog(host::Host& host)
     : CDialogBase(host, ResourceIds::BuildingMaterialsDialog, "{E5880DFD-3C2D-46B4-B5BD-2BE2EF126327}") {}

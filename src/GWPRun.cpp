@@ -5,9 +5,9 @@
 
 #include "host/Commands.h"
 #include "host/Model.h"
-#include "host/Resources.h"
+
 #include "lca/MaterialGWP.h"
-#include "resources/ResourceIds.h"
+#include "src/Texts.h"
 
 #include <algorithm>
 
@@ -19,7 +19,8 @@ constexpr std::size_t ProgressSteps = 20;
 class FloorPlanScope {
 public:
     explicit FloorPlanScope(host::Databases& databases) : databases(databases) {
-        if (databases.ReadCurrentDatabase(former) != host::NoError || former.type == host::DatabaseType::FloorPlan) return;
+        if (databases.ReadCurrentDatabase(former) != host::NoError || former.type == host::DatabaseType::FloorPlan)
+            return;
         hasChanged = databases.ChangeCurrentDatabase({host::DatabaseType::FloorPlan, {}, {}}) == host::NoError;
     }
     ~FloorPlanScope() {
@@ -39,10 +40,8 @@ class Progress {
 public:
     Progress(host::Host& host, std::size_t count)
         : window(host.GetProgressWindow()), step(std::max<std::size_t>(1, count / ProgressSteps)) {
-        host::Resources& resources = host.GetResources();
-        window.Open(resources.ReadString(ResourceIds::AlertTexts, ResourceIds::ProcessTitle));
-        window.StartPhase(resources.ReadString(ResourceIds::AlertTexts, ResourceIds::CalculatingGWPValues),
-                          static_cast<std::int32_t>(count));
+        window.Open(ReadText(host, ResourceIds::Alerts::ProgressTitle));
+        window.StartPhase(ReadText(host, ResourceIds::Alerts::ProgressPhase), static_cast<std::int32_t>(count));
     }
     ~Progress() { window.Close(); }
     Progress(const Progress&) = delete;

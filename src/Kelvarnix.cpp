@@ -5,7 +5,7 @@
 #include "src/LCASchema.h"
 
 #include "General/CallbackGuard.h"
-#include "resources/ResourceIds.h"
+#include "src/Texts.h"
 
 namespace {
 
@@ -48,12 +48,14 @@ std::unique_ptr<AddOnContext>& GetContext() {
     return context;
 }
 
-void SetHost(host::Host* host) { currentHost = host; }
+void SetHost(host::Host* host) {
+    currentHost = host;
+}
 
 host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
     return Dispatch("menu command", [&](AddOnContext& context) {
         if (command.itemIndex != 1) return;
-        if (command.menuStringList == ResourceIds::PaletteMenu) TogglePalette(context);
+        if (command.menuStringList == ResourceIds::Menus::Palette) TogglePalette(context);
     });
 }
 
@@ -62,14 +64,23 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
         switch (event) {
         case host::ProjectEvent::New:
         case host::ProjectEvent::NewAndReset:
-        case host::ProjectEvent::Open: TakeProject(context, event); break;
-        default: break;
+        case host::ProjectEvent::Open:
+            TakeProject(context, event);
+            break;
+        default:
+            break;
         }
     });
 }
 
-host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) { return host::NoError; }
+host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
+    return host::NoError;
+}
 
-host::ErrorCode HandleExportSettings(const host::CommandParameters&, bool) { return host::Errors::RefusedCommand; }
+host::ErrorCode HandleExportSettings(const host::CommandParameters&, bool) {
+    return host::Errors::RefusedCommand;
+}
 
-host::ErrorCode HandleExportData(const host::CommandParameters&, bool) { return host::Errors::RefusedCommand; }
+host::ErrorCode HandleExportData(const host::CommandParameters&, bool) {
+    return host::Errors::RefusedCommand;
+}

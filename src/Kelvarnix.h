@@ -1,5 +1,5 @@
-// Dispatch: what each menu command, project event, reservation change and command of another add-on does. All of it acts
-// on the module-wide object, and each handler does nothing while that does not exist.
+// Dispatch: what each menu command, project event, reservation change and command of another add-on does. All of it
+// acts on the module-wide object, and each handler does nothing while that does not exist.
 #pragma once
 
 #include "host/Host.h"

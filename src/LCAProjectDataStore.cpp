@@ -3,9 +3,9 @@
 #include "src/LCAProperties.h"
 
 #include "host/Commands.h"
-#include "host/Resources.h"
+
 #include "lca/RecordEncodings.h"
-#include "resources/ResourceIds.h"
+#include "src/Texts.h"
 
 namespace {
 
@@ -16,9 +16,12 @@ lca::StoredValue ToStored(const host::PropertyDefinition& definition) {
 
 host::Variant ToVariant(lca::PropertyKey key, const lca::StoredValue& stored) {
     switch (lca::GetStoredKind(key)) {
-    case lca::StoredKind::Integer: return host::Variant::OfInteger(stored.integer);
-    case lca::StoredKind::Real: return host::Variant::OfReal(stored.real);
-    case lca::StoredKind::Text: break;
+    case lca::StoredKind::Integer:
+        return host::Variant::OfInteger(stored.integer);
+    case lca::StoredKind::Real:
+        return host::Variant::OfReal(stored.real);
+    case lca::StoredKind::Text:
+        break;
     }
     return host::Variant::OfText(stored.text);
 }
@@ -39,7 +42,7 @@ host::ErrorCode CollectChanges(host::Host& host, const lca::LCAProjectData& reco
     LCADefinitions definitions;
     if (const host::ErrorCode error = FindDefinitions(host, definitions)) return error;
     host::Guid group;
-    const std::string name = host.GetResources().ReadString(ResourceIds::SchemaTexts, ResourceIds::ProjectGroupName);
+    const std::string name = ReadText(host, ResourceIds::Schema::ProjectGroup);
     if (const host::ErrorCode error = FindPropertyGroup(host, name, group)) return error;
     for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i) {
         std::optional<host::PropertyDefinition>& definition = definitions[i];
@@ -85,7 +88,7 @@ host::ErrorCode StoreProjectData(host::Host& host, const lca::LCAProjectData& re
     std::vector<host::PropertyDefinition> changed;
     if (const host::ErrorCode error = CollectChanges(host, record, changed)) return error;
     if (changed.empty()) return host::NoError;
-    const std::string undoName = host.GetResources().ReadString(ResourceIds::UndoTexts, ResourceIds::UndoName);
+    const std::string undoName = ReadText(host, ResourceIds::OwnTexts::RecordUndoName);
     return host.GetUndoableCommands().Call(undoName, [&] {
         for (const host::PropertyDefinition& definition : changed)
             if (const host::ErrorCode error = host.GetProperties().ChangeDefinition(definition)) return error;

@@ -2,8 +2,7 @@
 
 #include "src/LCASchema.h"
 
-#include "host/Resources.h"
-#include "resources/ResourceIds.h"
+#include "src/Texts.h"
 
 #include <algorithm>
 #include <random>
@@ -13,10 +12,10 @@ namespace {
 using host::ValueType;
 
 constexpr std::array<ValueType, lca::PropertyKeyCount> ValueTypes = {
-    ValueType::String, ValueType::String,  ValueType::Integer, ValueType::Real,   ValueType::Boolean,
-    ValueType::Real,   ValueType::String,  ValueType::String,  ValueType::Integer, ValueType::String,
-    ValueType::String, ValueType::String,  ValueType::Real,    ValueType::Real,   ValueType::Real,
-    ValueType::String, ValueType::Real,    ValueType::Real,    ValueType::Real};
+    ValueType::String, ValueType::String, ValueType::Integer, ValueType::Real,    ValueType::Boolean,
+    ValueType::Real,   ValueType::String, ValueType::String,  ValueType::Integer, ValueType::String,
+    ValueType::String, ValueType::String, ValueType::Real,    ValueType::Real,    ValueType::Real,
+    ValueType::String, ValueType::Real,   ValueType::Real,    ValueType::Real};
 
 constexpr std::array<const char*, 3> UnitTexts = {"m3", "m2", "kg"};
 
@@ -30,12 +29,18 @@ void AddUnitOptions(host::PropertyDefinition& definition) {
 /// What a material or element has that was never given a value.
 host::Variant GetUnsetValue(lca::PropertyKey key) {
     switch (key) {
-    case lca::PropertyKey::GWPPerUnit: return host::Variant::OfText("0");
-    case lca::PropertyKey::ServiceYear: return host::Variant::OfInteger(0);
-    case lca::PropertyKey::GWP: return host::Variant::OfReal(lca::ElementValues().gwp);
-    case lca::PropertyKey::Include: return host::Variant::OfBoolean(lca::ElementValues().include);
-    case lca::PropertyKey::GWPPercentage: return host::Variant::OfReal(lca::ElementValues().percentage);
-    default: return {};
+    case lca::PropertyKey::GWPPerUnit:
+        return host::Variant::OfText("0");
+    case lca::PropertyKey::ServiceYear:
+        return host::Variant::OfInteger(0);
+    case lca::PropertyKey::GWP:
+        return host::Variant::OfReal(lca::ElementValues().gwp);
+    case lca::PropertyKey::Include:
+        return host::Variant::OfBoolean(lca::ElementValues().include);
+    case lca::PropertyKey::GWPPercentage:
+        return host::Variant::OfReal(lca::ElementValues().percentage);
+    default:
+        return {};
     }
 }
 
@@ -61,8 +66,7 @@ host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index) {
     if (index >= lca::PropertyKeyCount) return definition;
     const auto key = static_cast<lca::PropertyKey>(index);
     definition.valueType = ValueTypes[index];
-    definition.name = host.GetResources().ReadString(
-        ResourceIds::SchemaTexts, static_cast<std::int16_t>(ResourceIds::FirstPropertyName + index));
+    definition.name = ReadText(host, ResourceIds::Schema::FirstPropertyName + static_cast<int>(index));
     definition.description = lca::WriteMarker(key);
     if (key == lca::PropertyKey::UnitType)
         AddUnitOptions(definition);

@@ -5,8 +5,8 @@
 #include "src/TeamworkRights.h"
 
 #include "host/Commands.h"
-#include "host/Resources.h"
-#include "resources/ResourceIds.h"
+
+#include "src/Texts.h"
 
 #include <algorithm>
 #include <ctime>
@@ -15,10 +15,6 @@
 namespace {
 
 constexpr char SystemVersion[] = "26";
-
-std::string ReadSchemaText(host::Host& host, std::int16_t entry) {
-    return host.GetResources().ReadString(ResourceIds::SchemaTexts, entry);
-}
 
 host::Date GetToday() {
     const std::time_t now = std::time(nullptr);
@@ -46,13 +42,13 @@ private:
         if (const host::ErrorCode error = FindMaterialClassification(host, material)) return error;
         host::Classifications& classifications = host.GetClassifications();
         if (material.system.IsNull()) {
-            host::ClassificationSystem system{{}, ReadSchemaText(host, ResourceIds::ClassificationSystemName), SystemVersion,
-                                              GetToday()};
+            host::ClassificationSystem system{
+                {}, ReadText(host, ResourceIds::Schema::ClassificationSystem), SystemVersion, GetToday()};
             if (const host::ErrorCode error = classifications.CreateSystem(system)) return error;
             material.system = system.guid;
         }
         if (!material.item.IsNull()) return host::NoError;
-        const std::string name = ReadSchemaText(host, ResourceIds::BuildingMaterialsItemName);
+        const std::string name = ReadText(host, ResourceIds::Schema::BuildingMaterialsClass);
         host::ClassificationItem item{{}, name, name};
         const host::ErrorCode error = classifications.CreateRootItem(material.system, item);
         material.item = item.guid;
@@ -114,12 +110,12 @@ private:
     }
 
     host::ErrorCode EnsureGroup(lca::PropertyKey key, host::Guid& guid) {
-        const std::int16_t entry = lca::IsMaterialKey(key)  ? ResourceIds::MaterialGroupName
-                                   : lca::IsElementKey(key) ? ResourceIds::ElementGroupName
-                                                            : ResourceIds::ProjectGroupName;
-        host::Guid& known = groups[entry];
+        const ResourceIds::StringId entry = lca::IsMaterialKey(key)  ? ResourceIds::Schema::MaterialGroup
+                                            : lca::IsElementKey(key) ? ResourceIds::Schema::ElementGroup
+                                                                     : ResourceIds::Schema::ProjectGroup;
+        host::Guid& known = groups[entry.entry];
         if (known.IsNull())
-            if (const host::ErrorCode error = FindOrCreateGroup(ReadSchemaText(host, entry), known)) return error;
+            if (const host::ErrorCode error = FindOrCreateGroup(ReadText(host, entry), known)) return error;
         guid = known;
         return host::NoError;
     }
@@ -168,13 +164,14 @@ host::ErrorCode FindMaterialClassification(host::Host& host, MaterialClassificat
     classification = {};
     std::vector<host::ClassificationSystem> systems;
     if (const host::ErrorCode error = host.GetClassifications().ListSystems(systems)) return error;
-    const std::string systemName = ReadSchemaText(host, ResourceIds::ClassificationSystemName);
+    const std::string systemName = ReadText(host, ResourceIds::Schema::ClassificationSystem);
     for (const host::ClassificationSystem& system : systems)
         if (classification.system.IsNull() && system.name == systemName) classification.system = system.guid;
     if (classification.system.IsNull()) return host::NoError;
     std::vector<host::ClassificationItem> items;
-    if (const host::ErrorCode error = host.GetClassifications().ListRootItems(classification.system, items)) return error;
-    const std::string itemName = ReadSchemaText(host, ResourceIds::BuildingMaterialsItemName);
+    if (const host::ErrorCode error = host.GetClassifications().ListRootItems(classification.system, items))
+        return error;
+    const std::string itemName = ReadText(host, ResourceIds::Schema::BuildingMaterialsClass);
     for (const host::ClassificationItem& item : items)
         if (classification.item.IsNull() && item.name == itemName) classification.item = item.guid;
     return host::NoError;
@@ -182,8 +179,7 @@ host::ErrorCode FindMaterialClassification(host::Host& host, MaterialClassificat
 
 host::ErrorCode EnsureSchema(host::Host& host) {
     if (!CanChangeProperties(host)) return host::NoError;
-    const std::string undoName = host.GetResources().ReadString(ResourceIds::AddOnTexts, ResourceIds::AddOnName);
-    const host::ErrorCode error =
-        host.GetUndoableCommands().Call(undoName, [&] { return SchemaBuilder(host).Run(); });
+    const std::string undoName = ReadText(host, ResourceIds::OwnTexts::SchemaUndoName);
+    const host::ErrorCode error = host.GetUndoableCommands().Call(undoName, [&] { return SchemaBuilder(host).Run(); });
     return error == host::Errors::UndoEmpty ? host::NoError : error;
 }

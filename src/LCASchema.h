@@ -13,7 +13,7 @@ struct MaterialClassification {
 
 host::ErrorCode FindMaterialClassification(host::Host& host, MaterialClassification& classification);
 
-/// Completes the schema in one undoable command. A definition that carries a marker keeps its identifier, name, group and
-/// option keys; where nothing is missing nothing is written. In a shared project it is left as it is while the set of
-/// classifications and properties is not held by this user.
+/// Completes the schema in one undoable command. A definition that carries a marker keeps its identifier, name, group
+/// and option keys; where nothing is missing nothing is written. In a shared project it is left as it is while the set
+/// of classifications and properties is not held by this user.
 host::ErrorCode EnsureSchema(host::Host& host);

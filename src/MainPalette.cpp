@@ -7,8 +7,8 @@
 #include "General/CallbackGuard.h"
 #include "host/Model.h"
 #include "host/Registration.h"
-#include "host/Resources.h"
-#include "resources/ResourceIds.h"
+
+#include "src/Texts.h"
 
 namespace {
 
@@ -16,7 +16,6 @@ using namespace ResourceIds;
 
 constexpr host::Colour White{255, 255, 255};
 constexpr std::uint32_t TimeFormatFlags = 528; ///< date and time, as the host's formatter numbers them
-constexpr std::int16_t SmallestPaletteExtent = 200;
 
 struct PaletteAnchor {
     std::int16_t item;
@@ -24,24 +23,22 @@ struct PaletteAnchor {
 };
 
 constexpr PaletteAnchor Anchors[] = {
-    {Palette::Table, {0, 0, 1, 0}},
-    {Palette::ThresholdCaption, {0.25, 0, 0, 0}},
-    {Palette::Settings, {0, 1, 0, 0}},
-    {Palette::UpdateResults, {1, 1, 0, 0}},
-    {Palette::GenerateReport, {1, 1, 0, 0}},
-    {Palette::LastUpdateCaption, {1, 1, 0, 0}},
-    {Palette::LastUpdate, {1, 1, 0, 0}},
-    {Palette::PieChart, {0, 0, 0.25, 1}},
-    {Palette::BarChart, {0.25, 0, 0.75, 1}},
-    {Palette::MaterialReport, {0, 1, 0, 0}},
-    {Palette::Place, {0, 1, 0, 0}},
+    {PaletteItems::Table, {0, 0, 1, 0}},          {PaletteItems::BarLabel, {0.25, 0, 0, 0}},
+    {PaletteItems::SettingsButton, {0, 1, 0, 0}}, {PaletteItems::UpdateButton, {1, 1, 0, 0}},
+    {PaletteItems::ReportButton, {1, 1, 0, 0}},   {PaletteItems::LastUpdateLabel, {1, 1, 0, 0}},
+    {PaletteItems::LastUpdateTime, {1, 1, 0, 0}}, {PaletteItems::PieChart, {0, 0, 0.25, 1}},
+    {PaletteItems::BarChart, {0.25, 0, 0.75, 1}}, {PaletteItems::MaterialReportButton, {0, 1, 0, 0}},
+    {PaletteItems::PlaceButton, {0, 1, 0, 0}},
 };
 
 std::int16_t GetSettingsIcon(host::LockableStatus status) {
     switch (status) {
-    case host::LockableStatus::Free: return SettingsFreeIcon;
-    case host::LockableStatus::HeldByMe: return SettingsEditableIcon;
-    default: return SettingsReservedIcon;
+    case host::LockableStatus::Free:
+        return Icons::SettingsFreeForReservation;
+    case host::LockableStatus::HeldByMe:
+        return Icons::SettingsEditable;
+    default:
+        return Icons::SettingsReservedByOther;
     }
 }
 
@@ -50,47 +47,59 @@ std::int16_t GetSettingsIcon(host::LockableStatus status) {
 MainPalette::MainPalette(host::Host& host)
     : CDialogBase(host, PaletteDialog, "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}"), anchoring(host), table(host) {}
 
-void MainPalette::Open() { OpenAsPalette(); }
+void MainPalette::Open() {
+    OpenAsPalette();
+}
 
-void MainPalette::Close() { ClosePalette(); }
+void MainPalette::Close() {
+    ClosePalette();
+}
 
 std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int16_t item,
                                           const host::DialogMessageData& data) {
     switch (message) {
-    case host::DialogMessage::Initialise: Initialise(); break;
+    case host::DialogMessage::Initialise:
+        Initialise();
+        break;
     case host::DialogMessage::Click:
-        if (item == Palette::UpdateResults) UpdateResults();
+        if (item == PaletteItems::UpdateButton) UpdateResults();
         break;
     case host::DialogMessage::ListCellUpdate:
-        if (item == Palette::Table) {
+        if (item == PaletteItems::Table) {
             UpdateSettingsButtonIcon();
             table.DrawSwatch(data, typeColors);
         }
         break;
-    case host::DialogMessage::Resize: Resize(); break;
-    case host::DialogMessage::CloseRequest: Close(); break;
+    case host::DialogMessage::Resize:
+        Resize();
+        break;
+    case host::DialogMessage::CloseRequest:
+        Close();
+        break;
     case host::DialogMessage::Close:
         anchoring.Reset();
-        SetMenuText(ShowPaletteText);
+        SetMenuText(PaletteCommand::Show);
         break;
-    default: break;
+    default:
+        break;
     }
     return 0;
 }
 
 void MainPalette::Initialise() {
     RebuildBarEntries();
-    SetMenuText(HidePaletteText);
+    SetMenuText(PaletteCommand::Hide);
     CollectElementGWP();
     UpdateSettingsButtonIcon();
     RegisterAnchors();
     host::DialogItems& items = GetHost().GetDialogItems();
-    for (const std::int16_t chart : {Palette::PieChart, Palette::BarChart})
+    for (const std::int16_t chart : {PaletteItems::PieChart, PaletteItems::BarChart})
         items.SetBackground(GetDialog(), chart, White);
-    for (const std::int16_t hidden : {Palette::ServiceLifeEditor, Palette::PercentageEditor, Palette::GWPEditor,
-                                      Palette::GWPPerAreaPerYearEditor, Palette::TeamworkIcon})
+    for (const std::int16_t hidden :
+         {PaletteItems::ServiceLifeEdit, PaletteItems::PercentageEdit, PaletteItems::FixedGwpEdit,
+          PaletteItems::GwpPerAreaPerYearEdit, PaletteItems::HiddenIcon})
         items.Show(GetDialog(), hidden, false);
-    items.SetIcon(GetDialog(), Palette::UpdateResults, UpdateResultsIcon);
+    items.SetIcon(GetDialog(), PaletteItems::UpdateButton, Icons::UpdateResults);
     table.SetUp(GetDialog());
     RebuildTable(Rebuild::AllRows);
     table.EnableSwatches();
@@ -98,7 +107,7 @@ void MainPalette::Initialise() {
 }
 
 void MainPalette::RegisterAnchors() {
-    GetHost().GetDialogs().SetMinimumSize(GetDialog(), {SmallestPaletteExtent, SmallestPaletteExtent});
+    GetHost().GetDialogs().SetMinimumSize(GetDialog(), {PaletteMinimumWidth, PaletteMinimumHeight});
     anchoring.Reset();
     for (const PaletteAnchor& anchor : Anchors)
         anchoring.Register(GetDialog(), anchor.item, anchor.factors);
@@ -115,7 +124,8 @@ void MainPalette::Resize() {
 void MainPalette::CollectElementGWP() {
     const host::ErrorCode error = RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums);
     if (error != host::NoError)
-        General::ReportFailure(&GetHost(), "GWP calculation", ("ended early with host error " + std::to_string(error)).c_str());
+        General::ReportFailure(&GetHost(), "GWP calculation",
+                               ("ended early with host error " + std::to_string(error)).c_str());
 }
 
 void MainPalette::UpdateResults() {
@@ -126,49 +136,50 @@ void MainPalette::UpdateResults() {
 void MainPalette::RebuildTable(Rebuild mode) {
     host::Resources& resources = GetHost().GetResources();
     lastUpdateText = resources.FormatCurrentTime(TimeFormatFlags);
-    GetHost().GetDialogItems().SetText(GetDialog(), Palette::LastUpdate, lastUpdateText);
+    GetHost().GetDialogItems().SetText(GetDialog(), PaletteItems::LastUpdateTime, lastUpdateText);
     results = lca::ComputeResults(owner->projectData, baseSums);
     WarnOfServiceLives();
     tableText = lca::BuildTableText(results, table.GetLabels(),
                                     [&](double value) { return resources.FormatNumber(value, TableNumberFormat); });
     typeColors = lca::BuildTypeColours(owner->projectData);
     table.Show(tableText, owner->projectData, mode == Rebuild::AllRows);
-    for (const std::int16_t item : {Palette::Table, Palette::PieChart, Palette::BarChart})
+    for (const std::int16_t item : {PaletteItems::Table, PaletteItems::PieChart, PaletteItems::BarChart})
         GetHost().GetDialogItems().Redraw(GetDialog(), item);
 }
 
 void MainPalette::UpdateSettingsButtonIcon() {
     if (!GetHost().GetTeamwork().IsTeamworkProject()) return;
-    GetHost().GetDialogItems().SetIcon(GetDialog(), Palette::Settings, GetSettingsIcon(ReadPropertiesStatus(GetHost())));
+    GetHost().GetDialogItems().SetIcon(GetDialog(), PaletteItems::SettingsButton,
+                                       GetSettingsIcon(ReadPropertiesStatus(GetHost())));
 }
 
 void MainPalette::RebuildBarEntries() {
     barEntries.clear();
     for (const lca::Standard& standard : owner->projectData.standards)
         barEntries.emplace_back(standard.name, standard.limit);
-    barEntries.emplace_back(GetHost().GetResources().ReadString(ReportTexts, ActualImpact),
+    barEntries.emplace_back(ReadText(GetHost(), Report::ActualImpact),
                             lca::GetTotalInUnit(results, owner->projectData.standardsUnit));
 }
 
 void MainPalette::EnablePlacing() {
     host::Database window;
     GetHost().GetDatabases().ReadFrontWindow(window);
-    GetHost().GetDialogItems().Enable(GetDialog(), Palette::Place, window.type != host::DatabaseType::Model3D);
+    GetHost().GetDialogItems().Enable(GetDialog(), PaletteItems::PlaceButton,
+                                      window.type != host::DatabaseType::Model3D);
 }
 
-void MainPalette::SetMenuText(std::int16_t entry) {
-    GetHost().GetRegistration().SetMenuItemText(PaletteMenu, 1, GetHost().GetResources().ReadString(PaletteMenuTexts, entry));
+void MainPalette::SetMenuText(StringId text) {
+    GetHost().GetRegistration().SetMenuItemText(Menus::Palette, 1, ReadText(GetHost(), text));
 }
 
 void MainPalette::WarnOfServiceLives() {
-    host::Resources& resources = GetHost().GetResources();
     for (const lca::CategoryResult& row : results.categories) {
         if (!row.lacksServiceLife) continue;
         host::Alert alert;
         alert.type = host::AlertType::Warning;
-        alert.title = resources.ReadString(PaletteTexts, GWPPerAreaPerYearHeader);
-        alert.largeText = resources.ReadString(PaletteTexts, ServiceLifeTooShort);
-        alert.buttons = {resources.ReadString(PaletteTexts, ColourHeader)};
+        alert.title = ReadText(GetHost(), Palette::GwpPerAreaPerYearHeader);
+        alert.largeText = ReadText(GetHost(), Palette::ServiceLifeTooShort);
+        alert.buttons = {ReadText(GetHost(), Palette::ColorHeader)};
         GetHost().GetAlerts().Show(alert);
     }
 }

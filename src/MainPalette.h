@@ -8,6 +8,7 @@
 #include "General/ResizeAnchoring.h"
 #include "lca/GWPCalculation.h"
 #include "lca/ResultTable.h"
+#include "resources/ResourceIds.h"
 
 #include <string>
 #include <utility>
@@ -53,7 +54,7 @@ private:
     void CollectElementGWP();
     void RebuildBarEntries();
     void EnablePlacing();
-    void SetMenuText(std::int16_t entry);
+    void SetMenuText(ResourceIds::StringId text);
     void WarnOfServiceLives();
 
     AddOnContext* owner = nullptr;

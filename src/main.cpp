@@ -6,9 +6,9 @@
 #include "General/CallbackGuard.h"
 #include "host/Entry.h"
 #include "host/Registration.h"
-#include "host/Resources.h"
+
 #include "host/Teamwork.h"
-#include "resources/ResourceIds.h"
+#include "src/Texts.h"
 
 #include <memory>
 #include <set>
@@ -29,11 +29,11 @@ struct MenuResource {
 };
 
 /// In the order of registration, which is the order in the menu.
-constexpr MenuResource Menus[] = {{ResourceIds::PaletteMenu, ResourceIds::PalettePrompt},
-                                  {ResourceIds::MaterialReportMenu, ResourceIds::MaterialReportPrompt},
-                                  {ResourceIds::BuildingMaterialsMenu, ResourceIds::BuildingMaterialsPrompt},
-                                  {ResourceIds::ProjectSettingsMenu, ResourceIds::ProjectSettingsPrompt},
-                                  {ResourceIds::InfoMenu, ResourceIds::InfoPrompt}};
+constexpr MenuResource Menus[] = {{ResourceIds::Menus::Palette, ResourceIds::Menus::PalettePrompt},
+                                  {ResourceIds::Menus::MaterialReport, ResourceIds::Menus::MaterialReportPrompt},
+                                  {ResourceIds::Menus::BuildingMaterials, ResourceIds::Menus::BuildingMaterialsPrompt},
+                                  {ResourceIds::Menus::ProjectSettings, ResourceIds::Menus::ProjectSettingsPrompt},
+                                  {ResourceIds::Menus::Information, ResourceIds::Menus::InformationPrompt}};
 
 constexpr std::uint32_t ExportSettingsCommand = host::CommandCode("GRSC");
 constexpr std::uint32_t ExportDataCommand = host::CommandCode("SRDT");
@@ -43,9 +43,8 @@ host::AddOnType CheckEnvironment(host::Environment& environment) {
     const auto check = [&] {
         if (importedHost == nullptr || environment.applicationCode != host::ArchiCADApplicationCode)
             return host::AddOnType::DoNotRegister;
-        host::Resources& resources = importedHost->GetResources();
-        environment.addOnName = resources.ReadString(ResourceIds::AddOnTexts, ResourceIds::AddOnName);
-        environment.addOnDescription = resources.ReadString(ResourceIds::AddOnTexts, ResourceIds::AddOnDescription);
+        environment.addOnName = ReadText(*importedHost, ResourceIds::AddOn::Name);
+        environment.addOnDescription = ReadText(*importedHost, ResourceIds::AddOn::Description);
         return host::AddOnType::Preload;
     };
     return General::RunGuarded(importedHost, "environment check", host::AddOnType::DoNotRegister,
@@ -80,9 +79,9 @@ std::set<host::Guid> FindWatchedSets() {
 
 host::ErrorCode InstallHandlers() {
     host::Registration& registration = importedHost->GetRegistration();
-    for (const std::int16_t menu : {ResourceIds::PaletteMenu, ResourceIds::MaterialReportMenu,
-                                    ResourceIds::BuildingMaterialsMenu, ResourceIds::ProjectSettingsMenu,
-                                    ResourceIds::InfoMenu})
+    for (const std::int16_t menu :
+         {ResourceIds::Menus::Palette, ResourceIds::Menus::MaterialReport, ResourceIds::Menus::BuildingMaterials,
+          ResourceIds::Menus::ProjectSettings, ResourceIds::Menus::Information})
         registration.InstallMenuHandler(menu, HandleMenuCommand);
     registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets());
     host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);

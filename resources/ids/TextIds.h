@@ -47,6 +47,13 @@ inline constexpr StringId Name{List, 1};
 inline constexpr StringId Description{List, 2};
 } // namespace AddOn
 
+/// Names of undoable commands that no other list holds.
+namespace OwnTexts {
+inline constexpr short List = 32543;
+inline constexpr StringId RecordUndoName{List, 1};
+inline constexpr StringId SchemaUndoName{List, 2};
+} // namespace OwnTexts
+
 namespace Alerts {
 inline constexpr short List = 32550;
 inline constexpr StringId Ok{List, 1};
