@@ -1,0 +1,166 @@
+#include "workbench/dialogs/ItemRoles.h"
+
+namespace workbench {
+
+namespace {
+
+constexpr std::int16_t ScrollBarWidth = 16;
+constexpr std::int16_t RowHeight = 20;
+
+} // namespace
+
+host::Rectangle DialogItemsRole::ReadRectangle(host::DialogId dialog, std::int16_t item) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    return state == nullptr ? host::Rectangle{} : state->rectangle;
+}
+
+void DialogItemsRole::SetRectangle(host::DialogId dialog, std::int16_t item, const host::Rectangle& rectangle) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->rectangle = rectangle;
+}
+
+void DialogItemsRole::SetText(host::DialogId dialog, std::int16_t item, const std::string& text) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->text = text;
+}
+
+void DialogItemsRole::Show(host::DialogId dialog, std::int16_t item, bool visible) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->isVisible = visible;
+}
+
+void DialogItemsRole::Enable(host::DialogId dialog, std::int16_t item, bool enabled) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->isEnabled = enabled;
+}
+
+void DialogItemsRole::SetIcon(host::DialogId dialog, std::int16_t item, std::int16_t icon) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->icon = icon;
+}
+
+void DialogItemsRole::SetBackground(host::DialogId dialog, std::int16_t item, const host::Colour& colour) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->background = colour;
+}
+
+void DialogItemsRole::Redraw(host::DialogId dialog, std::int16_t item) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) ++state->redraws;
+}
+
+std::vector<std::string> DialogItemsRole::ListPopUpTexts(host::DialogId dialog, std::int16_t item) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    return state == nullptr ? std::vector<std::string>() : state->popUpTexts;
+}
+
+void DialogItemsRole::SelectPopUpEntry(host::DialogId dialog, std::int16_t item, std::int16_t entry) {
+    ItemState* state = dialogs.FindItem(dialog, item);
+    if (state != nullptr && entry >= 1 && static_cast<std::size_t>(entry) <= state->popUpTexts.size())
+        state->selectedEntry = entry;
+}
+
+void ListLayoutRole::SetColumnCount(host::DialogId dialog, std::int16_t item, std::int16_t count) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->list.columns.resize(static_cast<std::size_t>(count));
+}
+
+std::int16_t ListLayoutRole::CountColumns(host::DialogId dialog, std::int16_t item) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    return state == nullptr ? std::int16_t{0} : static_cast<std::int16_t>(state->list.columns.size());
+}
+
+void ListLayoutRole::SetColumn(host::DialogId dialog, std::int16_t item, std::int16_t column,
+                               const host::ListColumn& properties) {
+    if (ColumnState* state = dialogs.FindColumn(dialog, item, column)) state->place = properties;
+}
+
+host::ListColumn ListLayoutRole::ReadColumn(host::DialogId dialog, std::int16_t item, std::int16_t column) {
+    const ColumnState* state = dialogs.FindColumn(dialog, item, column);
+    return state == nullptr ? host::ListColumn{} : state->place;
+}
+
+void ListLayoutRole::SetHeader(host::DialogId dialog, std::int16_t item, std::int16_t column,
+                               const host::ListHeader& header) {
+    if (ColumnState* state = dialogs.FindColumn(dialog, item, column)) state->header = header;
+}
+
+host::ListHeader ListLayoutRole::ReadHeader(host::DialogId dialog, std::int16_t item, std::int16_t column) {
+    const ColumnState* state = dialogs.FindColumn(dialog, item, column);
+    return state == nullptr ? host::ListHeader{} : state->header;
+}
+
+void ListLayoutRole::SetOwnerDrawn(host::DialogId dialog, std::int16_t item, std::int16_t column, bool ownerDrawn) {
+    if (ColumnState* state = dialogs.FindColumn(dialog, item, column)) state->ownerDrawn = ownerDrawn;
+}
+
+host::Size ListLayoutRole::ReadCellSpace(host::DialogId dialog, std::int16_t item) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    if (state == nullptr) return {};
+    return {static_cast<std::int16_t>(state->rectangle.width - ScrollBarWidth), RowHeight};
+}
+
+void ListLayoutRole::BindEditor(host::DialogId dialog, std::int16_t item, std::int16_t column, std::int16_t editor) {
+    if (ColumnState* state = dialogs.FindColumn(dialog, item, column)) state->editor = editor;
+}
+
+std::int16_t ListLayoutRole::ReadBoundEditor(host::DialogId dialog, std::int16_t item, std::int16_t column) {
+    const ColumnState* state = dialogs.FindColumn(dialog, item, column);
+    return state == nullptr ? std::int16_t{0} : state->editor;
+}
+
+std::int32_t ListRowsRole::Count(host::DialogId dialog, std::int16_t item) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    return state == nullptr ? 0 : static_cast<std::int32_t>(state->list.rows.size());
+}
+
+std::int32_t ListRowsRole::Insert(host::DialogId dialog, std::int16_t item, std::int32_t row) {
+    ItemState* state = dialogs.FindItem(dialog, item);
+    if (state == nullptr) return 0;
+    std::vector<RowState>& rows = state->list.rows;
+    const bool isInside = row >= 1 && static_cast<std::size_t>(row) <= rows.size();
+    const auto position = isInside ? rows.begin() + (row - 1) : rows.end();
+    RowState inserted;
+    inserted.cells.resize(state->list.columns.size());
+    return static_cast<std::int32_t>(rows.insert(position, std::move(inserted)) - rows.begin()) + 1;
+}
+
+void ListRowsRole::DeleteAll(host::DialogId dialog, std::int16_t item) {
+    ItemState* state = dialogs.FindItem(dialog, item);
+    if (state == nullptr) return;
+    state->list.rows.clear();
+    state->list.selected.clear();
+}
+
+void ListRowsRole::SetText(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
+                           const std::string& text) {
+    if (CellState* cell = FindCell(dialog, item, row, column)) cell->text = text;
+}
+
+void ListRowsRole::SetIcon(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
+                           host::StandardIcon icon) {
+    if (CellState* cell = FindCell(dialog, item, row, column)) cell->icon = icon;
+}
+
+void ListRowsRole::SetStatus(host::DialogId dialog, std::int16_t item, std::int32_t row, host::RowStatus status) {
+    if (RowState* state = dialogs.FindRow(dialog, item, row)) state->status = status;
+}
+
+void ListRowsRole::SetStyle(host::DialogId dialog, std::int16_t item, std::int32_t row, host::TextStyle style) {
+    if (RowState* state = dialogs.FindRow(dialog, item, row)) state->style = style;
+}
+
+std::int32_t ListRowsRole::ReadSelected(host::DialogId dialog, std::int16_t item) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    return state == nullptr || state->list.selected.empty() ? 0 : *state->list.selected.begin();
+}
+
+void ListRowsRole::Select(host::DialogId dialog, std::int16_t item, std::int32_t row) {
+    const RowState* state = dialogs.FindRow(dialog, item, row);
+    if (state != nullptr && state->status == host::RowStatus::Normal)
+        dialogs.FindItem(dialog, item)->list.selected = {row};
+}
+
+void ListRowsRole::EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->list.isDrawing = enabled;
+}
+
+CellState* ListRowsRole::FindCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column) {
+    RowState* state = dialogs.FindRow(dialog, item, row);
+    if (state == nullptr || column < 1 || static_cast<std::size_t>(column) > state->cells.size()) return nullptr;
+    return &state->cells[static_cast<std::size_t>(column - 1)];
+}
+
+} // namespace workbench

@@ -1,0 +1,104 @@
+// The rows of a building model as plain values: what the project file keeps and what a change replaces.
+#pragma once
+
+#include "host/Model.h"
+#include "host/Properties.h"
+#include "host/Values.h"
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace workbench {
+
+/// An element's components stand in the model's component list, one after another.
+struct Element {
+    host::Guid guid;
+    host::ElementType type = host::ElementType::Object;
+    host::AttributeIndex layer;
+    host::Guid classification; ///< item of an element classification system; null where it has none
+    std::uint32_t firstComponent = 0;
+    std::uint32_t componentCount = 0;
+    std::string name;
+    std::string kind; ///< what the source calls it, such as an IFC entity name
+    /// Doors and windows: overall width x height, 0 where unknown.
+    double openingAreaM2 = 0.0;
+};
+
+struct Layer {
+    host::AttributeIndex index;
+    std::string name;
+};
+
+/// Components 0 to 1.
+using Shade = std::array<double, 3>;
+
+struct Pen {
+    host::AttributeIndex index;
+    Shade shade{};
+};
+
+struct Fill {
+    host::AttributeIndex index;
+    std::string name;
+    std::array<std::uint8_t, 8> pattern{}; ///< one byte a row, most significant bit left
+};
+
+struct Surface {
+    host::AttributeIndex index;
+    std::string name;
+    Shade shade{};
+};
+
+struct ClassificationItem {
+    host::ClassificationItem item;
+    host::Guid system;
+    host::Guid parent; ///< null for a root item
+};
+
+struct MaterialClassification {
+    host::AttributeIndex material;
+    host::Guid item;
+};
+
+struct MaterialValue {
+    host::AttributeIndex material;
+    host::Guid definition;
+    host::Variant value;
+};
+
+struct ElementValue {
+    host::Guid element;
+    host::Guid definition;
+    host::Variant value;
+};
+
+struct Member {
+    std::int16_t userId = 0; ///< from 1
+    std::string login;
+    std::string fullName;
+};
+
+/// A lockable set held by a member.
+struct Reservation {
+    std::string lockableSet;
+    std::int16_t userId = 0;
+};
+
+/// Everything that a command may change. Which row is meant is told by its key members.
+using Row = std::variant<host::PropertyGroup, host::PropertyDefinition, host::ClassificationSystem, ClassificationItem,
+                         MaterialClassification, MaterialValue, ElementValue, host::BuildingMaterial>;
+
+/// One row replaced (both), added (no before) or removed (no after).
+struct Change {
+    std::optional<Row> before;
+    std::optional<Row> after;
+
+    Change Inverse() const { return {after, before}; }
+};
+
+} // namespace workbench
