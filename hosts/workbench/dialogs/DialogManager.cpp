@@ -4,12 +4,6 @@
 
 namespace workbench {
 
-namespace {
-
-constexpr std::int16_t RowHeight = 20;
-
-} // namespace
-
 host::DialogId DialogManager::OpenPalette(std::int16_t resource, const host::Guid& guid, host::DialogHandler& handler) {
     const DialogState* dialog = dialogs.Add(resource, guid, handler);
     if (dialog == nullptr) return {};

@@ -11,6 +11,9 @@
 
 namespace workbench {
 
+inline constexpr std::int16_t ScrollBarWidth = 16;
+inline constexpr std::int16_t RowHeight = 20;
+
 struct CellState {
     std::string text;
     host::StandardIcon icon = host::StandardIcon::None;

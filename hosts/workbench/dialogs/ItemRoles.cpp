@@ -2,13 +2,6 @@
 
 namespace workbench {
 
-namespace {
-
-constexpr std::int16_t ScrollBarWidth = 16;
-constexpr std::int16_t RowHeight = 20;
-
-} // namespace
-
 host::Rectangle DialogItemsRole::ReadRectangle(host::DialogId dialog, std::int16_t item) {
     const ItemState* state = dialogs.FindItem(dialog, item);
     return state == nullptr ? host::Rectangle{} : state->rectangle;

@@ -1,0 +1,78 @@
+#include "workbench/host/Module.h"
+
+#include <dlfcn.h>
+
+#include <cstdio>
+
+namespace workbench {
+
+namespace {
+
+std::string WriteCode(host::ErrorCode code) {
+    char buffer[16];
+    std::snprintf(buffer, sizeof buffer, "0x%08X", static_cast<unsigned>(code));
+    return buffer;
+}
+
+template <typename Function>
+Function FindExport(void* library, const char* name) {
+    return reinterpret_cast<Function>(dlsym(library, name));
+}
+
+} // namespace
+
+std::string Module::Load(const std::filesystem::path& file) {
+    Unload();
+    name = file.string();
+    library = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (library == nullptr)
+        return name + ": the add-on cannot be loaded (" + dlerror() + "); build it or name another one";
+    const auto setImported = FindExport<host::SetImportedFunctions>(library, host::SetImportedFunctionsName);
+    const auto getExported = FindExport<host::GetExportedFunctions>(library, host::GetExportedFunctionsName);
+    if (setImported == nullptr || getExported == nullptr)
+        return name + ": this library is no add-on: it lacks the exports of one";
+    imported = {};
+    imported.host = &host;
+    exported = {};
+    host::ErrorCode error = setImported(&imported);
+    if (error == host::NoError) error = getExported(&exported);
+    if (error != host::NoError)
+        return name + ": the add-on was built for another version of the host (" + WriteCode(error) +
+               "); build both anew";
+    return {};
+}
+
+std::string Module::Start() {
+    environment = {};
+    environment.applicationCode = host::ArchiCADApplicationCode;
+    if (exported.checkEnvironment(environment) == host::AddOnType::DoNotRegister)
+        return name + ": the add-on does not want to run in this host";
+    host.registration.SetPhase(RegistrationRole::Phase::Registering);
+    host::ErrorCode error = exported.registerInterface();
+    if (error == host::NoError) {
+        host.registration.SetPhase(RegistrationRole::Phase::Initialising);
+        error = exported.initialise();
+    }
+    host.registration.SetPhase(RegistrationRole::Phase::Closed);
+    if (error != host::NoError) return name + ": the add-on could not be started (" + WriteCode(error) + ")";
+    isStarted = true;
+    return {};
+}
+
+void Module::Unload() {
+    if (library == nullptr) return;
+    if (exported.freeData != nullptr) exported.freeData();
+    host.registration.Clear();
+    dlclose(library);
+    library = nullptr;
+    exported = {};
+    isStarted = false;
+}
+
+std::filesystem::path GetDefaultModulePath() {
+    std::error_code error;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
+    return program.parent_path() / "Kelvarnix.apx";
+}
+
+} // namespace workbench

@@ -1,0 +1,42 @@
+// A loaded add-on module: finds its two exports, hands over the tables, and drives the four entry callbacks.
+#pragma once
+
+#include "host/Entry.h"
+#include "workbench/host/WorkbenchHost.h"
+
+#include <filesystem>
+#include <string>
+
+namespace workbench {
+
+class Module {
+public:
+    explicit Module(WorkbenchHost& host) : host(host) {}
+    ~Module() { Unload(); }
+    Module(const Module&) = delete;
+    Module& operator=(const Module&) = delete;
+
+    /// Loads the library and exchanges the tables. Empty on success, else one plain sentence.
+    [[nodiscard]] std::string Load(const std::filesystem::path& file);
+    /// Environment check, registration and initialisation in this order. Empty on success, else one plain sentence.
+    [[nodiscard]] std::string Start();
+    /// Frees and unloads; harmless when nothing is loaded.
+    void Unload();
+
+    bool IsStarted() const { return isStarted; }
+    const host::Environment& GetEnvironment() const { return environment; }
+
+private:
+    WorkbenchHost& host;
+    std::string name;
+    void* library = nullptr;
+    bool isStarted = false;
+    host::ImportedFunctions imported;
+    host::ExportedFunctions exported;
+    host::Environment environment;
+};
+
+/// The module beside the running program.
+std::filesystem::path GetDefaultModulePath();
+
+} // namespace workbench

@@ -1,0 +1,159 @@
+#include "workbench/host/SmallRoles.h"
+
+#include "resources/ResourceData.h"
+
+#include <array>
+#include <charconv>
+#include <ctime>
+
+namespace workbench {
+
+namespace {
+
+constexpr std::array<const char*, 2> LockableSets = {ClassificationsAndPropertiesSet, BuildingMaterialsSet};
+
+/// Identifiers of the sets are their positions; only this host hands them out.
+host::Guid GuidOfSet(std::size_t position) {
+    host::Guid guid;
+    guid.bytes[0] = 0x4B; // never null
+    guid.bytes[15] = static_cast<std::uint8_t>(position);
+    return guid;
+}
+
+} // namespace
+
+std::string ResourcesRole::ReadString(std::int16_t stringList, std::int16_t entry) {
+    return std::string(::Resources::String(stringList, entry));
+}
+
+std::string ResourcesRole::FormatNumber(double value, std::int16_t) {
+    char buffer[400];
+    const std::to_chars_result result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, 2);
+    std::string text(buffer, result.ptr);
+    return text == "-0.00" ? "0.00" : text;
+}
+
+std::string ResourcesRole::FormatCurrentTime(std::uint32_t) {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    char buffer[32];
+    const std::size_t length = std::strftime(buffer, sizeof buffer, "%Y-%m-%d %H:%M:%S", &local);
+    return std::string(buffer, length);
+}
+
+host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t, std::vector<host::Guid>& elements) {
+    if (project == nullptr) return host::Errors::NoProject;
+    elements.clear();
+    for (const Element& element : project->model.GetElements())
+        if (type == host::ElementType::All || element.type == type) elements.push_back(element.guid);
+    return host::NoError;
+}
+
+host::ErrorCode ModelRole::ReadElementHeader(const host::Guid& element, host::ElementHeader& header) {
+    if (project == nullptr) return host::Errors::NoProject;
+    const std::uint32_t position = project->model.FindElement(element);
+    if (position == ElementIndex::NotFound) return host::Errors::BadId;
+    const Element& found = project->model.GetElements()[position];
+    header = {found.guid, found.type, found.layer};
+    return host::NoError;
+}
+
+host::ErrorCode ModelRole::ReadElementComponents(const host::Guid& element,
+                                                 std::vector<host::MaterialComponent>& components) {
+    if (project == nullptr) return host::Errors::NoProject;
+    const std::uint32_t position = project->model.FindElement(element);
+    if (position == ElementIndex::NotFound) return host::Errors::BadId;
+    const auto found = project->model.GetComponents(project->model.GetElements()[position]);
+    components.assign(found.begin(), found.end());
+    return host::NoError;
+}
+
+host::ErrorCode ModelRole::CountBuildingMaterials(std::int32_t& highestIndex) {
+    if (project == nullptr) return host::Errors::NoProject;
+    highestIndex = static_cast<std::int32_t>(project->model.GetBuildingMaterials().size());
+    return host::NoError;
+}
+
+host::ErrorCode ModelRole::ReadBuildingMaterial(host::AttributeIndex index, host::BuildingMaterial& material) {
+    if (project == nullptr) return host::Errors::NoProject;
+    const host::BuildingMaterial* found = project->model.FindBuildingMaterial(index);
+    if (found == nullptr) return host::Errors::BadIndex;
+    material = *found;
+    return host::NoError;
+}
+
+host::ErrorCode DatabasesRole::ReadCurrentDatabase(host::Database& database) {
+    database = {current, {}, {}};
+    return host::NoError;
+}
+
+host::ErrorCode DatabasesRole::ChangeCurrentDatabase(const host::Database& database) {
+    if (database.type != host::DatabaseType::FloorPlan && database.type != host::DatabaseType::Model3D)
+        return host::Errors::BadDatabase;
+    current = database.type;
+    return host::NoError;
+}
+
+host::ErrorCode DatabasesRole::ReadFrontWindow(host::Database& database) {
+    database = {frontWindow, {}, {}};
+    return host::NoError;
+}
+
+host::Guid TeamworkRole::FindLockableSet(const std::string& name) {
+    for (std::size_t i = 0; i < LockableSets.size(); ++i)
+        if (name == LockableSets[i]) return GuidOfSet(i);
+    return {};
+}
+
+host::LockableStatus TeamworkRole::ReadLockableStatus(const host::Guid& lockableSet) {
+    for (std::size_t i = 0; i < LockableSets.size(); ++i) {
+        if (lockableSet != GuidOfSet(i) || project == nullptr) continue;
+        for (const Reservation& reservation : project->model.reservations)
+            if (reservation.lockableSet == LockableSets[i])
+                return reservation.userId == access.userId ? host::LockableStatus::HeldByMe
+                                                           : host::LockableStatus::HeldByOther;
+        return host::LockableStatus::Free;
+    }
+    return host::LockableStatus::Unknown;
+}
+
+host::ErrorCode UndoableCommandsRole::Call(const std::string& undoName,
+                                           const std::function<host::ErrorCode()>& command) {
+    return project == nullptr ? host::Errors::NoProject : project->CallUndoable(undoName, command);
+}
+
+host::ErrorCode ProgressRole::Open(const std::string& title) {
+    if (state.isOpen) return host::Errors::RefusedCommand;
+    state = {};
+    state.isOpen = true;
+    state.title = title;
+    Tell();
+    return host::NoError;
+}
+
+host::ErrorCode ProgressRole::StartPhase(const std::string& text, std::int32_t maximum) {
+    if (!state.isOpen) return host::Errors::RefusedCommand;
+    state.phase = text;
+    state.maximum = maximum;
+    Tell();
+    return host::NoError;
+}
+
+host::ErrorCode ProgressRole::SetValue(std::int32_t value) {
+    if (!state.isOpen) return host::Errors::RefusedCommand;
+    state.value = value;
+    ++state.updates;
+    Tell();
+    return host::NoError;
+}
+
+host::ErrorCode ProgressRole::Close() {
+    if (!state.isOpen) return host::Errors::RefusedCommand;
+    state.isOpen = false;
+    Tell();
+    return host::NoError;
+}
+
+} // namespace workbench

@@ -1,0 +1,95 @@
+// The remaining roles of the workbench's host, each a few lines on the open project.
+#pragma once
+
+#include "host/Commands.h"
+#include "host/Model.h"
+#include "host/Resources.h"
+#include "host/Teamwork.h"
+#include "workbench/host/Access.h"
+
+namespace workbench {
+
+class ResourcesRole : public host::Resources {
+public:
+    std::string ReadString(std::int16_t stringList, std::int16_t entry) override;
+    /// Code 3: two decimals, a point, no grouping; every other code the same.
+    std::string FormatNumber(double value, std::int16_t formatCode) override;
+    std::string FormatCurrentTime(std::uint32_t flags) override;
+};
+
+class ModelRole : public host::Model {
+public:
+    explicit ModelRole(Project*& project) : project(project) {}
+
+    host::ErrorCode ListElements(host::ElementType type, std::uint32_t filter,
+                                 std::vector<host::Guid>& elements) override;
+    host::ErrorCode ReadElementHeader(const host::Guid& element, host::ElementHeader& header) override;
+    host::ErrorCode ReadElementComponents(const host::Guid& element,
+                                          std::vector<host::MaterialComponent>& components) override;
+    host::ErrorCode CountBuildingMaterials(std::int32_t& highestIndex) override;
+    host::ErrorCode ReadBuildingMaterial(host::AttributeIndex index, host::BuildingMaterial& material) override;
+
+private:
+    Project*& project;
+};
+
+/// A floor plan and a 3D window; the front window is what the user looks at.
+class DatabasesRole : public host::Databases {
+public:
+    host::ErrorCode ReadCurrentDatabase(host::Database& database) override;
+    host::ErrorCode ChangeCurrentDatabase(const host::Database& database) override;
+    host::ErrorCode ReadFrontWindow(host::Database& database) override;
+
+    host::DatabaseType current = host::DatabaseType::FloorPlan;
+    host::DatabaseType frontWindow = host::DatabaseType::FloorPlan;
+};
+
+class TeamworkRole : public host::Teamwork {
+public:
+    TeamworkRole(Project*& project, const Access& access) : project(project), access(access) {}
+
+    bool IsTeamworkProject() override { return project != nullptr && project->model.IsShared(); }
+    host::Guid FindLockableSet(const std::string& name) override;
+    host::LockableStatus ReadLockableStatus(const host::Guid& lockableSet) override;
+
+private:
+    Project*& project;
+    const Access& access;
+};
+
+class UndoableCommandsRole : public host::UndoableCommands {
+public:
+    explicit UndoableCommandsRole(Project*& project) : project(project) {}
+
+    host::ErrorCode Call(const std::string& undoName, const std::function<host::ErrorCode()>& command) override;
+
+private:
+    Project*& project;
+};
+
+class ProgressRole : public host::ProgressWindow {
+public:
+    host::ErrorCode Open(const std::string& title) override;
+    host::ErrorCode StartPhase(const std::string& text, std::int32_t maximum) override;
+    host::ErrorCode SetValue(std::int32_t value) override;
+    host::ErrorCode Close() override;
+
+    struct State {
+        bool isOpen = false;
+        std::string title;
+        std::string phase;
+        std::int32_t maximum = 0;
+        std::int32_t value = 0;
+        int updates = 0; ///< how often the value was set
+    };
+    State state;
+    /// Told after each change; may be empty.
+    std::function<void(const State&)> observer;
+
+private:
+    void Tell() const {
+        if (observer) observer(state);
+    }
+};
+
+} // namespace workbench

@@ -1,0 +1,17 @@
+#include "workbench/host/WorkbenchHost.h"
+
+namespace workbench {
+
+WorkbenchHost::WorkbenchHost()
+    : access(project), model(project), properties(project, access), classifications(project, access),
+      teamwork(project, access), commands(project), dialogManager(openDialogs), dialogItems(openDialogs),
+      listLayout(openDialogs), listRows(openDialogs) {}
+
+void WorkbenchHost::OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event) {
+    ownedProject = std::move(opened);
+    project = ownedProject.get();
+    databases.current = host::DatabaseType::FloorPlan;
+    registration.RaiseEvent(event);
+}
+
+} // namespace workbench

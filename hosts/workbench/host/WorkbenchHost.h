@@ -1,0 +1,62 @@
+// The workbench as a host: every role of the interface on one open project.
+#pragma once
+
+#include "host/Host.h"
+#include "workbench/dialogs/DialogManager.h"
+#include "workbench/dialogs/ItemRoles.h"
+#include "workbench/host/PropertyRoles.h"
+#include "workbench/host/RegistrationRole.h"
+#include "workbench/host/SmallRoles.h"
+
+#include <memory>
+
+namespace workbench {
+
+class WorkbenchHost : public host::Host {
+public:
+    WorkbenchHost();
+
+    /// Opens a project and raises the event of it; the former one is closed. The palette stays open.
+    void OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event);
+    /// Null while none is open.
+    Project* GetProject() const { return project; }
+
+    host::Registration& GetRegistration() override { return registration; }
+    host::Resources& GetResources() override { return resources; }
+    host::Model& GetModel() override { return model; }
+    host::Databases& GetDatabases() override { return databases; }
+    host::Properties& GetProperties() override { return properties; }
+    host::Classifications& GetClassifications() override { return classifications; }
+    host::Teamwork& GetTeamwork() override { return teamwork; }
+    host::UndoableCommands& GetUndoableCommands() override { return commands; }
+    host::ProgressWindow& GetProgressWindow() override { return progress; }
+    host::Dialogs& GetDialogs() override { return dialogManager; }
+    host::DialogItems& GetDialogItems() override { return dialogItems; }
+    host::ListLayout& GetListLayout() override { return listLayout; }
+    host::ListRows& GetListRows() override { return listRows; }
+    host::Alerts& GetAlerts() override { return dialogManager; }
+
+private:
+    std::unique_ptr<Project> ownedProject;
+    Project* project = nullptr;
+
+public:
+    // The roles with what only the workbench itself may do.
+    Access access;
+    RegistrationRole registration;
+    ResourcesRole resources;
+    ModelRole model;
+    DatabasesRole databases;
+    PropertiesRole properties;
+    ClassificationsRole classifications;
+    TeamworkRole teamwork;
+    UndoableCommandsRole commands;
+    ProgressRole progress;
+    OpenDialogs openDialogs;
+    DialogManager dialogManager;
+    DialogItemsRole dialogItems;
+    ListLayoutRole listLayout;
+    ListRowsRole listRows;
+};
+
+} // namespace workbench
