@@ -39,6 +39,7 @@ const KeptCase keptCases[] = {
     {"NegatedWithoutBrackets", "#if !defined X\n\"a\"\n#endif", {}, {"a"}},
     {"IfdefAndIfndef", "#ifdef X\n\"a\"\n#endif\n#ifndef X\n\"b\"\n#endif", {"X"}, {"a"}},
     {"NestedInLeftOut", "#ifdef X\n#ifndef Y\n\"a\"\n#else\n\"b\"\n#endif\n#else\n\"c\"\n#endif", {}, {"c"}},
+    {"NestedElseInLeftOut", "#ifdef X\n#ifdef Y\n\"a\"\n#else\n\"b\"\n#endif\n#endif\n\"c\"", {}, {"c"}},
     {"LeftOutDirectivesDoNothing",
      "#ifdef X\n#include \"absent\"\n#define Z \"a\"\n#pragma x: 3\n#endif\n\"b\"",
      {},
