@@ -166,4 +166,28 @@ TEST(CompilerOutput, DependenciesNameEveryFileRead) {
         EXPECT_NE(rule.find(name), std::string::npos) << name << " in " << rule;
 }
 
+// A damaged source compiles or is refused with a place in it; the sanitizers watch the rest.
+void ExpectOrderlyEnd(const SourceFolder& folder, const std::string& bytes, std::size_t at) {
+    folder.WriteBytes("main.grc", bytes);
+    const std::string error = folder.Compile();
+    EXPECT_TRUE(error.empty() || error.substr(0, 9) == "main.grc:") << "at byte " << at << ": " << error;
+}
+
+TEST(CompilerErrors, DamagedSourceEndsInOrder) {
+    const SourceFolder folder;
+    folder.WriteBytes("RFIX/Images/7_5x9.svg", "<svg/>");
+    std::ifstream stream(KELVARNIX_SOURCE_DIR "/tests/resources/RoundTrip/RoundTrip.grc", std::ios::binary);
+    const std::string whole{std::istreambuf_iterator<char>(stream), {}};
+    folder.WriteBytes("main.grc", whole);
+    ASSERT_GT(whole.size(), 1000u);
+    ASSERT_EQ(folder.Compile(), "");
+    for (std::size_t length = 0; length < whole.size(); ++length)
+        ExpectOrderlyEnd(folder, whole.substr(0, length), length);
+    for (std::size_t at = 0; at < whole.size(); ++at) {
+        std::string flipped = whole;
+        flipped[at] = static_cast<char>(flipped[at] ^ (1 << at % 8));
+        ExpectOrderlyEnd(folder, flipped, at);
+    }
+}
+
 } // namespace
