@@ -196,8 +196,7 @@ private:
     }
 
     void ReadMark(Token& token) {
-        constexpr std::string_view marks = "{}()|#,!<>";
-        if (marks.find(Peek()) == std::string_view::npos)
+        if (Peek() <= ' ' || Peek() > '~')
             throw SourceError(token.position, "a character that belongs to no resource stands here");
         token.kind = TokenKind::Mark;
         token.text = Take();

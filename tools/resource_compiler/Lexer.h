@@ -23,7 +23,8 @@ struct Token {
 
 /// text    UTF-8 with or without byte order mark
 /// returns the tokens with an End token last
-/// errors  SourceError: invalid UTF-8, comment or string not closed, unknown escape, bad number, stray character
+/// errors  SourceError: invalid UTF-8, comment or string not closed, unknown escape, bad number, a character outside
+///         strings and comments that is not ASCII
 [[nodiscard]] std::vector<Token> Tokenize(std::string_view text, const std::string& file);
 
 /// The token as a message names it: `word "Button"`, `end of file`.
