@@ -1,0 +1,235 @@
+#include "workbench/store/ModelWriter.h"
+
+#include "workbench/store/Format.h"
+
+namespace workbench {
+
+namespace {
+
+/// A statement that is run many times: bind what differs, then Run.
+class Insert {
+public:
+    Insert(SQLite::Database& database, const char* query) : statement(database, query) {}
+
+    template <typename... Values>
+    void Run(const Values&... values) {
+        statement.reset();
+        int parameter = 0;
+        (Bind(++parameter, values), ...);
+        statement.exec();
+    }
+
+private:
+    void Bind(int parameter, const host::Guid& guid) { BindGuid(statement, parameter, guid); }
+    void Bind(int parameter, const std::string& text) { statement.bind(parameter, text); }
+    void Bind(int parameter, double value) { statement.bind(parameter, value); }
+    void Bind(int parameter, std::int32_t value) { statement.bind(parameter, value); }
+    void Bind(int parameter, std::int64_t value) { statement.bind(parameter, value); }
+
+    SQLite::Statement statement;
+};
+
+void WriteAttributes(SQLite::Database& database, const Model& model) {
+    Insert layer(database, "INSERT INTO layers VALUES (?, ?)");
+    for (const Layer& row : model.GetLayers())
+        layer.Run(row.index.value, row.name);
+    Insert pen(database, "INSERT INTO pens VALUES (?, ?, ?, ?)");
+    for (const Pen& row : model.GetPens())
+        pen.Run(row.index.value, row.shade[0], row.shade[1], row.shade[2]);
+    SQLite::Statement fill(database, "INSERT INTO fills VALUES (?, ?, ?)");
+    for (const Fill& row : model.GetFills()) {
+        fill.reset();
+        fill.bind(1, row.index.value);
+        fill.bind(2, row.name);
+        fill.bind(3, row.pattern.data(), static_cast<int>(row.pattern.size()));
+        fill.exec();
+    }
+    Insert surface(database, "INSERT INTO surfaces VALUES (?, ?, ?, ?, ?)");
+    for (const Surface& row : model.GetSurfaces())
+        surface.Run(row.index.value, row.name, row.shade[0], row.shade[1], row.shade[2]);
+}
+
+void WriteElements(SQLite::Database& database, const Model& model) {
+    Insert elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
+    Insert componentRow(database, "INSERT INTO components VALUES (?, ?, ?, ?, ?)");
+    std::int64_t position = 0;
+    for (const Element& element : model.GetElements()) {
+        ++position;
+        elementRow.Run(position, element.guid, static_cast<std::int32_t>(element.type), element.layer.value,
+                       element.classification, element.name, element.kind, element.openingAreaM2);
+        std::int32_t part = 0;
+        for (const host::MaterialComponent& component : model.GetComponents(element))
+            componentRow.Run(position, ++part, component.buildingMaterial.value, component.volumeM3, component.areaM2);
+    }
+}
+
+void WriteTeamwork(SQLite::Database& database, const Model& model) {
+    Insert member(database, "INSERT INTO members VALUES (?, ?, ?)");
+    for (const Member& row : model.members)
+        member.Run(std::int32_t{row.userId}, row.login, row.fullName);
+    Insert reservation(database, "INSERT INTO reservations VALUES (?, ?)");
+    for (const Reservation& row : model.reservations)
+        reservation.Run(row.lockableSet, std::int32_t{row.userId});
+}
+
+void DeleteByGuid(SQLite::Database& database, const char* query, const host::Guid& guid) {
+    Insert(database, query).Run(guid);
+}
+
+/// Puts one row into the file, over the row of the same key, or takes it out.
+struct RowWriter {
+    SQLite::Database& database;
+
+    // A conflict updates in place, so that the row keeps its position.
+    void Put(const host::PropertyGroup& row) const {
+        Insert(database, "INSERT INTO property_groups (guid, name) VALUES (?, ?) "
+                         "ON CONFLICT (guid) DO UPDATE SET name = excluded.name")
+            .Run(row.guid, row.name);
+    }
+    void Remove(const host::PropertyGroup& row) const {
+        DeleteByGuid(database, "DELETE FROM property_groups WHERE guid = ?", row.guid);
+    }
+
+    void Put(const host::PropertyDefinition& row) const {
+        SQLite::Statement statement(
+            database,
+            "INSERT INTO property_definitions (guid, grp, name, description, value_type, collection, editable, "
+            "default_type, default_value) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET "
+            "grp = excluded.grp, name = excluded.name, description = excluded.description, "
+            "value_type = excluded.value_type, collection = excluded.collection, "
+            "editable = excluded.editable, default_type = excluded.default_type, "
+            "default_value = excluded.default_value");
+        BindGuid(statement, 1, row.guid);
+        BindGuid(statement, 2, row.group);
+        statement.bind(3, row.name);
+        statement.bind(4, row.description);
+        statement.bind(5, static_cast<int>(row.valueType));
+        statement.bind(6, static_cast<int>(row.collection));
+        statement.bind(7, row.editable ? 1 : 0);
+        BindVariant(statement, 8, row.defaultValue);
+        statement.exec();
+        RemoveParts(row.guid);
+        PutParts(row);
+    }
+    void Remove(const host::PropertyDefinition& row) const {
+        RemoveParts(row.guid);
+        DeleteByGuid(database, "DELETE FROM property_definitions WHERE guid = ?", row.guid);
+    }
+    void PutParts(const host::PropertyDefinition& row) const {
+        Insert item(database, "INSERT INTO property_availability VALUES (?, ?, ?)");
+        std::int32_t position = 0;
+        for (const host::Guid& guid : row.availability)
+            item.Run(row.guid, ++position, guid);
+        Insert option(database, "INSERT INTO property_options VALUES (?, ?, ?, ?)");
+        position = 0;
+        for (const host::PropertyOption& one : row.options)
+            option.Run(row.guid, ++position, one.key, one.text);
+    }
+    void RemoveParts(const host::Guid& definition) const {
+        DeleteByGuid(database, "DELETE FROM property_availability WHERE definition = ?", definition);
+        DeleteByGuid(database, "DELETE FROM property_options WHERE definition = ?", definition);
+    }
+
+    void Put(const host::ClassificationSystem& row) const {
+        Insert(database, "INSERT INTO classification_systems (guid, name, version, year, month, day) "
+                         "VALUES (?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET name = excluded.name, "
+                         "version = excluded.version, year = excluded.year, month = excluded.month, day = excluded.day")
+            .Run(row.guid, row.name, row.version, row.date.year, row.date.month, row.date.day);
+    }
+    void Remove(const host::ClassificationSystem& row) const {
+        DeleteByGuid(database, "DELETE FROM classification_systems WHERE guid = ?", row.guid);
+    }
+
+    void Put(const ClassificationItem& row) const {
+        Insert(database, "INSERT INTO classification_items (guid, system, parent, id, name) VALUES (?, ?, ?, ?, ?) "
+                         "ON CONFLICT (guid) DO UPDATE SET system = excluded.system, parent = excluded.parent, "
+                         "id = excluded.id, name = excluded.name")
+            .Run(row.item.guid, row.system, row.parent, row.item.id, row.item.name);
+    }
+    void Remove(const ClassificationItem& row) const {
+        DeleteByGuid(database, "DELETE FROM classification_items WHERE guid = ?", row.item.guid);
+    }
+
+    void Put(const MaterialClassification& row) const {
+        Insert(database, "INSERT INTO material_classifications VALUES (?, ?)").Run(row.material.value, row.item);
+    }
+    void Remove(const MaterialClassification& row) const {
+        Insert(database, "DELETE FROM material_classifications WHERE building_material = ? AND item = ?")
+            .Run(row.material.value, row.item);
+    }
+
+    void Put(const MaterialValue& row) const {
+        SQLite::Statement statement(database, "INSERT OR REPLACE INTO material_values VALUES (?, ?, ?, ?)");
+        statement.bind(1, row.material.value);
+        BindGuid(statement, 2, row.definition);
+        BindVariant(statement, 3, row.value);
+        statement.exec();
+    }
+    void Remove(const MaterialValue& row) const {
+        Insert(database, "DELETE FROM material_values WHERE building_material = ? AND definition = ?")
+            .Run(row.material.value, row.definition);
+    }
+
+    void Put(const ElementValue& row) const {
+        SQLite::Statement statement(database, "INSERT OR REPLACE INTO element_values VALUES (?, ?, ?, ?)");
+        BindGuid(statement, 1, row.element);
+        BindGuid(statement, 2, row.definition);
+        BindVariant(statement, 3, row.value);
+        statement.exec();
+    }
+    void Remove(const ElementValue& row) const {
+        Insert(database, "DELETE FROM element_values WHERE element = ? AND definition = ?")
+            .Run(row.element, row.definition);
+    }
+
+    void Put(const host::BuildingMaterial& row) const {
+        Insert(database, "INSERT OR REPLACE INTO building_materials VALUES (?, ?, ?, ?, ?, ?, ?, ?)")
+            .Run(row.index.value, row.name, row.id, row.densityKgM3, row.cutFill.value, std::int32_t{row.cutFillPen},
+                 std::int32_t{row.cutFillBackgroundPen}, row.cutSurface.value);
+    }
+    void Remove(const host::BuildingMaterial&) const { /* attributes are never removed */
+    }
+};
+
+void WriteChangeableRows(SQLite::Database& database, const Model& model) {
+    const RowWriter writer{database};
+    for (const host::BuildingMaterial& row : model.GetBuildingMaterials())
+        writer.Put(row);
+    for (const host::PropertyGroup& row : model.GetGroups())
+        writer.Put(row);
+    for (const host::PropertyDefinition& row : model.GetDefinitions())
+        writer.Put(row);
+    for (const host::ClassificationSystem& row : model.GetSystems())
+        writer.Put(row);
+    for (const ClassificationItem& row : model.GetItems())
+        writer.Put(row);
+    for (const MaterialClassification& row : model.GetMaterialClassifications())
+        writer.Put(row);
+    for (const auto& [material, values] : model.GetMaterialValues())
+        for (const auto& [definition, value] : values)
+            writer.Put(MaterialValue{material, definition, value});
+    for (const auto& [position, values] : model.GetElementValues())
+        for (const auto& [definition, value] : values)
+            writer.Put(ElementValue{model.GetElements()[position].guid, definition, value});
+}
+
+} // namespace
+
+void WriteModel(SQLite::Database& database, const Model& model) {
+    for (const char* table : ProjectFormat::TableNames)
+        database.exec(std::string("DELETE FROM ") + table);
+    WriteAttributes(database, model);
+    WriteElements(database, model);
+    WriteChangeableRows(database, model);
+    WriteTeamwork(database, model);
+}
+
+void WriteChange(SQLite::Database& database, const Change& change) {
+    const RowWriter writer{database};
+    if (change.after)
+        std::visit([&](const auto& row) { writer.Put(row); }, *change.after);
+    else if (change.before)
+        std::visit([&](const auto& row) { writer.Remove(row); }, *change.before);
+}
+
+} // namespace workbench

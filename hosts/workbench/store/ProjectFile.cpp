@@ -1,0 +1,148 @@
+#include "workbench/store/ProjectFile.h"
+
+#include "workbench/store/Database.h"
+#include "workbench/store/Format.h"
+#include "workbench/store/ModelReader.h"
+#include "workbench/store/ModelWriter.h"
+
+#include <signal.h>
+#include <sqlite3.h>
+#include <unistd.h>
+
+#include <charconv>
+
+namespace workbench {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+/// Empty when this program can use the file.
+std::string CheckFormat(SQLite::Database& database, const fs::path& file) {
+    const int application = database.execAndGet("PRAGMA application_id").getInt();
+    const int version = database.execAndGet("PRAGMA user_version").getInt();
+    if (application != ProjectFormat::ApplicationId)
+        return file.string() + ": this is no Kelvarnix project; name a .kvp file or an .ifc file";
+    if (version > ProjectFormat::Version)
+        return file.string() + ": the project was written by a newer version of Kelvarnix (format " +
+               std::to_string(version) + ", this one reads up to " + std::to_string(ProjectFormat::Version) +
+               "); use that version";
+    return {};
+}
+
+/// Runs the body; a failure of the database becomes a sentence.
+template <typename Body>
+std::string Describe(const fs::path& file, Body&& body) {
+    try {
+        return body();
+    } catch (const SQLite::Exception& failure) {
+        return DescribeFailure(file, failure);
+    }
+}
+
+class FileStore : public ChangeStore {
+public:
+    FileStore(SQLite::Database database, fs::path file) : database(std::move(database)), file(std::move(file)) {}
+
+    std::string Keep(const std::vector<Change>& changes) override {
+        return Describe(file, [&] {
+            SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+            for (const Change& change : changes)
+                WriteChange(database, change);
+            transaction.commit();
+            return std::string();
+        });
+    }
+
+private:
+    SQLite::Database database;
+    fs::path file;
+};
+
+std::string ReplaceProject(const Project& project, const fs::path& file) {
+    return Describe(file, [&] {
+        SQLite::Database database = OpenDatabase(file, FileAccess::ReadWrite);
+        if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
+        SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+        WriteModel(database, project.model);
+        transaction.commit();
+        return std::string();
+    });
+}
+
+/// Unfinished files stand beside the target; their names end with the process that writes them.
+std::string GetUnfinishedPrefix(const fs::path& file) {
+    std::string prefix(".");
+    prefix.append(file.filename().string()).append(".new-");
+    return prefix;
+}
+
+/// Removes what killed processes left beside the target.
+void RemoveAbandoned(const fs::path& file) {
+    const std::string prefix = GetUnfinishedPrefix(file);
+    std::error_code ignored;
+    const fs::path folder = file.has_parent_path() ? file.parent_path() : fs::path(".");
+    for (const fs::directory_entry& entry : fs::directory_iterator(folder, ignored)) {
+        const std::string name = entry.path().filename().string();
+        if (name.compare(0, prefix.size(), prefix) != 0) continue;
+        pid_t process = 0;
+        std::from_chars(name.data() + prefix.size(), name.data() + name.size(), process);
+        if (process > 0 && kill(process, 0) != 0 && errno == ESRCH) fs::remove(entry.path(), ignored);
+    }
+}
+
+std::string CreateProjectFile(const Project& project, const fs::path& file) {
+    RemoveAbandoned(file);
+    const fs::path unfinished = file.parent_path() / (GetUnfinishedPrefix(file) + std::to_string(getpid()));
+    std::error_code error;
+    std::string failure = Describe(file, [&] {
+        SQLite::Database database = OpenDatabase(unfinished, FileAccess::Create);
+        database.exec("PRAGMA journal_mode = MEMORY"); // nobody sees the file before it is whole
+        SQLite::Transaction transaction(database);
+        database.exec("PRAGMA application_id = " + std::to_string(ProjectFormat::ApplicationId));
+        database.exec("PRAGMA user_version = " + std::to_string(ProjectFormat::Version));
+        database.exec(ProjectFormat::CreateTables);
+        WriteModel(database, project.model);
+        transaction.commit();
+        return std::string();
+    });
+    if (failure.empty()) {
+        fs::rename(unfinished, file, error);
+        if (error) failure = file.string() + ": the project cannot be written (" + error.message() + ")";
+    }
+    if (!failure.empty()) fs::remove(unfinished, error);
+    return failure;
+}
+
+} // namespace
+
+OpenedProject OpenProjectFile(const fs::path& file, KeepChanges keep) {
+    OpenedProject opened;
+    std::error_code error;
+    if (!fs::is_regular_file(file, error)) {
+        opened.failure = file.string() + ": there is no such file; check the name";
+        return opened;
+    }
+    opened.failure = Describe(file, [&] {
+        const bool isAttached = keep == KeepChanges::InFile;
+        SQLite::Database database = OpenDatabase(file, isAttached ? FileAccess::ReadWrite : FileAccess::ReadOnly);
+        if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
+        auto project = std::make_unique<Project>();
+        {
+            SQLite::Transaction snapshot(database);
+            ReadModel(database, project->model);
+        }
+        if (isAttached) project->store = std::make_unique<FileStore>(std::move(database), file);
+        opened.project = std::move(project);
+        return std::string();
+    });
+    return opened;
+}
+
+std::string SaveProject(const Project& project, const fs::path& file) {
+    std::error_code error;
+    if (fs::is_directory(file, error)) return file.string() + ": this is a folder; name a file to save to";
+    return fs::exists(file, error) ? ReplaceProject(project, file) : CreateProjectFile(project, file);
+}
+
+} // namespace workbench
