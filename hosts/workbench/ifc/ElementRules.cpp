@@ -8,25 +8,24 @@ namespace {
 
 constexpr double largestQuantity = 1e7;
 constexpr double smallestVolumeM3 = 1e-12;
-constexpr double mostOff = 2.0;
 
 struct Sourced {
     double value = 0.0;
     QuantitySource source = QuantitySource::None;
 };
 
-Sourced Stated(const std::optional<double>& net, const std::optional<double>& gross) {
+Sourced NetBeforeGross(const std::optional<double>& net, const std::optional<double>& gross) {
     if (net) return {*net, QuantitySource::StatedNet};
     if (gross) return {*gross, QuantitySource::StatedGross};
     return {};
 }
 
-Sourced StatedArea(AreaRule rule, const StatedQuantities& stated) {
+Sourced AreaStated(AreaRule rule, const StatedQuantities& stated) {
     switch (rule) {
     case AreaRule::Side:
-        return Stated(stated.netSideAreaM2, stated.grossSideAreaM2);
+        return NetBeforeGross(stated.netSideAreaM2, stated.grossSideAreaM2);
     case AreaRule::Plan:
-        return Stated(stated.netAreaM2, stated.grossAreaM2);
+        return NetBeforeGross(stated.netAreaM2, stated.grossAreaM2);
     case AreaRule::None:
         break;
     }
@@ -51,6 +50,15 @@ Sourced ComputedArea(const ImportedElement& element, const std::optional<MeshQua
 
 } // namespace
 
+std::optional<double> StatedVolume(const StatedQuantities& stated) {
+    return stated.netVolumeM3 ? stated.netVolumeM3 : stated.grossVolumeM3;
+}
+
+std::optional<double> StatedArea(AreaRule rule, const StatedQuantities& stated) {
+    const Sourced area = AreaStated(rule, stated);
+    return area.source == QuantitySource::None ? std::nullopt : std::optional(area.value);
+}
+
 std::optional<double> PlausibleQuantity(double value) {
     return std::isfinite(value) && value > 0.0 && value <= largestQuantity ? std::optional(value) : std::nullopt;
 }
@@ -65,7 +73,7 @@ double TotalThicknessM(const MaterialUse& use) {
 
 bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
                    const std::optional<MeshQuantities>& meshes, double totalThicknessM) {
-    const Sourced said = Stated(stated.netVolumeM3, stated.grossVolumeM3);
+    const Sourced said = NetBeforeGross(stated.netVolumeM3, stated.grossVolumeM3);
     const Sourced computed = meshes ? MeshVolume(*meshes, totalThicknessM) : Sourced{};
     if (said.source != QuantitySource::None) element.statedVolumeM3 = said.value;
     if (computed.source != QuantitySource::None) element.geometryVolumeM3 = computed.value;
@@ -77,7 +85,7 @@ bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantiti
     element.volumeM3 = volume.value;
     element.volumeSource = volume.source;
 
-    Sourced area = corrected ? Sourced{} : StatedArea(rule, stated);
+    Sourced area = corrected ? Sourced{} : AreaStated(rule, stated);
     if (area.source == QuantitySource::None) area = ComputedArea(element, meshes, totalThicknessM);
     element.areaM2 = area.value;
     element.areaSource = area.source;

@@ -40,6 +40,13 @@ struct MaterialUse {
     std::vector<MaterialShare> shares;
 };
 
+/// A stated volume may be off from the geometry's by this factor before it is believed to be in a wrong unit.
+inline constexpr double mostOff = 2.0;
+
+/// The stated volume or area that counts, net before gross.
+[[nodiscard]] std::optional<double> StatedVolume(const StatedQuantities& stated);
+[[nodiscard]] std::optional<double> StatedArea(AreaRule rule, const StatedQuantities& stated);
+
 /// VALUE where it can be a quantity of a building element: finite, above 0, at most ten million m2 or m3.
 [[nodiscard]] std::optional<double> PlausibleQuantity(double value);
 

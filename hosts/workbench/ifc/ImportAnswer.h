@@ -10,9 +10,9 @@
 //   24      ...   payload
 //
 // Progress: one double. Working: the entity number (4 bytes) of the element whose geometry is computed next, so that a
-// death can be laid to it, 0 when it is done. Refused: code (1 byte), what is wrong, what to do. Building: the whole result, last frame.
-// Within a payload a text or list is its count (4 bytes) and its items, an optional value one byte 0 or 1 and the
-// value.
+// death can be laid to it, 0 when it is done. Refused: code (1 byte), what is wrong, what to do. Building: the whole
+// result, last frame. Within a payload a text or list is its count (4 bytes) and its items, an optional value one byte
+// 0 or 1 and the value.
 #pragma once
 
 #include <cstdint>

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cctype>
 #include <charconv>
 
 #include "workbench/ifc/StepString.h"
@@ -28,6 +27,7 @@ constexpr CharTable TableOf(std::string_view characters) {
 
 /// Characters of a string that the library takes over unchanged.
 constexpr CharTable plainInString = TableOf(" _$.,:+-");
+constexpr CharTable plainInWord = TableOf("_");
 /// Characters between strings that are copied as they are.
 constexpr CharTable plainOutside = TableOf("_$.,+-#*=\"");
 
@@ -38,10 +38,14 @@ bool IsBlank(char c) {
     return c == ' ' || c == '\t' || c == '\r' || c == '\n' || c == '\f' || c == '\v';
 }
 
+char Upper(char c) {
+    return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+
 std::string Upper(std::string_view text) {
     std::string upper(text);
-    std::transform(upper.begin(), upper.end(), upper.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::toupper(c)); });
+    for (char& c : upper)
+        c = Upper(c);
     return upper;
 }
 
@@ -220,8 +224,7 @@ std::optional<std::string_view> KeywordOf(std::string_view statement) {
     const std::size_t open = statement.find('(', equals);
     if (open == std::string_view::npos || open < equals + 4) return std::nullopt;
     const std::string_view keyword = statement.substr(equals + 1, open - equals - 1);
-    const bool word =
-        std::all_of(keyword.begin(), keyword.end(), [](unsigned char c) { return std::isalnum(c) != 0 || c == '_'; });
+    const bool word = std::all_of(keyword.begin(), keyword.end(), [](char c) { return Has(plainInWord, c); });
     if (!word || Upper(keyword.substr(0, 3)) != "IFC") return std::nullopt;
     return keyword;
 }
@@ -315,7 +318,7 @@ std::optional<PreparedStep> PrepareStep(std::string_view file, StepProblem& prob
             problem = CutOff(scanner);
             return std::nullopt;
         }
-        if (outcome == Scanner::Outcome::Statement && Upper(line) == "ENDSEC") break;
+        if (outcome == Scanner::Outcome::Statement && line.size() == 6 && Upper(line) == "ENDSEC") break;
         const auto keyword = outcome == Scanner::Outcome::Statement ? KeywordOf(line) : std::nullopt;
         if (!keyword) {
             problem = Noise(scanner);

@@ -166,7 +166,7 @@ private:
         uses.push_back(materials.UseOf(*entity));
         const MaterialUse& use = uses.back();
         useOf[found.entity.get()] = uses.size() - 1;
-        const BodyGeometry body = ComputeGeometry(found.number, entity, whose);
+        const BodyGeometry body = ComputeGeometry(found.number, entity, whose, TaskOf(rule.area, stated, use));
         if (SetQuantities(element, rule.area, stated, body.meshes, TotalThicknessM(use))) corrected.insert(&*entity);
         if (!body.trouble.empty() && element.volumeSource != QuantitySource::StatedNet &&
             element.volumeSource != QuantitySource::StatedGross) {
@@ -175,7 +175,13 @@ private:
         Keep(std::move(candidate));
     }
 
-    BodyGeometry ComputeGeometry(int number, const std::shared_ptr<IfcElement>& entity, const std::string& whose) {
+    static GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) {
+        const bool hasArea = TotalThicknessM(use) > 0.0 || StatedArea(rule, stated).has_value();
+        return {StatedVolume(stated), StatedVolume(stated) && hasArea};
+    }
+
+    BodyGeometry ComputeGeometry(int number, const std::shared_ptr<IfcElement>& entity, const std::string& whose,
+                                 const GeometryTask& task) {
         if (!options.geometry) return {};
         if (options.skipped.contains(number)) {
             building.warnings.push_back("The geometry of " + whose + " cannot be computed.");
@@ -183,7 +189,7 @@ private:
         }
         if (!geometry) geometry.emplace(model, units);
         listener.working(number);
-        BodyGeometry body = geometry->Compute(entity);
+        BodyGeometry body = geometry->Compute(entity, task);
         listener.working(0);
         return body;
     }

@@ -120,7 +120,8 @@ struct Geometry::Parts {
         return bodies.empty() ? nameless : bodies;
     }
 
-    std::optional<MeshQuantities> Compute(const std::shared_ptr<IfcElement>& element) {
+    BodyGeometry Compute(const std::shared_ptr<IfcElement>& element, const GeometryTask& task) {
+        BodyGeometry body;
         auto shape = std::make_shared<ProductShapeData>(element->m_entity_id);
         shape->m_ifc_object_definition = element;
         for (const auto& body : Bodies(*element)) {
@@ -129,13 +130,39 @@ struct Geometry::Parts {
             shape->m_vec_representations.push_back(data);
             data->m_parent_product = shape;
         }
-        if (shape->m_vec_representations.empty()) return std::nullopt;
-        if (!element->m_HasOpenings_inverse.empty()) SubtractOpenings(element, shape);
+        if (shape->m_vec_representations.empty()) return body;
+        if (!element->m_HasOpenings_inverse.empty()) {
+            const double wholeM3 = Sum(*shape).closedVolumeM3;
+            body.confirmed = task.checkOnly && task.statedVolumeM3 && *task.statedVolumeM3 * mostOff >= wholeM3 &&
+                             *task.statedVolumeM3 <= mostOff * (wholeM3 - OpeningsM3(*element));
+            if (body.confirmed) return body;
+            SubtractOpenings(element, shape);
+        }
+        const MeshQuantities quantities = Sum(*shape);
+        if (quantities.closedSurfaceM2 > 0.0 || quantities.openSurfaceM2 > 0.0) body.meshes = quantities;
+        return body;
+    }
+
+    static MeshQuantities Sum(const ProductShapeData& shape) {
         MeshQuantities quantities;
-        for (const auto& data : shape->m_vec_representations)
+        for (const auto& data : shape.m_vec_representations)
             Add(*data, quantities);
-        const bool empty = quantities.closedSurfaceM2 <= 0.0 && quantities.openSurfaceM2 <= 0.0;
-        return empty ? std::nullopt : std::optional(quantities);
+        return quantities;
+    }
+
+    /// All openings together, as if they did not overlap and lay wholly within the body: the most that they can take.
+    double OpeningsM3(const IfcElement& element) {
+        MeshQuantities quantities;
+        for (const auto& voids : Alive<IfcRelVoidsElement>(element.m_HasOpenings_inverse)) {
+            const auto& opening = voids->m_RelatedOpeningElement;
+            if (!opening || !opening->m_Representation) continue;
+            for (const auto& representation : opening->m_Representation->m_Representations) {
+                auto data = std::make_shared<RepresentationData>();
+                converter->convertIfcRepresentation(representation, data);
+                Add(*data, quantities);
+            }
+        }
+        return quantities.closedVolumeM3;
     }
 
     void SubtractOpenings(const std::shared_ptr<IfcElement>& element, std::shared_ptr<ProductShapeData>& shape) {
@@ -154,12 +181,12 @@ Geometry::Geometry(const LibraryModel& model, const UnitFactors& units)
     : parts(std::make_unique<Parts>(model, units)) {}
 Geometry::~Geometry() = default;
 
-BodyGeometry Geometry::Compute(const std::shared_ptr<IfcElement>& element) {
+BodyGeometry Geometry::Compute(const std::shared_ptr<IfcElement>& element, const GeometryTask& task) {
     BodyGeometry body;
     if (!element->m_Representation) return body;
     parts->trouble.clear();
     try {
-        body.meshes = parts->Compute(element);
+        body = parts->Compute(element, task);
     } catch (const std::bad_alloc&) {
         throw;
     } catch (const std::exception& failure) {

@@ -14,9 +14,17 @@ class IfcElement;
 
 namespace workbench::ifc {
 
+/// What the caller wants to know of a body.
+struct GeometryTask {
+    std::optional<double> statedVolumeM3; ///< to be checked
+    bool checkOnly = false;               ///< nothing but that check is wanted
+};
+
 struct BodyGeometry {
     std::optional<MeshQuantities> meshes; ///< nothing where the element has no body that can be computed
-    std::string trouble;                  ///< what the library complained of; the meshes may then be inexact
+    /// The stated volume is certainly within a factor of two of the geometry's; there was no need to subtract openings.
+    bool confirmed = false;
+    std::string trouble; ///< what the library complained of; the meshes may then be inexact
 };
 
 class Geometry {
@@ -27,7 +35,7 @@ public:
     Geometry& operator=(const Geometry&) = delete;
 
     /// Does not throw for what the element holds, but the library may bring the process down.
-    [[nodiscard]] BodyGeometry Compute(const std::shared_ptr<IfcElement>& element);
+    [[nodiscard]] BodyGeometry Compute(const std::shared_ptr<IfcElement>& element, const GeometryTask& task);
 
 private:
     struct Parts;
