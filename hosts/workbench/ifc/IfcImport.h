@@ -1,0 +1,64 @@
+// Reads an IFC file into plain values. The reading library runs in a child program with limits on memory and time, so
+// that a hostile file costs a plain error and not this process.
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "workbench/ifc/ImportedBuilding.h"
+
+namespace workbench::ifc {
+
+struct ImportLimits {
+    std::uint64_t memoryBytes = std::uint64_t(4) << 30; ///< address space of the child
+    std::chrono::milliseconds time{600'000};            ///< wall clock of the child
+};
+
+enum class ImportError : std::uint8_t {
+    None,
+    NotReadable,       ///< missing, a folder, no permission
+    NotIfc,            ///< empty, noise, no STEP header, no data section
+    UnsupportedSchema, ///< refused by its header
+    Damaged,           ///< truncated, or the reader could not make sense of it
+    ReaderDied,
+    OutOfMemory,
+    OutOfTime,
+    ReaderMissing, ///< the child program is not where it should be, or answers in another version
+    Cancelled
+};
+
+/// Either a building or one plain sentence with the file's name, what is wrong and what to do.
+class [[nodiscard]] ImportResult {
+public:
+    static ImportResult Success(ImportedBuilding building);
+    static ImportResult Failure(ImportError code, std::string sentence);
+
+    [[nodiscard]] bool IsOk() const { return building.has_value(); }
+    [[nodiscard]] ImportError Code() const { return code; }
+    [[nodiscard]] const std::string& Sentence() const { return sentence; }
+    /// Only where IsOk.
+    [[nodiscard]] const ImportedBuilding& Building() const& { return *building; }
+    [[nodiscard]] ImportedBuilding&& TakeBuilding() && { return std::move(*building); }
+
+private:
+    std::optional<ImportedBuilding> building;
+    ImportError code = ImportError::None;
+    std::string sentence;
+};
+
+/// Called now and then with the finished share, 0 to 1, never decreasing; false stops the import.
+using ImportProgress = std::function<bool(double)>;
+
+/// The child program beside the running executable.
+[[nodiscard]] std::filesystem::path DefaultReaderProgram();
+
+/// Reads FILE. Blocks until done; leaves no child behind. Thread-safe. Does not throw for what the file holds.
+ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportLimits& limits = {},
+                         const ImportProgress& progress = {},
+                         const std::filesystem::path& readerProgram = DefaultReaderProgram());
+
+} // namespace workbench::ifc

@@ -1,0 +1,118 @@
+// What the import of a building model yields: plain values in SI units, elements with their material components, and
+// the lists of everything that was left out, doubted or missing. Knows neither the reading library nor the project
+// file.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace workbench::ifc {
+
+/// The host's element type numbers.
+enum class ElementKind : std::int32_t {
+    Wall = 1,
+    Column = 2,
+    Beam = 3,
+    Window = 4,
+    Door = 5,
+    Object = 6,
+    Slab = 8,
+    Roof = 9,
+    Mesh = 10,
+    CurtainWall = 37,
+    Shell = 43,
+    Skylight = 44,
+    Morph = 45,
+    Stair = 47,
+    Railing = 51
+};
+
+/// Where a volume or an area comes from.
+enum class QuantitySource : std::uint8_t {
+    None,           ///< neither stated nor computable; the quantity is 0
+    StatedNet,      ///< the file's own NetVolume, NetSideArea or NetArea
+    StatedGross,    ///< the file's own GrossVolume, GrossSideArea or GrossArea
+    Geometry,       ///< closed meshes, openings subtracted; for an area half the surface of the geometry
+    ShellThickness, ///< volume of an open shell: its area times the total layer thickness
+    LayerThickness  ///< area: volume divided by the total layer thickness
+};
+
+/// The name of the component's material where the file gives an element none; exactly one entry of
+/// ImportedBuilding::materials carries it, and only where it is used.
+inline constexpr const char* noMaterialName = "(no material)";
+/// The layer of elements that the file puts on no presentation layer.
+inline constexpr const char* noLayerName = "(no layer)";
+
+struct ImportedMaterial {
+    std::string name;                     ///< UTF-8, unique in the building (equal names are one material)
+    std::optional<double> densityKgPerM3; ///< the file's MassDensity, > 0
+};
+
+struct ImportedStorey {
+    std::string name;
+    double elevationM = 0.0;
+};
+
+/// One material's share of an element.
+struct ImportedComponent {
+    std::size_t material = 0; ///< index into ImportedBuilding::materials
+    double volumeM3 = 0.0;    ///< >= 0
+    double areaM2 = 0.0;      ///< >= 0; for layers the full area of the element
+};
+
+struct ImportedElement {
+    std::string globalId; ///< 22 characters in a proper file; kept as written, may repeat in a broken one
+    std::string name;
+    std::string ifcType; ///< as the schema writes it: "IfcWallStandardCase"
+    ElementKind kind = ElementKind::Object;
+    std::size_t layer = 0;                     ///< index into ImportedBuilding::layers
+    std::optional<std::size_t> storey;         ///< index into ImportedBuilding::storeys
+    std::vector<ImportedComponent> components; ///< empty for doors and windows; never empty for other elements
+    double volumeM3 = 0.0;
+    double areaM2 = 0.0;
+    QuantitySource volumeSource = QuantitySource::None;
+    QuantitySource areaSource = QuantitySource::None;
+    std::optional<double> statedVolumeM3;   ///< as the file says it, net before gross, also where it is not used
+    std::optional<double> geometryVolumeM3; ///< where it was computed
+    std::optional<double> overallWidthM;    ///< doors and windows
+    std::optional<double> overallHeightM;   ///< doors and windows
+};
+
+/// An element named in a list of findings.
+struct ImportFinding {
+    std::string globalId;
+    std::string ifcType;
+    std::string name;
+};
+
+/// A stated volume that was off by more than a factor of two; the geometry's volume is used in its place.
+struct VolumeCorrection {
+    ImportFinding element;
+    double statedM3 = 0.0;
+    double geometryM3 = 0.0;
+};
+
+enum class FloorAreaSource : std::uint8_t { None, Building, SpacesGross, SpacesNet, SpacesMixed };
+
+struct ImportedBuilding {
+    std::string schema;      ///< as in the header: "IFC2X3", "IFC4"
+    std::string projectName; ///< may be empty
+    std::vector<std::string> layers;
+    std::vector<ImportedStorey> storeys; ///< by elevation
+    std::vector<ImportedMaterial> materials;
+    std::vector<ImportedElement> elements;  ///< in the order of the file's entity numbers
+    std::map<std::string, int> leftOut;     ///< furnishing, distribution ...: how many by IFC type
+    std::vector<ImportFinding> sumsOfParts; ///< aggregates whose parts carry the quantities; no element of their own
+    std::vector<ImportFinding> withoutQuantity;
+    std::vector<ImportFinding> withoutMaterial;
+    std::vector<VolumeCorrection> correctedVolumes;
+    std::optional<double> grossFloorAreaM2;
+    FloorAreaSource grossFloorAreaSource = FloorAreaSource::None;
+    double metresPerLengthUnit = 1.0;
+    std::vector<std::string> warnings; ///< whole sentences: missing units, unreadable geometry, ignored values
+};
+
+} // namespace workbench::ifc

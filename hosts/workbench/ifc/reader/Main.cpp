@@ -1,0 +1,114 @@
+// kelvarnix-ifc-reader: reads one IFC file with the reading library and writes what it holds to descriptor 3. It is
+// started by the import with limits on memory and time and may die of a hostile file; nothing else should start it.
+//   kelvarnix-ifc-reader FILE [--skip=ENTITY]... [--no-geometry]
+
+#include <charconv>
+#include <fstream>
+#include <new>
+#include <string>
+#include <string_view>
+#include <unistd.h>
+
+#include "ElementReader.h"
+#include "LibraryModel.h"
+#include "workbench/ifc/ChildProcess.h"
+#include "workbench/ifc/ImportAnswer.h"
+
+namespace {
+
+using namespace workbench::ifc;
+
+/// One element's geometry may take this long before the reader gives itself up and is started again without it.
+constexpr unsigned longestGeometrySeconds = 30;
+/// How the time goes: reading the text up to here, then the elements.
+constexpr double shareOfReading = 0.6;
+
+void Send(std::string_view frame) {
+    while (!frame.empty()) {
+        const ssize_t written = write(answerDescriptor, frame.data(), frame.size());
+        if (written <= 0) _exit(exitNoAnswerPipe);
+        frame.remove_prefix(static_cast<std::size_t>(written));
+    }
+}
+
+struct Command {
+    std::string file;
+    ReadOptions options;
+};
+
+std::optional<Command> ParseCommand(int count, char** words) {
+    Command command;
+    for (int i = 1; i < count; ++i) {
+        const std::string_view word = words[i];
+        if (i == 1) {
+            command.file = word;
+        } else if (word == "--no-geometry") {
+            command.options.geometry = false;
+        } else if (word.starts_with("--skip=")) {
+            int number = 0;
+            const auto end = std::from_chars(word.data() + 7, word.data() + word.size(), number);
+            if (end.ec != std::errc()) return std::nullopt;
+            command.options.skipped.insert(number);
+        } else {
+            return std::nullopt;
+        }
+    }
+    return command.file.empty() ? std::nullopt : std::optional(command);
+}
+
+std::optional<PreparedStep> ReadText(const std::string& path, StepProblem& problem) {
+    std::ifstream stream(path, std::ios::binary | std::ios::ate);
+    const std::streamoff size = stream ? static_cast<std::streamoff>(stream.tellg()) : -1;
+    problem = {ImportError::NotReadable, "cannot be read", "Check its permissions."};
+    if (size < 0) return std::nullopt;
+    std::string text(static_cast<std::size_t>(size), '\0');
+    stream.seekg(0);
+    if (!stream.read(text.data(), size)) return std::nullopt;
+    return PrepareStep(text, problem);
+}
+
+void Run(const Command& command) {
+    StepProblem problem;
+    auto step = ReadText(command.file, problem);
+    if (!step) {
+        Send(EncodeRefusal(problem));
+        return;
+    }
+    Send(EncodeProgress(0.1));
+    const LibraryModel model(std::move(*step));
+    Send(EncodeProgress(shareOfReading));
+    const ReadListener listener{
+        [](double share) { Send(EncodeProgress(shareOfReading + (1.0 - shareOfReading) * share)); },
+        [](std::int32_t entity) {
+            Send(EncodeWorking(entity));
+            alarm(entity == 0 ? 0 : longestGeometrySeconds);
+        }};
+    Send(EncodeBuilding(ReadBuilding(model, command.options, listener)));
+}
+
+} // namespace
+
+#if defined(__SANITIZE_ADDRESS__)
+/// The reading library is not instrumented and keeps circles of owners; its leaks end with this process.
+extern "C" const char* __asan_default_options() {
+    return "detect_leaks=0";
+}
+#endif
+
+int main(int count, char** words) {
+    std::set_new_handler([] { _exit(exitOutOfMemory); });
+    const auto command = ParseCommand(count, words);
+    if (!command) return exitUsage;
+    try {
+        Run(*command);
+    } catch (const std::bad_alloc&) {
+        _exit(exitOutOfMemory);
+    } catch (const std::exception& failure) {
+        Send(EncodeRefusal({ImportError::Damaged, std::string("cannot be understood (") + failure.what() + ")",
+                            "Export it again from the program that made it."}));
+    } catch (...) {
+        Send(EncodeRefusal(
+            {ImportError::Damaged, "cannot be understood", "Export it again from the program that made it."}));
+    }
+    _exit(exitDone); // tearing the model down would take as long as building it
+}
