@@ -1,0 +1,34 @@
+// The commands of the program. Each prints its result on standard output and notes on standard error.
+#pragma once
+
+#include "workbench/cli/Outcome.h"
+
+#include <string>
+#include <vector>
+
+namespace workbench::cli {
+
+struct AssessOptions {
+    std::string model;
+    std::string materials; ///< path of a material table; empty: none
+    std::vector<std::string> sets;
+    std::string settings; ///< path of a settings file; empty: none
+    std::vector<std::string> elements;
+    std::string save; ///< path of a project file; empty: not saved
+    std::string json; ///< path, or "-" for standard output; empty: none
+    bool isStrict = false;
+    bool isQuiet = false;
+};
+
+Outcome RunAssess(const AssessOptions& options);
+Outcome RunInfo(const std::string& model);
+/// output empty: standard output
+Outcome RunMaterials(const std::string& model, const std::string& output);
+Outcome RunRecord(const std::string& project, const std::string& json);
+
+/// To a file, or to standard output for "-" or an empty path.
+Outcome WriteOutput(const std::string& path, const std::string& text);
+void PrintNote(const std::string& sentence);
+void PrintWarning(const std::string& sentence);
+
+} // namespace workbench::cli

@@ -1,0 +1,29 @@
+// Opens what the user names as MODEL: an IFC file, which becomes a new project, or a project file.
+#pragma once
+
+#include "workbench/cli/Outcome.h"
+#include "workbench/ifc/ImportedBuilding.h"
+#include "workbench/model/Project.h"
+#include "workbench/store/ProjectFile.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace workbench::cli {
+
+struct ModelInput {
+    std::unique_ptr<Project> project;
+    std::optional<ifc::ImportedBuilding> building; ///< of an IFC file: its findings; the elements are in the project
+    std::vector<std::string> warnings;             ///< whole sentences
+};
+
+bool IsProjectFile(const std::string& path);
+
+/// Shows a progress bar on a terminal when reading takes longer than a second.
+Outcome OpenModel(const std::string& path, KeepChanges keep, ModelInput& input);
+
+/// Findings of the import as sentences, one an element.
+std::vector<std::string> ListFindings(const ifc::ImportedBuilding& building);
+
+} // namespace workbench::cli

@@ -1,0 +1,27 @@
+// Writes what the user states on the command line into the open project, as a person would in the host's own dialogs:
+// material values, element values and the record's stored values, each as one undoable command.
+#pragma once
+
+#include "workbench/cli/ElementSettings.h"
+#include "workbench/cli/MaterialTable.h"
+#include "workbench/cli/Outcome.h"
+#include "workbench/cli/RecordSettings.h"
+#include "workbench/host/WorkbenchHost.h"
+
+namespace workbench::cli {
+
+/// The rows' values go to the building materials, doors and windows that they match.
+Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table);
+
+Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings);
+
+/// floorAreaM2 is offered by the model; it becomes the gross and the reference floor area where neither the settings
+/// nor the project give one. notes gets a sentence when it does.
+Outcome ApplyRecordSettings(WorkbenchHost& host, const RecordSettings& settings, std::optional<double> floorAreaM2,
+                            const std::string& floorAreaSource, std::vector<std::string>& notes);
+
+/// Materials with a quantity and without GWP, doors and windows without GWP, and kg materials without density: one
+/// sentence each.
+std::vector<std::string> ListMissingValues(const Model& model);
+
+} // namespace workbench::cli

@@ -1,0 +1,161 @@
+#include "workbench/cli/Text.h"
+
+#include <unistd.h>
+
+#include <array>
+#include <charconv>
+#include <cstdio>
+#include <fstream>
+#include <iterator>
+#include <optional>
+
+namespace workbench::cli {
+
+namespace {
+
+/// The code point at the position, which moves behind it; none where the bytes are no UTF-8.
+std::optional<char32_t> TakeCodePoint(std::string_view text, std::size_t& position) {
+    const auto lead = static_cast<unsigned char>(text[position]);
+    const std::size_t length = lead < 0x80 ? 1 : lead >= 0xF0 ? 4 : lead >= 0xE0 ? 3 : lead >= 0xC2 ? 2 : 0;
+    if (length == 0 || lead > 0xF4 || position + length > text.size()) return std::nullopt;
+    static constexpr std::array<unsigned char, 5> leadBits = {0, 0x7F, 0x1F, 0x0F, 0x07};
+    char32_t point = lead & leadBits[length];
+    for (std::size_t i = 1; i < length; ++i) {
+        const auto next = static_cast<unsigned char>(text[position + i]);
+        if ((next & 0xC0) != 0x80) return std::nullopt;
+        point = (point << 6) | (next & 0x3FU);
+    }
+    static constexpr std::array<char32_t, 5> smallest = {0, 0, 0x80, 0x800, 0x10000};
+    if (point < smallest[length] || point > 0x10FFFF || (point >= 0xD800 && point <= 0xDFFF)) return std::nullopt;
+    position += length;
+    return point;
+}
+
+void AppendCodePoint(std::string& text, char32_t point) {
+    if (point < 0x80) {
+        text += static_cast<char>(point);
+    } else if (point < 0x800) {
+        text += static_cast<char>(0xC0 | (point >> 6));
+        text += static_cast<char>(0x80 | (point & 0x3F));
+    } else if (point < 0x10000) {
+        text += static_cast<char>(0xE0 | (point >> 12));
+        text += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        text += static_cast<char>(0x80 | (point & 0x3F));
+    } else {
+        text += static_cast<char>(0xF0 | (point >> 18));
+        text += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+        text += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
+        text += static_cast<char>(0x80 | (point & 0x3F));
+    }
+}
+
+/// Simple case folding of Latin, Greek and Cyrillic letters, where building materials are named.
+char32_t FoldLetter(char32_t c) {
+    if (c >= 'A' && c <= 'Z') return c + 32;
+    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F))
+        return c + 32;
+    if (c >= 0x400 && c <= 0x40F) return c + 80;
+    if (c == 0x178) return 0xFF;
+    const bool isEvenUpper = (c >= 0x100 && c <= 0x12F) || (c >= 0x132 && c <= 0x137) || (c >= 0x14A && c <= 0x177);
+    const bool isOddUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
+    if ((isEvenUpper && c % 2 == 0) || (isOddUpper && c % 2 == 1)) return c + 1;
+    return c;
+}
+
+} // namespace
+
+bool IsUtf8(std::string_view text) {
+    for (std::size_t position = 0; position < text.size();)
+        if (!TakeCodePoint(text, position)) return false;
+    return true;
+}
+
+std::size_t CountLetters(std::string_view text) {
+    std::size_t letters = 0;
+    for (const char byte : text)
+        letters += (static_cast<unsigned char>(byte) & 0xC0) != 0x80 ? 1 : 0;
+    return letters;
+}
+
+std::string FoldCase(std::string_view text) {
+    std::string folded;
+    for (std::size_t position = 0; position < text.size();) {
+        const std::optional<char32_t> point = TakeCodePoint(text, position);
+        if (point)
+            AppendCodePoint(folded, FoldLetter(*point));
+        else
+            folded += text[position++];
+    }
+    return folded;
+}
+
+bool MatchesPattern(std::string_view text, std::string_view pattern) {
+    std::size_t t = 0, p = 0, star = std::string_view::npos, resume = 0;
+    while (t < text.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            resume = t;
+        } else if (p < pattern.size() && pattern[p] == text[t]) {
+            ++p;
+            ++t;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            t = ++resume;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == '*')
+        ++p;
+    return p == pattern.size();
+}
+
+bool ReadFile(const std::string& path, std::string& content) {
+    std::ifstream file(path, std::ios::binary);
+    if (!file) return false;
+    content.assign(std::istreambuf_iterator<char>(file), {});
+    return !file.bad();
+}
+
+bool WriteFile(const std::string& path, const std::string& content) {
+    const std::string unfinished = path + ".new-" + std::to_string(getpid());
+    std::FILE* file = std::fopen(unfinished.c_str(), "wb");
+    if (file == nullptr) return false;
+    bool isWhole = std::fwrite(content.data(), 1, content.size(), file) == content.size();
+    isWhole = std::fclose(file) == 0 && isWhole;
+    if (isWhole && std::rename(unfinished.c_str(), path.c_str()) == 0) return true;
+    std::remove(unfinished.c_str());
+    return false;
+}
+
+std::string AlignColumns(const std::vector<std::vector<std::string>>& rows, const std::vector<Align>& alignment) {
+    std::vector<std::size_t> widths(alignment.size(), 0);
+    for (const auto& row : rows)
+        for (std::size_t i = 0; i < row.size() && i < widths.size(); ++i)
+            widths[i] = std::max(widths[i], CountLetters(row[i]));
+    std::string lines;
+    for (const auto& row : rows) {
+        std::string line;
+        for (std::size_t i = 0; i < row.size() && i < widths.size(); ++i) {
+            const std::string blanks(widths[i] - CountLetters(row[i]), ' ');
+            if (i > 0) line += "  ";
+            line += alignment[i] == Align::Right ? blanks + row[i] : row[i] + blanks;
+        }
+        line.erase(line.find_last_not_of(' ') + 1);
+        lines += line + "\n";
+    }
+    return lines;
+}
+
+std::string FormatShort(double value, int decimals) {
+    char buffer[400];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+    std::string text(buffer, result.ptr);
+    if (text.find('.') != std::string::npos) {
+        text.erase(text.find_last_not_of('0') + 1);
+        if (text.back() == '.') text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
+}
+
+} // namespace workbench::cli

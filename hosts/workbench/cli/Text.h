@@ -1,0 +1,31 @@
+// Names and texts as people write them: folding for comparison, patterns, columns, UTF-8.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace workbench::cli {
+
+bool IsUtf8(std::string_view text);
+/// Number of code points, which is what a terminal column holds of the names at hand.
+std::size_t CountLetters(std::string_view text);
+/// Lower case of every letter that has one; the text must be UTF-8.
+std::string FoldCase(std::string_view text);
+/// Whole-text match where "*" stands for any run of letters. Both texts folded by the caller.
+bool MatchesPattern(std::string_view text, std::string_view pattern);
+
+/// A file's bytes; none when it cannot be read.
+bool ReadFile(const std::string& path, std::string& content);
+/// Writes beside the target and renames, so that an older file stays whole. False when it cannot be written.
+bool WriteFile(const std::string& path, const std::string& content);
+
+enum class Align { Left, Right };
+
+/// Rows of cells as lines of aligned columns, two blanks apart.
+std::string AlignColumns(const std::vector<std::vector<std::string>>& rows, const std::vector<Align>& alignment);
+
+/// A number for people: at most `decimals` places, no trailing zeros.
+std::string FormatShort(double value, int decimals);
+
+} // namespace workbench::cli

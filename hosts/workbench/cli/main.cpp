@@ -1,0 +1,108 @@
+// kelvarnix: the workbench on the command line.
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/Text.h"
+
+#include <CLI/CLI.hpp>
+
+#include <cstdio>
+#include <exception>
+
+namespace workbench::cli {
+
+Outcome WriteOutput(const std::string& path, const std::string& text) {
+    if (path.empty() || path == "-") {
+        const bool isWritten =
+            std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
+        return isWritten ? Outcome()
+                         : Failure{OutputUnwritable, "standard output cannot be written; check where it goes"};
+    }
+    if (WriteFile(path, text)) return {};
+    return Failure{OutputUnwritable, path + ": the file cannot be written; check the folder, its rights and the disk"};
+}
+
+void PrintNote(const std::string& sentence) {
+    std::fprintf(stderr, "note: %s\n", sentence.c_str());
+}
+
+void PrintWarning(const std::string& sentence) {
+    std::fprintf(stderr, "warning: %s\n", sentence.c_str());
+}
+
+namespace {
+
+struct Arguments {
+    AssessOptions assess;
+    std::string model;
+    std::string output;
+    std::string json;
+};
+
+void AddAssess(CLI::App& app, Arguments& arguments) {
+    AssessOptions& options = arguments.assess;
+    CLI::App* command = app.add_subcommand("assess", "Assess a building and print its category table");
+    command->add_option("MODEL", options.model, "The building: an .ifc or a .kvp file")->required();
+    command->add_option("--materials", options.materials, "Material table (CSV): GWP of materials, doors and windows");
+    command->add_option("--set", options.sets, "KEY=VALUE: a setting of the project record")->allow_extra_args(false);
+    command->add_option("--settings", options.settings, "Settings file: lines KEY = VALUE, # comments");
+    command->add_option("--element", options.elements, "GUID:KEY=VALUE: INCLUDE, GWPPERCENTAGE or GWP of an element")
+        ->allow_extra_args(false);
+    command->add_option("--save", options.save, "Save the project to this .kvp file");
+    command->add_option("--json", options.json, "Write the results as JSON to this file, - for standard output");
+    command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing");
+    command->add_flag("--quiet", options.isQuiet, "No table, no warnings");
+}
+
+void AddOverviews(CLI::App& app, Arguments& arguments) {
+    const auto addModel = [&](CLI::App* command) {
+        command->add_option("MODEL", arguments.model, "The building: an .ifc or a .kvp file")->required();
+    };
+    addModel(app.add_subcommand("info", "Elements, materials and what is missing"));
+    CLI::App* materials = app.add_subcommand("materials", "A material table of this model to fill in");
+    addModel(materials);
+    materials->add_option("--out", arguments.output, "Write the table to this file");
+    CLI::App* record = app.add_subcommand("record", "Every stored setting of a project and what it is read as");
+    record->add_option("PROJECT", arguments.model, "A .kvp file")->required();
+    record->add_option("--json", arguments.json, "Write JSON to this file, - for standard output");
+}
+
+Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
+    if (app.got_subcommand("assess")) return RunAssess(arguments.assess);
+    if (app.got_subcommand("info")) return RunInfo(arguments.model);
+    if (app.got_subcommand("materials")) return RunMaterials(arguments.model, arguments.output);
+    return RunRecord(arguments.model, arguments.json);
+}
+
+int Run(int argc, char** argv) {
+    CLI::App app("Kelvarnix: global-warming potential of a building over its life cycle");
+    app.footer(
+        "Exit codes: 0 done, 2 usage, 3 input missing or unreadable, 4 findings under --strict, 5 output cannot be "
+        "written.");
+    app.require_subcommand(1);
+    Arguments arguments;
+    AddAssess(app, arguments);
+    AddOverviews(app, arguments);
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        if (error.get_exit_code() == 0) return app.exit(error);
+        std::fprintf(stderr, "kelvarnix: %s; see kelvarnix --help\n", error.what());
+        return UsageError;
+    }
+    const Outcome failure = RunCommand(app, arguments);
+    if (!failure) return Done;
+    std::fprintf(stderr, "kelvarnix: %s\n", failure->sentence.c_str());
+    return failure->code;
+}
+
+} // namespace
+
+} // namespace workbench::cli
+
+int main(int argc, char** argv) {
+    try {
+        return workbench::cli::Run(argc, argv);
+    } catch (const std::exception& failure) {
+        std::fprintf(stderr, "kelvarnix: the program cannot go on (%s); free memory and try again\n", failure.what());
+    }
+    return workbench::cli::InputUnreadable;
+}
