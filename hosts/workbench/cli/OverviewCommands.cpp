@@ -10,6 +10,7 @@
 
 #include <nlohmann/json.hpp>
 
+#include <algorithm>
 #include <map>
 #include <set>
 
@@ -58,16 +59,80 @@ std::string DescribeBuilding(const ifc::ImportedBuilding& building) {
     return text;
 }
 
-std::string GetCell(const lca::MaterialGWP& gwp) {
-    return gwp.plain ? lca::WriteDecimal(*gwp.plain) : std::string();
+/// What a material's row of the table says; the stored values where the project has some.
+struct MaterialCells {
+    std::string name;
+    std::string unit = "m3";
+    lca::MaterialGWP gwp;
+    std::string serviceLife;
+    std::string density;
+};
+
+MaterialCells ReadMaterialCells(const Model& model, const host::BuildingMaterial& material) {
+    MaterialCells cells;
+    cells.name = QuoteCell(material.name);
+    cells.gwp = lca::DecodeMaterialGWP(GetMaterialGWPText(model, material.index));
+    if (material.densityKgM3 > 0.0) cells.density = lca::WriteDecimal(material.densityKgM3);
+    const Model::Values* values = model.FindMaterialValues(material.index);
+    const host::PropertyDefinition* unit = FindLCADefinition(model, lca::PropertyKey::UnitType);
+    const host::PropertyDefinition* life = FindLCADefinition(model, lca::PropertyKey::ServiceYear);
+    if (values == nullptr || unit == nullptr || life == nullptr) return cells;
+    if (const auto value = values->find(unit->guid); value != values->end())
+        for (const host::PropertyOption& option : unit->options)
+            if (option.key == value->second.guid) cells.unit = option.text;
+    if (const auto value = values->find(life->guid); value != values->end() && value->second.integer > 0)
+        cells.serviceLife = std::to_string(value->second.integer);
+    return cells;
 }
 
-void AddOpenings(const Model& model, host::ElementType type, const char* appliesTo, std::string& table) {
+/// The GWP cell, or one cell by phase: a plain number then stands under the first used phase, where dialogs show it
+/// too.
+std::string WriteGWPCells(const lca::MaterialGWP& gwp, const std::vector<std::string>& phases,
+                          const std::string& firstUsed) {
+    if (phases.empty()) return gwp.plain ? lca::WriteDecimal(*gwp.plain) : std::string();
+    std::string cells;
+    for (const std::string& phase : phases) {
+        if (&phase != &phases.front()) cells += ";";
+        if (gwp.plain && phase == firstUsed) cells += lca::WriteDecimal(*gwp.plain);
+        for (const auto& [name, value] : gwp.byPhase)
+            if (name == phase) cells += lca::WriteDecimal(value);
+    }
+    return cells;
+}
+
+std::vector<MaterialCells> ListMaterialCells(const Model& model) {
+    const std::vector<MaterialQuantity> sums = SumMaterialQuantities(model);
+    std::vector<MaterialCells> list;
+    for (const host::BuildingMaterial& material : model.GetBuildingMaterials())
+        if (sums[static_cast<std::size_t>(material.index.value - 1)].components > 0)
+            list.push_back(ReadMaterialCells(model, material));
+    return list;
+}
+
+/// Empty where every material has one number or none: the table then has one GWP column.
+std::vector<std::string> ListPhaseColumns(const std::vector<MaterialCells>& materials) {
+    for (const MaterialCells& cells : materials)
+        if (!cells.gwp.byPhase.empty()) return {"A1-A3", "A4", "B1", "C1", "C2", "C3", "C4", "D"};
+    return {};
+}
+
+std::string GetFirstUsedPhase(const Model& model) {
+    std::vector<std::string> phases = ReadRecord(model).usedPhases;
+    return phases.empty() ? "A1-A3" : *std::min_element(phases.begin(), phases.end());
+}
+
+void AddOpenings(const Model& model, host::ElementType type, const char* appliesTo, const std::string& noGWP,
+                 std::string& table) {
     std::set<std::string> names;
     for (const Element& element : model.GetElements())
         if (element.type == type) names.insert(element.name);
     for (const std::string& name : names)
-        table += std::string(appliesTo) + ";" + QuoteCell(name.empty() ? "*" : name) + ";piece;;;\n";
+        table.append(appliesTo)
+            .append(";")
+            .append(QuoteCell(name.empty() ? "*" : name))
+            .append(";piece;")
+            .append(noGWP)
+            .append(";;\n");
 }
 
 std::string DescribeReading(lca::PropertyKey key, const lca::StoredValue& stored) {
@@ -112,16 +177,28 @@ Outcome RunMaterials(const std::string& path, const std::string& output) {
     ModelInput input;
     if (Outcome failure = OpenModel(path, KeepChanges::InMemory, input)) return failure;
     const Model& model = input.project->model;
-    const std::vector<MaterialQuantity> sums = SumMaterialQuantities(model);
-    std::string table = std::string(MaterialTableHeader) + "\n";
-    for (const host::BuildingMaterial& material : model.GetBuildingMaterials()) {
-        if (sums[static_cast<std::size_t>(material.index.value - 1)].components == 0) continue;
-        const lca::MaterialGWP gwp = lca::DecodeMaterialGWP(GetMaterialGWPText(model, material.index));
-        table += "material;" + QuoteCell(material.name) + ";m3;" + GetCell(gwp) + ";;" +
-                 (material.densityKgM3 > 0.0 ? lca::WriteDecimal(material.densityKgM3) : std::string()) + "\n";
-    }
-    AddOpenings(model, host::ElementType::Door, "door", table);
-    AddOpenings(model, host::ElementType::Window, "window", table);
+    const std::vector<MaterialCells> materials = ListMaterialCells(model);
+    const std::vector<std::string> phases = ListPhaseColumns(materials);
+    std::string gwpColumns = phases.empty() ? "gwp" : "";
+    for (const std::string& phase : phases)
+        gwpColumns.append(gwpColumns.empty() ? "" : ";").append(phase);
+    std::string table = "applies_to;name;unit;" + gwpColumns + ";service_life;density\n";
+    const std::string firstUsed = GetFirstUsedPhase(model);
+    for (const MaterialCells& cells : materials)
+        table.append("material;")
+            .append(cells.name)
+            .append(";")
+            .append(cells.unit)
+            .append(";")
+            .append(WriteGWPCells(cells.gwp, phases, firstUsed))
+            .append(";")
+            .append(cells.serviceLife)
+            .append(";")
+            .append(cells.density)
+            .append("\n");
+    const std::string noGWP(phases.empty() ? 0 : phases.size() - 1, ';');
+    AddOpenings(model, host::ElementType::Door, "door", noGWP, table);
+    AddOpenings(model, host::ElementType::Window, "window", noGWP, table);
     return WriteOutput(output, table);
 }
 

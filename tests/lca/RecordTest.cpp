@@ -1,0 +1,92 @@
+// The record's rules for floor quantities, and loading it from stored values.
+#include "lca/RecordEncodings.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+using lca::FloorQuantity;
+using lca::FloorSource;
+using lca::LCAProjectData;
+using lca::PropertyKey;
+
+/// Loads what a record stores into another one, in any order of the definitions.
+LCAProjectData Reload(const LCAProjectData& record, bool reversed) {
+    LCAProjectData loaded;
+    lca::BeginLoad(loaded);
+    for (std::size_t step = lca::FirstProjectKey; step < lca::PropertyKeyCount; ++step) {
+        const std::size_t index = reversed ? lca::PropertyKeyCount - 1 - (step - lca::FirstProjectKey) : step;
+        const auto key = static_cast<PropertyKey>(index);
+        lca::StoredValue stored;
+        stored.description = lca::WriteMarker(key);
+        lca::WriteStoredValue(key, record, stored);
+        lca::ReadStoredValue(key, stored, loaded);
+    }
+    return loaded;
+}
+
+LCAProjectData MakeFullRecord() {
+    LCAProjectData record;
+    record.consideredServiceLifeYears = 60;
+    record.standardsUnit = lca::GWPUnitType::PerArea;
+    record.standards = {{"A", 1}, {"B", 2.5}};
+    record.usedPhases = {"D", "A4"};
+    for (const FloorQuantity quantity : lca::AllFloorQuantities) {
+        const double number = 10.0 * (static_cast<int>(quantity) + 1);
+        record.SetFloorValue(quantity, FloorSource::EnergyEvaluation, number + 0.5);
+        record.SetFloorValue(quantity, FloorSource::ByHand, number);
+        record.SetFloorChoice(quantity, static_cast<int>(quantity) % 2 == 0 ? FloorSource::EnergyEvaluation
+                                                                            : FloorSource::ByHand);
+    }
+    record.contributionGWP[lca::ElementCategory::Inventory] = 42;
+    record.contributionEnabled[lca::ElementCategory::Inventory] = false;
+    record.elementLives[lca::ElementCategory::Doors] = 33;
+    record.elementColours[lca::ElementCategory::Windows] = 0xFF0A0B0C;
+    return record;
+}
+
+TEST(Record, SurvivesStoringWhateverTheOrder) {
+    const LCAProjectData record = MakeFullRecord();
+    EXPECT_TRUE(Reload(record, false) == record);
+    EXPECT_TRUE(Reload(record, true) == record);
+}
+
+TEST(Record, PlainValuesFillEmptyMaps) {
+    LCAProjectData record;
+    lca::BeginLoad(record);
+    lca::StoredValue stored;
+    stored.real = 150;
+    lca::ReadStoredValue(PropertyKey::GrossFloorArea, stored, record);
+    lca::ReadStoredValue(PropertyKey::ReferenceFloorArea, stored, record);
+    EXPECT_EQ(record.evaluatedFloorValues.count(FloorQuantity::GrossFloorArea), 1U);
+    EXPECT_EQ(record.evaluatedFloorValues.count(FloorQuantity::ReferenceFloorArea), 0U);
+    EXPECT_EQ(record.enteredFloorValues.at(FloorQuantity::ReferenceFloorArea), 150);
+}
+
+TEST(Record, FloorValueComesFromTheChosenMapOrThePlainField) {
+    LCAProjectData record;
+    record.SetPlainValue(FloorQuantity::OperationalEmission, 7);
+    EXPECT_EQ(record.GetFloorValue(FloorQuantity::OperationalEmission, FloorSource::EnergyEvaluation), 7);
+    record.SetFloorValue(FloorQuantity::OperationalEmission, FloorSource::ByHand, 8);
+    EXPECT_EQ(record.GetFloorValue(FloorQuantity::OperationalEmission, FloorSource::ByHand), 8);
+    // Setting by hand renewed the plain field; the other map is never taken in place of the chosen one.
+    record.SetFloorValue(FloorQuantity::OperationalEmission, FloorSource::ByHand, 9);
+    record.SetPlainValue(FloorQuantity::OperationalEmission, 1);
+    EXPECT_EQ(record.GetFloorValue(FloorQuantity::OperationalEmission, FloorSource::EnergyEvaluation), 1);
+}
+
+TEST(Record, ReferenceAreaFromTheEvaluationIsTheGrossArea) {
+    LCAProjectData record;
+    record.SetFloorValue(FloorQuantity::GrossFloorArea, FloorSource::EnergyEvaluation, 200);
+    record.SetFloorValue(FloorQuantity::GrossFloorArea, FloorSource::ByHand, 180);
+    record.SetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::ByHand, 100);
+    const auto reference = [&] {
+        return record.GetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::EnergyEvaluation);
+    };
+    EXPECT_EQ(reference(), 180); // the gross area has no choice yet: by hand
+    record.SetFloorChoice(FloorQuantity::GrossFloorArea, FloorSource::EnergyEvaluation);
+    EXPECT_EQ(reference(), 200);
+    EXPECT_EQ(record.GetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::ByHand), 100);
+}
+
+} // namespace
