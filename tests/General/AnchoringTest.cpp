@@ -1,0 +1,86 @@
+// Resize arithmetic. Expected rectangles and sizes are computed by hand.
+#include "General/ResizeAnchoring.h"
+
+#include <gtest/gtest.h>
+
+#include "support/NullHost.h"
+
+#include <map>
+
+namespace {
+
+using General::AnchorFactors;
+using host::Rectangle;
+
+struct AnchorCase {
+    const char* name;
+    AnchorFactors factors;
+    int widthChange, heightChange;
+    Rectangle expected; ///< of an item at 10, 20 of 100 x 40
+};
+
+class AnchoredTest : public testing::TestWithParam<AnchorCase> {};
+
+TEST_P(AnchoredTest, FollowsItsFactors) {
+    const AnchorCase& one = GetParam();
+    EXPECT_TRUE(General::ComputeAnchored({10, 20, 100, 40}, one.factors, one.widthChange, one.heightChange) ==
+                one.expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Items, AnchoredTest,
+                         testing::Values(AnchorCase{"Fixed", {0, 0, 0, 0}, 50, 30, {10, 20, 100, 40}},
+                                         AnchorCase{"BottomRight", {1, 1, 0, 0}, 50, -30, {60, -10, 100, 40}},
+                                         AnchorCase{
+                                             "QuarterAndThreeQuarters", {0.25, 0, 0.75, 1}, 50, 30, {22, 20, 137, 70}},
+                                         AnchorCase{"Shrinks", {0, 0, 0.25, 1}, -50, -30, {10, 20, 87, 10}}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(MinimumExtent, KeepsEighteenPixels) {
+    EXPECT_EQ(General::ComputeMinimumExtent(550, 230, 1.0), 338);   // 550 - (230 - 18)
+    EXPECT_EQ(General::ComputeMinimumExtent(900, 350, 0.25), -428); // 900 - 332 / 0.25
+    EXPECT_EQ(General::ComputeMinimumExtent(900, 10, 1.0), 900);    // smaller than 18 already: cannot shrink
+    EXPECT_EQ(General::ComputeMinimumExtent(900, 350, 0.0), 0);
+}
+
+/// Rectangles of items and the size of one dialog.
+class DialogFake : public test::NullDialogs, public test::NullDialogItems {
+public:
+    host::Size ReadSize(host::DialogId) override { return size; }
+    void SetMinimumSize(host::DialogId, host::Size least) override { minimum = least; }
+    Rectangle ReadRectangle(host::DialogId, std::int16_t item) override { return items[item]; }
+    void SetRectangle(host::DialogId, std::int16_t item, const Rectangle& rectangle) override {
+        items[item] = rectangle;
+    }
+
+    host::Size size{900, 550};
+    host::Size minimum;
+    std::map<std::int16_t, Rectangle> items{{1, {10, 260, 350, 230}}, {2, {370, 260, 520, 230}}};
+};
+
+TEST(ResizeAnchoring, AtTheMinimumEveryGrowingItemKeepsEighteenPixels) {
+    DialogFake fake;
+    test::NullHost host;
+    host.dialogs = &fake;
+    host.dialogItems = &fake;
+    General::ResizeAnchoring anchoring(host);
+    anchoring.Register({1}, 1, {0, 0, 0.25, 1});
+    anchoring.Register({1}, 2, {0.25, 0, 0.75, 1});
+    EXPECT_EQ(fake.minimum.width, 231); // 900 - (520 - 18) / 0.75, rounded up
+    EXPECT_EQ(fake.minimum.height, 338);
+    fake.size = fake.minimum;
+    anchoring.Apply({1});
+    for (const auto& [item, rectangle] : fake.items) {
+        EXPECT_GE(rectangle.width, 18) << item;
+        EXPECT_GE(rectangle.height, 18) << item;
+    }
+    // Back at the first size everything is where it was: nothing drifts.
+    fake.size = {900, 550};
+    anchoring.Apply({1});
+    EXPECT_TRUE(fake.items[2] == (Rectangle{370, 260, 520, 230}));
+    anchoring.Reset();
+    fake.size = {1000, 600};
+    anchoring.Apply({1});
+    EXPECT_TRUE(fake.items[2] == (Rectangle{370, 260, 520, 230}));
+}
+
+} // namespace

@@ -1,0 +1,214 @@
+// The entry protocol: tables, environment check, registration, initialisation and freeing, with what fails in each.
+#include "src/AddOnContext.h"
+#include "src/Kelvarnix.h"
+
+#include "host/Entry.h"
+
+#include <gtest/gtest.h>
+
+#include "FailingAllocation.h"
+#include "support/NullHost.h"
+
+#include <algorithm>
+#include <map>
+
+extern "C" host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions);
+extern "C" host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions);
+
+namespace {
+
+class RecordingRegistration : public test::NullRegistration {
+public:
+    void KeepInMemory(bool keep) override { calls.push_back(keep ? "keep" : "drop"); }
+    host::ErrorCode RegisterMenu(std::int16_t menu, std::int16_t prompt) override {
+        return Note("menu " + std::to_string(menu) + " " + std::to_string(prompt));
+    }
+    host::ErrorCode RegisterSupportedCommand(std::uint32_t code, std::int32_t version) override {
+        return Note("command " + Letters(code) + " " + std::to_string(version));
+    }
+    host::ErrorCode InstallMenuHandler(std::int16_t menu, host::MenuHandler handler) override {
+        menuHandler = handler;
+        return Note("handler " + std::to_string(menu));
+    }
+    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version, host::CommandHandler) override {
+        return Note("command handler " + Letters(code) + " " + std::to_string(version));
+    }
+    host::ErrorCode InstallProjectEventHandler(std::uint32_t events, host::ProjectEventHandler handler) override {
+        eventHandler = handler;
+        return Note(events == host::AllProjectEvents ? "all events" : "some events");
+    }
+    host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler,
+                                                    const std::set<host::Guid>& sets) override {
+        return Note("reservations " + std::to_string(sets.size()));
+    }
+
+    std::vector<std::string> calls;
+    std::map<std::string, host::ErrorCode> failures; ///< by call
+    host::MenuHandler menuHandler = nullptr;
+    host::ProjectEventHandler eventHandler = nullptr;
+
+private:
+    static std::string Letters(std::uint32_t code) {
+        std::string text;
+        for (int shift = 24; shift >= 0; shift -= 8)
+            text += static_cast<char>((code >> shift) & 255U);
+        return text;
+    }
+    host::ErrorCode Note(const std::string& call) {
+        calls.push_back(call);
+        return failures[call];
+    }
+};
+
+class NumberedTeamwork : public test::NullTeamwork {
+    host::Guid FindLockableSet(const std::string& name) override {
+        host::Guid guid;
+        guid.bytes[0] = name == "ClassificationsAndProperties" ? 1 : name == "BuildingMaterials" ? 2 : 0;
+        return guid;
+    }
+};
+
+class NumberedResources : public test::NullResources {
+    std::string ReadString(std::int16_t list, std::int16_t entry) override {
+        return std::to_string(list) + "/" + std::to_string(entry);
+    }
+};
+
+class EntryTest : public testing::Test {
+protected:
+    void SetUp() override {
+        host.registration = &registration;
+        host.teamwork = &teamwork;
+        host.resources = &resources;
+        host::ImportedFunctions imported;
+        imported.host = &host;
+        ASSERT_EQ(SetImportedFuncAddrs(&imported), host::NoError);
+        ASSERT_EQ(GetExportedFuncAddrs(&module), host::NoError);
+    }
+    void TearDown() override { EXPECT_EQ(module.freeData(), host::NoError); }
+
+    RecordingRegistration registration;
+    NumberedTeamwork teamwork;
+    NumberedResources resources;
+    test::NullHost host;
+    host::ExportedFunctions module;
+};
+
+using Calls = std::vector<std::string>;
+
+TEST_F(EntryTest, TablesOfAnotherStateAreRefused) {
+    host::ImportedFunctions imported;
+    imported.host = &host;
+    imported.version = host::InterfaceVersion + 1;
+    EXPECT_EQ(SetImportedFuncAddrs(&imported), host::Errors::BadParameters);
+    imported = {};
+    EXPECT_EQ(SetImportedFuncAddrs(&imported), host::Errors::BadParameters); // no host
+    EXPECT_EQ(SetImportedFuncAddrs(nullptr), host::Errors::BadParameters);
+    host::ExportedFunctions exported;
+    exported.size += 8;
+    EXPECT_EQ(GetExportedFuncAddrs(&exported), host::Errors::BadParameters);
+    EXPECT_EQ(exported.initialise, nullptr);
+    EXPECT_EQ(GetExportedFuncAddrs(nullptr), host::Errors::BadParameters);
+}
+
+TEST_F(EntryTest, AnotherApplicationIsLeftAlone) {
+    host::Environment environment;
+    environment.applicationCode = 2;
+    EXPECT_EQ(module.checkEnvironment(environment), host::AddOnType::DoNotRegister);
+    EXPECT_EQ(environment.addOnName + environment.addOnDescription, "");
+    environment.applicationCode = 1;
+    EXPECT_EQ(module.checkEnvironment(environment), host::AddOnType::Preload);
+    EXPECT_EQ(environment.addOnName, "32542/1");
+    EXPECT_EQ(environment.addOnDescription, "32542/2");
+}
+
+TEST_F(EntryTest, RegistersInTheOrderOfTheMenu) {
+    EXPECT_EQ(module.registerInterface(), host::NoError);
+    EXPECT_EQ(registration.calls, (Calls{"menu 32500 32510", "menu 32504 32514", "menu 32501 32511", "menu 32502 32512",
+                                         "menu 32503 32513", "command GRSC 1", "command SRDT 1"}));
+}
+
+TEST_F(EntryTest, RegistrationAnswersAllFailuresTogether) {
+    registration.failures = {{"menu 32504 32514", 0x10}, {"command SRDT 1", 0x04}};
+    EXPECT_EQ(module.registerInterface(), 0x14);
+    EXPECT_EQ(registration.calls.size(), 7U); // nothing is cut short
+}
+
+TEST_F(EntryTest, InitialisationInstallsAfterTheContextExists) {
+    EXPECT_EQ(module.initialise(), host::NoError);
+    EXPECT_EQ(registration.calls,
+              (Calls{"keep", "handler 32500", "handler 32504", "handler 32501", "handler 32502", "handler 32503",
+                     "reservations 2", "all events", "command handler GRSC 1", "command handler SRDT 1"}));
+    EXPECT_NE(GetContext(), nullptr);
+}
+
+TEST_F(EntryTest, InitialisationAnswersThreeInstallationsOnly) {
+    registration.failures = {{"handler 32500", 0x40},
+                             {"reservations 2", 0x20},
+                             {"all events", 1},
+                             {"command handler GRSC 1", 2},
+                             {"command handler SRDT 1", 4}};
+    EXPECT_EQ(module.initialise(), 7);
+}
+
+TEST_F(EntryTest, HandlersWithoutContextAnswerOne) {
+    EXPECT_EQ(module.initialise(), host::NoError);
+    EXPECT_EQ(module.freeData(), host::NoError);
+    EXPECT_EQ(GetContext(), nullptr);
+    registration.calls.clear();
+    EXPECT_EQ(registration.menuHandler({32500, 1}), 1);
+    EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 1);
+    EXPECT_EQ(registration.calls, (Calls{"keep", "keep"})); // asked for at each callback
+    EXPECT_EQ(module.freeData(), host::NoError);            // twice does no harm
+}
+
+TEST_F(EntryTest, HandlersWithContextAnswerZero) {
+    EXPECT_EQ(module.initialise(), host::NoError);
+    for (const std::int16_t menu : {32501, 32502, 32503, 32504})
+        EXPECT_EQ(registration.menuHandler({menu, 1}), 0) << menu;
+    EXPECT_EQ(registration.menuHandler({32500, 2}), 0);
+    EXPECT_EQ(registration.eventHandler(static_cast<host::ProjectEvent>(0x20), 0), 0);
+}
+
+TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
+    ASSERT_EQ(module.initialise(), host::NoError);
+    const Calls complete = registration.calls;
+    module.freeData();
+    int failures = 0;
+    // Building the context takes some allocations; each fails in turn until one run gets through untouched.
+    for (long n = 0; n < 1000; ++n) {
+        registration.calls.clear();
+        registration.calls.reserve(64); // so that the recording itself allocates less in between
+        failAfter = n;
+        const host::ErrorCode code = module.initialise();
+        const bool wasReached = failAfter < 0;
+        failAfter = -1;
+        if (!wasReached) break;
+        if (GetContext() == nullptr && registration.calls == complete) {
+            EXPECT_EQ(code, host::NoError);
+            EXPECT_EQ(registration.menuHandler({32500, 1}), 1);
+            ++failures;
+        }
+        module.freeData();
+    }
+    EXPECT_GT(failures, 0);
+}
+
+TEST_F(EntryTest, MembersAreOwnedInOrder) {
+    ASSERT_EQ(module.initialise(), host::NoError);
+    const AddOnContext& context = *GetContext();
+    const std::vector<const void*> members = {&context.mainPalette,    &context.buildingMaterialsDialog,
+                                              &context.settingsDialog, &context.materialReportDialog,
+                                              &context.projectData,    &context.materialSums};
+    EXPECT_TRUE(std::is_sorted(members.begin(), members.end()));
+    EXPECT_EQ(context.mainPalette.GetResource(), 32406);
+    EXPECT_EQ(context.buildingMaterialsDialog.GetResource(), 32407);
+    EXPECT_EQ(context.settingsDialog.GetResource(), 32408);
+    EXPECT_EQ(context.materialReportDialog.GetResource(), 32409);
+    EXPECT_EQ(host::WriteGuid(context.mainPalette.GetGuid()), "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}");
+    EXPECT_EQ(host::WriteGuid(context.buildingMaterialsDialog.GetGuid()), "{E5880DFD-3C2D-46B4-B5BD-2BE2EF126327}");
+    EXPECT_EQ(host::WriteGuid(context.settingsDialog.GetGuid()), "{7A724F36-9D95-4064-B85D-CB8092A0AA41}");
+    EXPECT_EQ(host::WriteGuid(context.materialReportDialog.GetGuid()), "{97D8CF2D-F0AA-4F5B-B1AC-865794D0E69F}");
+}
+
+} // namespace

@@ -1,0 +1,219 @@
+// A host whose every operation does nothing and succeeds. Tests derive from the roles that they care for.
+#pragma once
+
+#include "host/Commands.h"
+#include "host/Dialogs.h"
+#include "host/Host.h"
+#include "host/Model.h"
+#include "host/Properties.h"
+#include "host/Registration.h"
+#include "host/Resources.h"
+#include "host/Teamwork.h"
+
+namespace test {
+
+class NullRegistration : public host::Registration {
+public:
+    void KeepInMemory(bool) override {}
+    host::ErrorCode RegisterMenu(std::int16_t, std::int16_t) override { return 0; }
+    host::ErrorCode RegisterSupportedCommand(std::uint32_t, std::int32_t) override { return 0; }
+    host::ErrorCode InstallMenuHandler(std::int16_t, host::MenuHandler) override { return 0; }
+    host::ErrorCode InstallCommandHandler(std::uint32_t, std::int32_t, host::CommandHandler) override { return 0; }
+    host::ErrorCode InstallProjectEventHandler(std::uint32_t, host::ProjectEventHandler) override { return 0; }
+    host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler,
+                                                    const std::set<host::Guid>&) override {
+        return 0;
+    }
+    host::ErrorCode SetMenuItemText(std::int16_t, std::int32_t, const std::string&) override { return 0; }
+};
+
+class NullResources : public host::Resources {
+public:
+    std::string ReadString(std::int16_t, std::int16_t) override { return {}; }
+    std::string FormatNumber(double, std::int16_t) override { return {}; }
+    std::string FormatCurrentTime(std::uint32_t) override { return {}; }
+};
+
+class NullModel : public host::Model {
+public:
+    host::ErrorCode ListElements(host::ElementType, std::uint32_t, std::vector<host::Guid>&) override { return 0; }
+    host::ErrorCode ReadElementHeader(const host::Guid&, host::ElementHeader&) override { return 0; }
+    host::ErrorCode ReadElementComponents(const host::Guid&, std::vector<host::MaterialComponent>&) override {
+        return 0;
+    }
+    host::ErrorCode CountBuildingMaterials(std::int32_t&) override { return 0; }
+    host::ErrorCode ReadBuildingMaterial(host::AttributeIndex, host::BuildingMaterial&) override { return 0; }
+};
+
+class NullDatabases : public host::Databases {
+public:
+    host::ErrorCode ReadCurrentDatabase(host::Database&) override { return 0; }
+    host::ErrorCode ChangeCurrentDatabase(const host::Database&) override { return 0; }
+    host::ErrorCode ReadFrontWindow(host::Database&) override { return 0; }
+};
+
+class NullProperties : public host::Properties {
+public:
+    host::ErrorCode ListGroups(std::vector<host::PropertyGroup>&) override { return 0; }
+    host::ErrorCode CreateGroup(host::PropertyGroup&) override { return 0; }
+    host::ErrorCode ListDefinitions(const host::Guid&, std::vector<host::PropertyDefinition>&) override { return 0; }
+    host::ErrorCode CreateDefinition(host::PropertyDefinition&) override { return 0; }
+    host::ErrorCode ChangeDefinition(const host::PropertyDefinition&) override { return 0; }
+    host::ErrorCode ReadElementValues(const host::Guid&, const std::vector<host::Guid>&,
+                                      std::vector<host::PropertyValue>&) override {
+        return 0;
+    }
+    host::ErrorCode ReadMaterialValues(host::AttributeIndex, const std::vector<host::Guid>&,
+                                       std::vector<host::PropertyValue>&) override {
+        return 0;
+    }
+    host::ErrorCode WriteMaterialValues(host::AttributeIndex, const std::vector<host::PropertyValue>&) override {
+        return 0;
+    }
+};
+
+class NullClassifications : public host::Classifications {
+public:
+    host::ErrorCode ListSystems(std::vector<host::ClassificationSystem>&) override { return 0; }
+    host::ErrorCode CreateSystem(host::ClassificationSystem&) override { return 0; }
+    host::ErrorCode ListRootItems(const host::Guid&, std::vector<host::ClassificationItem>&) override { return 0; }
+    host::ErrorCode ListChildItems(const host::Guid&, std::vector<host::ClassificationItem>&) override { return 0; }
+    host::ErrorCode CreateRootItem(const host::Guid&, host::ClassificationItem&) override { return 0; }
+    host::ErrorCode ReadMaterialClassifications(host::AttributeIndex, std::vector<host::Classification>&) override {
+        return 0;
+    }
+    host::ErrorCode ClassifyMaterial(host::AttributeIndex, const host::Guid&) override { return 0; }
+};
+
+class NullTeamwork : public host::Teamwork {
+public:
+    bool IsTeamworkProject() override { return false; }
+    host::Guid FindLockableSet(const std::string&) override { return {}; }
+    host::LockableStatus ReadLockableStatus(const host::Guid&) override { return host::LockableStatus::Unknown; }
+};
+
+class NullUndoableCommands : public host::UndoableCommands {
+public:
+    host::ErrorCode Call(const std::string&, const std::function<host::ErrorCode()>& command) override {
+        return command();
+    }
+};
+
+class NullProgressWindow : public host::ProgressWindow {
+public:
+    host::ErrorCode Open(const std::string&) override { return 0; }
+    host::ErrorCode StartPhase(const std::string&, std::int32_t) override { return 0; }
+    host::ErrorCode SetValue(std::int32_t) override { return 0; }
+    host::ErrorCode Close() override { return 0; }
+};
+
+class NullDialogs : public host::Dialogs {
+public:
+    host::DialogId OpenPalette(std::int16_t, const host::Guid&, host::DialogHandler&) override { return {}; }
+    void ClosePalette(host::DialogId) override {}
+    host::Size ReadSize(host::DialogId) override { return {}; }
+    void SetMinimumSize(host::DialogId, host::Size) override {}
+    void BeginMoveGrow(host::DialogId) override {}
+    void EndMoveGrow(host::DialogId) override {}
+};
+
+class NullDialogItems : public host::DialogItems {
+public:
+    host::Rectangle ReadRectangle(host::DialogId, std::int16_t) override { return {}; }
+    void SetRectangle(host::DialogId, std::int16_t, const host::Rectangle&) override {}
+    void SetText(host::DialogId, std::int16_t, const std::string&) override {}
+    void Show(host::DialogId, std::int16_t, bool) override {}
+    void Enable(host::DialogId, std::int16_t, bool) override {}
+    void SetIcon(host::DialogId, std::int16_t, std::int16_t) override {}
+    void SetBackground(host::DialogId, std::int16_t, const host::Colour&) override {}
+    void Redraw(host::DialogId, std::int16_t) override {}
+    std::vector<std::string> ListPopUpTexts(host::DialogId, std::int16_t) override { return {}; }
+    void SelectPopUpEntry(host::DialogId, std::int16_t, std::int16_t) override {}
+};
+
+class NullListLayout : public host::ListLayout {
+public:
+    void SetColumnCount(host::DialogId, std::int16_t, std::int16_t) override {}
+    std::int16_t CountColumns(host::DialogId, std::int16_t) override { return 0; }
+    void SetColumn(host::DialogId, std::int16_t, std::int16_t, const host::ListColumn&) override {}
+    host::ListColumn ReadColumn(host::DialogId, std::int16_t, std::int16_t) override { return {}; }
+    void SetHeader(host::DialogId, std::int16_t, std::int16_t, const host::ListHeader&) override {}
+    host::ListHeader ReadHeader(host::DialogId, std::int16_t, std::int16_t) override { return {}; }
+    void SetOwnerDrawn(host::DialogId, std::int16_t, std::int16_t, bool) override {}
+    host::Size ReadCellSpace(host::DialogId, std::int16_t) override { return {}; }
+    void BindEditor(host::DialogId, std::int16_t, std::int16_t, std::int16_t) override {}
+    std::int16_t ReadBoundEditor(host::DialogId, std::int16_t, std::int16_t) override { return 0; }
+};
+
+class NullListRows : public host::ListRows {
+public:
+    std::int32_t Count(host::DialogId, std::int16_t) override { return 0; }
+    std::int32_t Insert(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
+    void DeleteAll(host::DialogId, std::int16_t) override {}
+    void SetText(host::DialogId, std::int16_t, std::int32_t, std::int16_t, const std::string&) override {}
+    void SetIcon(host::DialogId, std::int16_t, std::int32_t, std::int16_t, host::StandardIcon) override {}
+    void SetStatus(host::DialogId, std::int16_t, std::int32_t, host::RowStatus) override {}
+    void SetStyle(host::DialogId, std::int16_t, std::int32_t, host::TextStyle) override {}
+    std::int32_t ReadSelected(host::DialogId, std::int16_t) override { return 0; }
+    void Select(host::DialogId, std::int16_t, std::int32_t) override {}
+    void EnableDrawing(host::DialogId, std::int16_t, bool) override {}
+};
+
+class NullAlerts : public host::Alerts {
+public:
+    std::int16_t Show(const host::Alert&) override { return 1; }
+    void WriteReport(const std::string&) override {}
+};
+
+/// Each role can be replaced by one of the test's own, which must outlive the host.
+class NullHost : public host::Host {
+public:
+    host::Registration& GetRegistration() override { return *registration; }
+    host::Resources& GetResources() override { return *resources; }
+    host::Model& GetModel() override { return *model; }
+    host::Databases& GetDatabases() override { return *databases; }
+    host::Properties& GetProperties() override { return *properties; }
+    host::Classifications& GetClassifications() override { return *classifications; }
+    host::Teamwork& GetTeamwork() override { return *teamwork; }
+    host::UndoableCommands& GetUndoableCommands() override { return *commands; }
+    host::ProgressWindow& GetProgressWindow() override { return *progress; }
+    host::Dialogs& GetDialogs() override { return *dialogs; }
+    host::DialogItems& GetDialogItems() override { return *dialogItems; }
+    host::ListLayout& GetListLayout() override { return *listLayout; }
+    host::ListRows& GetListRows() override { return *listRows; }
+    host::Alerts& GetAlerts() override { return *alerts; }
+
+private:
+    NullRegistration nullRegistration;
+    NullResources nullResources;
+    NullModel nullModel;
+    NullDatabases nullDatabases;
+    NullProperties nullProperties;
+    NullClassifications nullClassifications;
+    NullTeamwork nullTeamwork;
+    NullUndoableCommands nullCommands;
+    NullProgressWindow nullProgress;
+    NullDialogs nullDialogs;
+    NullDialogItems nullDialogItems;
+    NullListLayout nullListLayout;
+    NullListRows nullListRows;
+    NullAlerts nullAlerts;
+
+public:
+    host::Registration* registration = &nullRegistration;
+    host::Resources* resources = &nullResources;
+    host::Model* model = &nullModel;
+    host::Databases* databases = &nullDatabases;
+    host::Properties* properties = &nullProperties;
+    host::Classifications* classifications = &nullClassifications;
+    host::Teamwork* teamwork = &nullTeamwork;
+    host::UndoableCommands* commands = &nullCommands;
+    host::ProgressWindow* progress = &nullProgress;
+    host::Dialogs* dialogs = &nullDialogs;
+    host::DialogItems* dialogItems = &nullDialogItems;
+    host::ListLayout* listLayout = &nullListLayout;
+    host::ListRows* listRows = &nullListRows;
+    host::Alerts* alerts = &nullAlerts;
+};
+
+} // namespace test
