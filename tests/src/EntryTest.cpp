@@ -170,6 +170,20 @@ TEST_F(EntryTest, HandlersWithContextAnswerZero) {
     EXPECT_EQ(registration.eventHandler(static_cast<host::ProjectEvent>(0x20), 0), 0);
 }
 
+TEST_F(EntryTest, ProjectEventsResetOrLoadTheRecord) {
+    ASSERT_EQ(module.initialise(), host::NoError);
+    lca::LCAProjectData& record = GetContext()->projectData;
+    record.consideredServiceLifeYears = 7;
+    record.floorChoice[lca::FloorQuantity::SolarPanels] = true;
+    EXPECT_EQ(registration.eventHandler(host::ProjectEvent::WindowChanged, 0), 0);
+    EXPECT_EQ(record.floorChoice.size(), 1U);
+    EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 0);
+    EXPECT_TRUE(record.floorChoice.empty()); // loaded from a model without definitions
+    EXPECT_EQ(record.consideredServiceLifeYears, 7U);
+    EXPECT_EQ(registration.eventHandler(host::ProjectEvent::NewAndReset, 0), 0);
+    EXPECT_EQ(record.consideredServiceLifeYears, 50U);
+}
+
 TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
     ASSERT_EQ(module.initialise(), host::NoError);
     const Calls complete = registration.calls;

@@ -76,8 +76,8 @@ host::ErrorCode PropertiesRole::ListDefinitions(const host::Guid& group,
 
 host::ErrorCode PropertiesRole::CreateDefinition(host::PropertyDefinition& definition) {
     if (const host::ErrorCode error = access.Check(ClassificationsAndPropertiesSet)) return error;
-    if (const host::ErrorCode error = CheckDefinition(definition)) return error;
     definition.guid = CreateGuid();
+    if (const host::ErrorCode error = CheckDefinition(definition)) return error;
     project->Record({{}, definition});
     return host::NoError;
 }

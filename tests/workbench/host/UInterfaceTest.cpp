@@ -1,0 +1,82 @@
+// The shared list, pop-up and alert helpers on real dialogs.
+#include "General/UInterface.h"
+#include "General/DialogBase.h"
+
+#include <gtest/gtest.h>
+
+#include "workbench/host/WorkbenchHost.h"
+
+namespace {
+
+class AnyDialog : public General::CDialogBase {
+public:
+    AnyDialog(host::Host& host, std::int16_t resource) : CDialogBase(host, resource, "") { OpenAsPalette(); }
+    ~AnyDialog() override { ClosePalette(); }
+
+protected:
+    std::int16_t HandleItemEvent(host::DialogMessage, std::int16_t, const host::DialogMessageData&) override {
+        return 0;
+    }
+};
+
+TEST(UInterface, SelectsAPopupEntryByItsText) {
+    workbench::WorkbenchHost host;
+    const AnyDialog dialog(host, 32407);
+    workbench::ItemState& popup = *host.openDialogs.FindItem(dialog.GetDialog(), 21);
+    EXPECT_TRUE(General::SelectPopupByText(host, dialog.GetDialog(), "kg"));
+    EXPECT_EQ(popup.selectedEntry, 3);
+    EXPECT_FALSE(General::SelectPopupByText(host, dialog.GetDialog(), "KG"));
+    EXPECT_EQ(popup.selectedEntry, 3);
+    popup.popUpTexts.clear();
+    EXPECT_FALSE(General::SelectPopupByText(host, dialog.GetDialog(), "m3"));
+}
+
+TEST(UInterface, FitsBoundEditorsToTheirColumns) {
+    workbench::WorkbenchHost host;
+    const AnyDialog dialog(host, 32408);
+    constexpr std::int16_t List = 6, NameEditor = 3, ValueEditor = 4;
+    const host::Rectangle before = host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor);
+    host.listLayout.SetColumnCount(dialog.GetDialog(), List, 2);
+    host.listLayout.SetColumn(dialog.GetDialog(), List, 1, {0, 280, {}, {}});
+    host.listLayout.SetColumn(dialog.GetDialog(), List, 2, {281, 500, {}, {}}); // reaches past the list
+    General::FitListEditors(host, dialog.GetDialog(), List);
+    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor), before); // nothing bound
+    host.listLayout.BindEditor(dialog.GetDialog(), List, 1, NameEditor);
+    host.listLayout.BindEditor(dialog.GetDialog(), List, 2, ValueEditor);
+    General::FitListEditors(host, dialog.GetDialog(), List);
+    const host::Size space = host.listLayout.ReadCellSpace(dialog.GetDialog(), List);
+    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).width, 278);
+    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), ValueEditor).width, space.width - 281 - 2);
+    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).height, space.height - 2);
+}
+
+TEST(UInterface, LaysColumnsFromTheRight) {
+    workbench::WorkbenchHost host;
+    const AnyDialog dialog(host, 32409);
+    const host::DialogId id = dialog.GetDialog();
+    host.listLayout.SetColumnCount(id, 3, 4);
+    host.listLayout.SetHeader(id, 3, 1, {"Layer", 120, 80, {}, true});
+    host.listLayout.SetHeader(id, 3, 2, {"Name", 60, 80, {}, true});   // narrower than its minimum
+    host.listLayout.SetHeader(id, 3, 3, {"GWP", 150, 100, {}, false}); // cannot be resized
+    host.listLayout.SetHeader(id, 3, 4, {"", 200, 80, {}, true});
+    General::LayoutListColumnsFromRight(host, id);
+    const std::int16_t width = host.listLayout.ReadCellSpace(id, 3).width; // W: 200, then 100, 80, 120 to the left
+    const std::vector<std::pair<int, int>> expected = {
+        {width - 500, width - 380}, {width - 380, width - 300}, {width - 300, width - 200}, {width - 200, width}};
+    for (std::int16_t column = 1; column <= 4; ++column) {
+        const host::ListColumn place = host.listLayout.ReadColumn(id, 3, column);
+        EXPECT_EQ(std::pair(int{place.begin}, int{place.end}), expected[static_cast<std::size_t>(column - 1)]);
+    }
+}
+
+TEST(UInterface, AlertsTakeTheReportsTexts) {
+    workbench::WorkbenchHost host;
+    host.dialogManager.alertAnswer = [](const host::Alert&) { return std::int16_t{2}; };
+    EXPECT_EQ(General::ShowAlert(host, host::AlertType::Information, 2, 18, {29, 28, General::NoButton}), 2);
+    const host::Alert& alert = host.dialogManager.shownAlerts.at(0);
+    EXPECT_EQ(alert.title, "LCA Design report");
+    EXPECT_EQ(alert.largeText, "Saved!");
+    EXPECT_EQ(alert.buttons, (std::vector<std::string>{"Open Now", "Close"}));
+}
+
+} // namespace
