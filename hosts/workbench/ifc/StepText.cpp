@@ -58,9 +58,10 @@ public:
 
     /// Appends the next statement without its semicolon to OUT; strings go through STRINGS.
     Outcome Next(std::string& out, std::vector<std::string>& strings) {
-        if (!SkipBlanks()) return Outcome::CutOff;
-        if (at >= text.size()) return Outcome::End;
+        const bool skipped = SkipBlanks();
         statementStart = at;
+        if (!skipped) return Outcome::CutOff;
+        if (at >= text.size()) return Outcome::End;
         std::size_t depth = 0;
         while (at < text.size()) {
             const char c = text[at];
