@@ -9,24 +9,13 @@
 #include <unistd.h>
 
 #include "IfcText.h"
+#include "workbench/ifc/ChildProcess.h"
 
 using namespace workbench::ifc;
 using namespace ifctest;
 using namespace std::chrono_literals;
 
 namespace {
-
-#if defined(__SANITIZE_ADDRESS__)
-constexpr bool limitsAddressSpace = false; // the sanitizer maps terabytes
-#elif defined(__has_feature)
-#if __has_feature(address_sanitizer)
-constexpr bool limitsAddressSpace = false;
-#else
-constexpr bool limitsAddressSpace = true;
-#endif
-#else
-constexpr bool limitsAddressSpace = true;
-#endif
 
 void ExpectNoChild() {
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a child was left";
