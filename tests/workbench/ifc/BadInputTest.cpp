@@ -40,6 +40,10 @@ TEST(BadInput, IsRefusedPlainly) {
     ExpectFailure(Read(good.substr(0, good.size() / 2)), ImportError::Damaged, "model.ifc is cut off in line ");
     ExpectFailure(Read(File("IFC4X3", "")), ImportError::UnsupportedSchema, "model.ifc is of the schema IFC4X3. ");
     ExpectFailure(Read(File("IFC4", noise)), ImportError::Damaged, "model.ifc is damaged in line 8. ");
+    ExpectFailure(Read(File("IFC4", MetricProject() +
+                                        std::string("#20=IFCA();#21=IFCB();#22=IFCC();#23=IFCD();#24=IFCE();#25=IFCF();"
+                                                    "#26=IFCG();#27=IFCH();#28=IFCI();#29=IFCJ();"))),
+                  ImportError::Damaged, "entities that no IFC schema has");
     ExpectFailure(ReadIfcFile("/nowhere/a.ifc", {}, {}, Reader()), ImportError::NotReadable,
                   "/nowhere/a.ifc does not exist. ");
     ExpectFailure(ReadIfcFile("/tmp", {}, {}, Reader()), ImportError::NotReadable, "/tmp is a folder. ");
@@ -148,23 +152,36 @@ TEST(Limits, TooLittleMemoryIsAPlainError) {
                   "needs more than 160 MiB of memory");
 }
 
-TEST(Limits, TwoHundredMegabytesOfGarbageStayBelowOneGibibyte) {
+enum class Garbage { Noise, NoiseBehindAHeader, UnknownEntities };
+
+void WriteGarbage(const std::filesystem::path& path, Garbage kind) {
+    constexpr std::size_t blocks = 200;
     std::mt19937_64 random(3);
     std::string block(1 << 20, '\0');
-    for (char& c : block)
-        c = static_cast<char>(random());
-    for (const bool headed : {false, true}) {
-        const TemporaryFile file("garbage.ifc", headed ? File("IFC4", "") : std::string());
-        {
-            std::ofstream stream(file.Path(), std::ios::binary);
-            const std::string whole = File("IFC4", "");
-            if (headed) stream << whole.substr(0, whole.find("ENDSEC;\nEND-ISO"));
-            for (int i = 0; i < 200; ++i)
-                stream.write(block.data(), static_cast<std::streamsize>(block.size()));
-        }
-        const ImportResult result = ReadIfcFile(file.Path(), {}, {}, Reader());
-        ExpectFailure(result, headed ? ImportError::Damaged : ImportError::NotIfc,
-                      headed ? "is damaged in line 8" : "is no IFC file");
+    for (std::size_t i = 0; i < block.size(); ++i)
+        block[i] = kind == Garbage::UnknownEntities ? "#1=IFCNOTHING(1);\n"[i % 18] : static_cast<char>(random());
+    if (kind == Garbage::UnknownEntities) block.resize(block.size() / 18 * 18);
+    const std::string whole = File("IFC4", "");
+    const std::size_t end = whole.find("ENDSEC;\nEND-ISO");
+    std::ofstream stream(path, std::ios::binary);
+    if (kind != Garbage::Noise) stream << whole.substr(0, end);
+    for (std::size_t i = 0; i < blocks; ++i)
+        stream.write(block.data(), static_cast<std::streamsize>(block.size()));
+    stream << whole.substr(end);
+}
+
+TEST(Limits, TwoHundredMegabytesOfGarbageStayBelowOneGibibyte) {
+    const struct {
+        Garbage kind;
+        ImportError code;
+        const char* what;
+    } rows[] = {{Garbage::Noise, ImportError::NotIfc, "is no IFC file"},
+                {Garbage::NoiseBehindAHeader, ImportError::Damaged, "is damaged in line 8"},
+                {Garbage::UnknownEntities, ImportError::Damaged, "entities that no IFC schema has"}};
+    for (const auto& row : rows) {
+        const TemporaryFile file("garbage.ifc", "");
+        WriteGarbage(file.Path(), row.kind);
+        ExpectFailure(ReadIfcFile(file.Path(), {}, {}, Reader()), row.code, row.what);
     }
     rusage self{};
     rusage children{};

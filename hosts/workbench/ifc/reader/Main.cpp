@@ -70,6 +70,11 @@ std::optional<PreparedStep> ReadText(const std::string& path, StepProblem& probl
 void Run(const Command& command) {
     StepProblem problem;
     auto step = ReadText(command.file, problem);
+    if (step && IsMostlyUnknown(*step)) {
+        problem = {ImportError::Damaged, "holds little but entities that no IFC schema has",
+                   "Export it again from the program that made it."};
+        step.reset();
+    }
     if (!step) {
         Send(EncodeRefusal(problem));
         return;
