@@ -44,7 +44,7 @@ void Limit(int resource, rlim_t value) {
         dup2(nowhere, standard);
     close_range(answerDescriptor + 1, ~0U, 0);
     Limit(RLIMIT_CORE, 0);
-    if (command.memoryBytes != 0) Limit(RLIMIT_AS, command.memoryBytes);
+    if (limitsAddressSpace && command.memoryBytes != 0) Limit(RLIMIT_AS, command.memoryBytes);
     execve(arguments[0], arguments, environment);
     _exit(exitNotExecuted);
 }

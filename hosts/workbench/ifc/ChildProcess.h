@@ -9,10 +9,25 @@
 #include <string_view>
 #include <vector>
 
+#if defined(__SANITIZE_ADDRESS__)
+#define KELVARNIX_ADDRESS_SANITIZER
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define KELVARNIX_ADDRESS_SANITIZER
+#endif
+#endif
+
 namespace workbench::ifc {
 
 /// The file descriptor on which the child writes its answer.
 inline constexpr int answerDescriptor = 3;
+
+/// The address sanitizer maps terabytes, so a program that carries it gets no limit on its address space.
+#if defined(KELVARNIX_ADDRESS_SANITIZER)
+inline constexpr bool limitsAddressSpace = false;
+#else
+inline constexpr bool limitsAddressSpace = true;
+#endif
 
 struct ChildCommand {
     std::filesystem::path program;

@@ -37,7 +37,7 @@ public:
                 return Finish(std::move(*answer.Building()));
             }
             const bool died = report.ending == ChildEnding::Killed ||
-                              (report.ending == ChildEnding::Exited && report.exitCode == exitOutOfMemory);
+                              (report.ending == ChildEnding::Exited && report.exitCode != exitDone);
             if (!died || !answer.Working() || withoutGeometry) return Explain(report, answer);
             withoutGeometry = skipped.size() == mostSkipped;
             skipped.push_back(*answer.Working());

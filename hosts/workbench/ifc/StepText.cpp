@@ -11,6 +11,8 @@ namespace {
 
 constexpr const char* exportAgain = "Export it again from the program that made it.";
 constexpr std::size_t deepestNesting = 32;
+/// Both schemas together have some 1500 kinds of entity.
+constexpr std::size_t mostKeywords = 4096;
 
 using CharTable = std::array<bool, 256>;
 
@@ -58,9 +60,10 @@ public:
 
     /// Appends the next statement without its semicolon to OUT; strings go through STRINGS.
     Outcome Next(std::string& out, std::vector<std::string>& strings) {
-        if (!SkipBlanks()) return Outcome::CutOff;
-        if (at >= text.size()) return Outcome::End;
+        const bool skipped = SkipBlanks();
         statementStart = at;
+        if (!skipped) return Outcome::CutOff;
+        if (at >= text.size()) return Outcome::End;
         std::size_t depth = 0;
         while (at < text.size()) {
             const char c = text[at];
@@ -320,7 +323,7 @@ std::optional<PreparedStep> PrepareStep(std::string_view file, StepProblem& prob
         }
         if (outcome == Scanner::Outcome::Statement && line.size() == 6 && Upper(line) == "ENDSEC") break;
         const auto keyword = outcome == Scanner::Outcome::Statement ? KeywordOf(line) : std::nullopt;
-        if (!keyword) {
+        if (!keyword || keywords.size() > mostKeywords) {
             problem = Noise(scanner);
             return std::nullopt;
         }

@@ -2,6 +2,7 @@
 
 #include <unordered_map>
 
+#include <ifcpp/IFC4/EntityFactory.h>
 #include <ifcpp/IFC4/include/IfcBuilding.h>
 #include <ifcpp/IFC4/include/IfcBuildingElement.h>
 #include <ifcpp/IFC4/include/IfcBuildingElementPart.h>
@@ -41,6 +42,16 @@ EntityRole RoleOf(const BuildingEntity& entity) {
 }
 
 } // namespace
+
+bool IsMostlyUnknown(const PreparedStep& step) {
+    std::size_t known = 0;
+    std::size_t unknown = 0;
+    for (const auto& [keyword, count] : step.keywords) {
+        const std::unique_ptr<BuildingEntity> entity(EntityFactory::createEntityObject(keyword));
+        (entity ? known : unknown) += static_cast<std::size_t>(count);
+    }
+    return unknown > known;
+}
 
 LibraryModel::LibraryModel(PreparedStep prepared)
     : step(std::move(prepared)), model(std::make_shared<BuildingModel>()) {

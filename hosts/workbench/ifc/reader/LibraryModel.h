@@ -22,6 +22,9 @@ struct ModelEntity {
     std::shared_ptr<BuildingEntity> entity;
 };
 
+/// True where most entities are of kinds that the library does not know: text in the form of a model, but no model.
+[[nodiscard]] bool IsMostlyUnknown(const PreparedStep& step);
+
 class LibraryModel {
 public:
     /// Reads the prepared text, which is used up; keeps its strings and keywords.

@@ -70,6 +70,11 @@ std::optional<PreparedStep> ReadText(const std::string& path, StepProblem& probl
 void Run(const Command& command) {
     StepProblem problem;
     auto step = ReadText(command.file, problem);
+    if (step && IsMostlyUnknown(*step)) {
+        problem = {ImportError::Damaged, "holds little but entities that no IFC schema has",
+                   "Export it again from the program that made it."};
+        step.reset();
+    }
     if (!step) {
         Send(EncodeRefusal(problem));
         return;
@@ -88,12 +93,11 @@ void Run(const Command& command) {
 
 } // namespace
 
-#if defined(__SANITIZE_ADDRESS__)
-/// The reading library is not instrumented and keeps circles of owners; its leaks end with this process.
+/// Asked for by the address sanitizer, where there is one. The reading library is not instrumented and keeps circles of
+/// owners; its leaks end with this process.
 extern "C" const char* __asan_default_options() {
     return "detect_leaks=0";
 }
-#endif
 
 int main(int count, char** words) {
     std::set_new_handler([] { _exit(exitOutOfMemory); });

@@ -2,14 +2,15 @@
 // and frees next to nothing before the process ends; free lists by size, refilled from large pieces, take a quarter off
 // the import's time. Only one thread allocates here. Not used under the address sanitizer, which has its own.
 
-#if !defined(__SANITIZE_ADDRESS__)
-
 #include <cstddef>
 #include <cstdlib>
 #include <new>
 #include <unistd.h>
 
+#include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
+
+#if !defined(KELVARNIX_ADDRESS_SANITIZER)
 
 namespace {
 
