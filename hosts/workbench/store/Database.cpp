@@ -17,18 +17,6 @@ namespace {
 constexpr off_t LockBytesBegin = 0x40000000;
 constexpr off_t LockBytesLength = 512;
 
-int GetOpenFlags(FileAccess access) {
-    switch (access) {
-    case FileAccess::ReadOnly:
-        return SQLite::OPEN_READONLY;
-    case FileAccess::ReadWrite:
-        return SQLite::OPEN_READWRITE;
-    case FileAccess::Create:
-        break;
-    }
-    return SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE;
-}
-
 pid_t FindLockingProcess(const std::filesystem::path& file) {
     const int descriptor = open(file.c_str(), O_RDONLY | O_CLOEXEC);
     if (descriptor < 0) return 0;
@@ -53,8 +41,9 @@ std::string GetUserName(uid_t user) {
 } // namespace
 
 SQLite::Database OpenDatabase(const std::filesystem::path& file, FileAccess access) {
-    SQLite::Database database(file.string(), GetOpenFlags(access), BusyMilliseconds);
-    if (access != FileAccess::ReadOnly) database.exec("PRAGMA synchronous = FULL");
+    const int flags = SQLite::OPEN_READWRITE | (access == FileAccess::Create ? SQLite::OPEN_CREATE : 0);
+    SQLite::Database database(file.string(), flags, BusyMilliseconds);
+    database.exec("PRAGMA synchronous = FULL");
     return database;
 }
 

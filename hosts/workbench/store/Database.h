@@ -11,7 +11,8 @@
 
 namespace workbench {
 
-enum class FileAccess { ReadOnly, ReadWrite, Create };
+/// Existing files are opened for writing where that is allowed, also to finish what a killed process left half done.
+enum class FileAccess { Existing, Create };
 
 /// How long a writer waits for another one.
 inline constexpr int BusyMilliseconds = 5000;

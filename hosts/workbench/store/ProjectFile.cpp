@@ -61,7 +61,7 @@ private:
 
 std::string ReplaceProject(const Project& project, const fs::path& file) {
     return Describe(file, [&] {
-        SQLite::Database database = OpenDatabase(file, FileAccess::ReadWrite);
+        SQLite::Database database = OpenDatabase(file, FileAccess::Existing);
         if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
         SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
         WriteModel(database, project.model);
@@ -124,15 +124,14 @@ OpenedProject OpenProjectFile(const fs::path& file, KeepChanges keep) {
         return opened;
     }
     opened.failure = Describe(file, [&] {
-        const bool isAttached = keep == KeepChanges::InFile;
-        SQLite::Database database = OpenDatabase(file, isAttached ? FileAccess::ReadWrite : FileAccess::ReadOnly);
+        SQLite::Database database = OpenDatabase(file, FileAccess::Existing);
         if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
         auto project = std::make_unique<Project>();
         {
             SQLite::Transaction snapshot(database);
             ReadModel(database, project->model);
         }
-        if (isAttached) project->store = std::make_unique<FileStore>(std::move(database), file);
+        if (keep == KeepChanges::InFile) project->store = std::make_unique<FileStore>(std::move(database), file);
         opened.project = std::move(project);
         return std::string();
     });
