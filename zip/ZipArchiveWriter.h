@@ -50,7 +50,7 @@ private:
     [[nodiscard]] ZipResult RefusalOf(const std::string& entryName) const;
     [[nodiscard]] ZipResult AddEntry(const std::string& entryName, const std::string& sourcePath);
     [[nodiscard]] ZipResult WriteEntry(ZipEntryRecord& entry, platform::InputFile& source, std::uint32_t sizeBytes);
-    [[nodiscard]] ZipResult FinishHeader(const ZipEntryRecord& entry, std::uint32_t announcedSize);
+    [[nodiscard]] ZipResult FinishHeader(ZipEntryRecord& entry, std::uint32_t announcedSize);
     [[nodiscard]] ZipResult WriteDirectory();
 
     platform::FileLayer& files;
