@@ -1,113 +1,104 @@
 #include "zip/Deflater.h"
 
-#include "zip/BlockWriter.h"
+#include "zip/BlockGatherer.h"
 #include "zip/MatchFinder.h"
 
-#include <cstdlib>
+#include <algorithm>
 
 namespace zip {
 
 namespace {
 
-size_t maxTokens() {
-    static size_t v = getenv("MAXTOK") ? atoi(getenv("MAXTOK")) : 16384;
-    return v;
-}
-constexpr std::uint32_t lookahead = 1024;
-constexpr std::uint32_t linkStride = 4096;
+constexpr int lastGreedyLevel = 3;
+constexpr SearchEffort efforts[] = {
+    {4, 4, 8, 4},      {4, 4, 16, 8},      {4, 4, 32, 32},       {4, 6, 24, 24},       {8, 16, 48, 48},
+    {8, 24, 128, 128}, {16, 48, 192, 384}, {32, 128, 258, 1024}, {32, 258, 258, 4096},
+};
+constexpr int lastLevel = sizeof efforts / sizeof efforts[0];
 
-constexpr SearchEffort efforts[] = {{4, 4, 8, 4},       {4, 4, 16, 8},        {4, 4, 32, 32},
-                                    {4, 6, 24, 24},     {8, 16, 48, 48},      {8, 24, 128, 128},
-                                    {16, 48, 192, 384}, {32, 128, 258, 1024}, {32, 258, 258, 4096}};
+// Bytes and chains wanted beyond a position to be searched: a match, and the ever longer matches of the bytes after it.
+constexpr std::uint32_t lookahead = 4 * longestMatch;
+constexpr std::uint32_t linkStride = 4096;
 
 } // namespace
 
 struct Deflater::Buffers {
     MatchFinder finder;
-    std::vector<Token> tokens = std::vector<Token>(65536);
+    std::vector<Token> tokens = std::vector<Token>(mostBlockTokens);
 };
 
+/// One stream on its way from source to sink.
 class Deflater::Stream {
 public:
-    Stream(Buffers& b, ByteSource& source, ByteSink& sink, int level)
-        : finder(b.finder), tokens(b.tokens), source(source), bits(sink), effort(efforts[level - 1]), lazy(level > 3) {}
+    Stream(Buffers& buffers, ByteSource& source, ByteSink& sink, int level)
+        : finder(buffers.finder), source(source), bits(sink), gatherer(bits, buffers.tokens, buffers.finder.Bytes()),
+          effort(efforts[level - 1]), isLazy(level > lastGreedyLevel) {}
 
     DeflateResult Run() {
         finder.Reset();
         do {
-            auto drop = finder.Fill(source, position);
-            if (!drop) return DeflateResult::ReadFailed;
-            position -= *drop;
-            blockStart -= *drop;
-            std::uint32_t stop = finder.IsSourceAtEnd() ? finder.End() : finder.End() - lookahead;
+            if (!FillWindow()) return DeflateResult::ReadFailed;
+            const std::uint32_t stop = finder.IsSourceAtEnd() ? finder.End() : finder.End() - lookahead;
             while (position < stop) {
                 finder.LinkUpTo(position + linkStride + lookahead);
-                std::uint32_t sub = std::min(stop, position + linkStride);
-                Parse(sub);
+                Parse(std::min(stop, position + linkStride));
                 if (bits.HasFailed()) return DeflateResult::WriteFailed;
             }
         } while (!finder.IsSourceAtEnd());
-        EmitBlock(BlockPosition::Last);
+        gatherer.Finish();
         bits.PadToByte();
         return bits.Flush() ? DeflateResult::Success : DeflateResult::WriteFailed;
     }
 
 private:
-    Match FindAt(std::uint32_t at, std::uint32_t longerThan) {
-        Match m = finder.Find(at, longerThan, effort,
-                              longerThan >= effort.goodLength ? effort.longestChain / 4 : effort.longestChain);
-        return m;
+    bool FillWindow() {
+        const std::uint32_t drop = finder.DropBefore(position);
+        gatherer.PrepareDrop(drop);
+        position -= drop;
+        return finder.Fill(source, drop);
     }
+
     void Parse(std::uint32_t stop) {
         while (position < stop) {
-            Match match = FindAt(position, 2);
+            Match match = finder.Find(position, shortestMatch - 1, effort, effort.longestChain);
             if (match.length == 0) {
-                Literal();
+                PassLiteral();
                 continue;
             }
-            if (lazy) {
-                while (match.length < effort.lazyLength) {
-                    Match next = FindAt(position + 1, match.length);
-                    if (next.length == 0) break;
-                    Literal();
-                    match = next;
-                }
-            }
-            tokens[count++] = MatchToken(match.length, match.distance);
-            counts.CountMatch(match.length, match.distance);
+            if (isLazy) LookFurther(match);
+            gatherer.AddMatch(match.length, match.distance);
             position += match.length;
-            if (count == maxTokens()) EmitBlock(BlockPosition::Inner);
         }
     }
-    void Literal() {
-        std::uint8_t b = finder.Bytes()[position++];
-        tokens[count++] = b;
-        counts.CountLiteral(b);
-        if (count == maxTokens()) EmitBlock(BlockPosition::Inner);
+
+    // As long as the next byte has a longer match, that one is better.
+    void LookFurther(Match& match) {
+        while (match.length < effort.lazyLength) {
+            const unsigned chain = match.length >= effort.goodLength ? effort.longestChain / 4 : effort.longestChain;
+            const Match next = finder.Find(position + 1, match.length, effort, chain);
+            if (next.length == 0) return;
+            PassLiteral();
+            match = next;
+        }
     }
-    void EmitBlock(BlockPosition p) {
-        Block b{tokens.data(), count, counts, nullptr};
-        if ((std::int32_t)blockStart >= 0) b.input = finder.Bytes() + blockStart;
-        WriteBlock(bits, b, p);
-        counts = SymbolCounts();
-        count = 0;
-        blockStart = position;
-    }
+
+    void PassLiteral() { gatherer.AddLiteral(finder.Bytes()[position++]); }
+
     MatchFinder& finder;
-    std::vector<Token>& tokens;
     ByteSource& source;
     BitWriter bits;
-    SearchEffort effort;
-    bool lazy;
-    SymbolCounts counts;
-    size_t count = 0;
-    std::uint32_t position = 0, blockStart = 0;
+    BlockGatherer gatherer;
+    const SearchEffort& effort;
+    bool isLazy;
+    std::uint32_t position = 0;
 };
 
 Deflater::Deflater() : buffers(std::make_unique<Buffers>()) {}
+
 Deflater::~Deflater() = default;
+
 DeflateResult Deflater::Compress(ByteSource& source, ByteSink& sink, int level) {
-    if (level < 1 || level > 9) return DeflateResult::BadPackLevel;
+    if (level < 1 || level > lastLevel) return DeflateResult::BadPackLevel;
     return Stream(*buffers, source, sink, level).Run();
 }
 

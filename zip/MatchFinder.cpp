@@ -8,15 +8,24 @@ namespace zip {
 
 namespace {
 
-constexpr std::uint32_t historySize = 32768;
+constexpr unsigned historyBits = 15;
+constexpr std::uint32_t historySize = 1U << historyBits;
 constexpr std::uint32_t bufferSize = 8 * historySize;
 constexpr std::uint32_t padding = longestMatch + 16; // compares read whole words past the end
 constexpr unsigned hashBits = 15;
 // The stream's first position counts from here, so that "never seen" is out of every position's reach.
 constexpr std::uint32_t streamStart = 0x10000;
 
+// One occurrence counts this much and fades over the window's length.
+constexpr std::uint32_t frequencyUnit = 256;
+constexpr unsigned commonnessShift = 7;
+
 std::uint32_t Hash(const std::uint8_t* bytes) {
     return ((Load32(bytes) << 8) * 0x9E3779B1U) >> (32 - hashBits);
+}
+
+std::uint32_t Faded(std::uint32_t frequency, std::uint32_t step) {
+    return frequency - static_cast<std::uint32_t>((std::uint64_t{frequency} * step) >> historyBits);
 }
 
 std::uint32_t EqualLength(const std::uint8_t* a, const std::uint8_t* b, std::uint32_t most) {
@@ -27,133 +36,112 @@ std::uint32_t EqualLength(const std::uint8_t* a, const std::uint8_t* b, std::uin
     return most;
 }
 
-struct Anchor {
-    std::uint32_t offset; // which three bytes of the string are followed along their chain
-    std::uint32_t step;   // to their next; 0: the string does not come again in reach
-};
+bool AreThreeEqual(std::uint32_t a, std::uint32_t b) {
+    return ((a ^ b) & 0xFFFFFF) == 0;
+}
 
-// Any longer match holds every three bytes of the string found so far: the rarest of them lead past the most positions
-// that cannot win.
-Anchor RarestAnchor(const std::uint16_t* steps, std::uint32_t stringLength) {
-    Anchor best{0, steps[0]};
-    if (best.step == 0) return best;
+// Any longer match holds every three bytes of the string: following the rarest of them leads past the most positions
+// that cannot win. Answers their offset in the string.
+std::uint32_t RarestOffset(const std::uint16_t* commonness, std::uint32_t stringLength) {
+    std::uint32_t rarest = 0;
+    std::uint32_t least = commonness[0];
     for (std::uint32_t offset = 1; offset + shortestMatch <= stringLength; ++offset) {
-        const std::uint32_t step = steps[offset];
-        if (step > best.step) best = {offset, step};
-        if (step == 0) return {offset, 0};
+        if (commonness[offset] < least) {
+            least = commonness[offset];
+            rarest = offset;
+        }
     }
-    return best;
+    return rarest;
 }
 
 } // namespace
 
-MatchFinder::MatchFinder() : bytes(bufferSize + padding), chain(bufferSize + padding), latest(1U << hashBits) {
+MatchFinder::MatchFinder()
+    : bytes(bufferSize + padding), steps(bufferSize + padding), commonness(bufferSize + padding),
+      latest(1U << hashBits) {
     Reset();
 }
 
 void MatchFinder::Reset() {
-    std::fill(latest.begin(), latest.end(), 0);
+    std::fill(latest.begin(), latest.end(), Latest{0, 0});
     end = 0;
     linked = 0;
     streamOffset = streamStart;
     sourceAtEnd = false;
 }
 
-void MatchFinder::Slide(std::uint32_t drop) {
+std::uint32_t MatchFinder::DropBefore(std::uint32_t position) const {
+    return position > bufferSize / 2 ? position - historySize : 0;
+}
+
+void MatchFinder::Drop(std::uint32_t drop) {
     std::copy(bytes.begin() + drop, bytes.begin() + end, bytes.begin());
-    std::copy(chain.begin() + drop, chain.begin() + linked, chain.begin());
+    std::copy(steps.begin() + drop, steps.begin() + linked, steps.begin());
+    std::copy(commonness.begin() + drop, commonness.begin() + linked, commonness.begin());
     end -= drop;
     linked -= drop;
     streamOffset += drop;
 }
 
-std::optional<std::uint32_t> MatchFinder::Fill(ByteSource& source, std::uint32_t position) {
-    std::uint32_t drop = 0;
-    if (position > bufferSize / 2) {
-        drop = position - historySize;
-        Slide(drop);
-    }
+bool MatchFinder::Fill(ByteSource& source, std::uint32_t drop) {
+    if (drop > 0) Drop(drop);
     const std::size_t wanted = bufferSize - end;
     const std::optional<std::size_t> got = source.Read(bytes.data() + end, wanted);
-    if (!got) return std::nullopt;
+    if (!got) return false;
     end += static_cast<std::uint32_t>(*got);
     sourceAtEnd = *got < wanted;
-    if (sourceAtEnd) std::fill(bytes.begin() + end, bytes.begin() + end + padding, std::uint8_t{0});
-    return drop;
+    return true;
 }
 
 void MatchFinder::LinkUpTo(std::uint32_t position) {
     const std::uint32_t stop = end < shortestMatch ? 0 : std::min(position + 1, end - shortestMatch + 1);
     const std::uint8_t* const data = bytes.data();
-    std::uint16_t* const steps = chain.data();
-    std::uint32_t* const heads = latest.data();
-    std::uint32_t at = linked;
-    for (; at < stop; ++at) {
-        std::uint32_t& head = heads[Hash(data + at)];
-        const std::uint32_t here = at + streamOffset;
-        const std::uint32_t step = here - head;
-        steps[at] = static_cast<std::uint16_t>(step <= farthestMatch ? step : 0);
-        head = here;
+    for (; linked < stop; ++linked) {
+        Latest& head = latest[Hash(data + linked)];
+        const std::uint32_t here = linked + streamOffset;
+        const std::uint32_t step = here - head.position;
+        const bool isInReach = step <= farthestMatch;
+        const std::uint32_t frequency = isInReach ? Faded(head.frequency, step) + frequencyUnit : 0;
+        steps[linked] = static_cast<std::uint16_t>(isInReach ? step : 0);
+        commonness[linked] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> commonnessShift, 0xFFFF));
+        head = {here, frequency};
     }
-    linked = at;
 }
 
 Match MatchFinder::Find(std::uint32_t position, std::uint32_t longerThan, const SearchEffort& effort,
                         unsigned longestChain) const {
-    const std::uint8_t* const here = bytes.data() + position;
-    const std::uint16_t* const steps = chain.data();
     const std::uint32_t most = std::min<std::uint32_t>(longestMatch, end - position);
-    const std::uint32_t nice = std::min<std::uint32_t>(effort.niceLength, most);
     if (longerThan >= most) return {};
+    const std::uint8_t* const data = bytes.data();
+    const std::uint8_t* const here = data + position;
+    const std::uint32_t nice = std::min<std::uint32_t>(effort.niceLength, most);
     const std::uint32_t first = position > farthestMatch ? position - farthestMatch : 0;
-    const std::uint32_t firstShort = position > farthestShortestMatch ? position - farthestShortestMatch : 0;
-    std::uint32_t best = longerThan;
-    std::uint32_t candidate = position;
-    Match match;
-    Anchor anchor = RarestAnchor(steps + position, best + 1);
     const std::uint32_t start = Load32(here);
 
-    if (best < shortestMatch) {
-        // No match yet: three equal bytes do near by.
-        while (true) {
-            if (anchor.step == 0 || longestChain == 0) return {};
-            --longestChain;
-            if (candidate < anchor.step + first) return {};
-            candidate -= anchor.step;
-            if (candidate < firstShort) {
-                candidate += anchor.step;
-                ++longestChain;
+    std::uint32_t best = longerThan;
+    std::uint32_t offset = RarestOffset(commonness.data() + position, best + 1);
+    std::uint32_t candidate = position;
+    Match match;
+    for (; longestChain > 0; --longestChain) {
+        const std::uint32_t step = steps[candidate + offset];
+        if (step == 0 || candidate < first + step) break;
+        candidate -= step;
+        const std::uint8_t* const there = data + candidate;
+        if (best < shortestMatch) {
+            // Three equal bytes are worth having only near by; from there on it takes four.
+            if (position - candidate > farthestShortestMatch)
                 best = shortestMatch;
-                break;
-            }
-            if (((Load32(bytes.data() + candidate) ^ start) & 0xFFFFFF) == 0) {
-                best = EqualLength(bytes.data() + candidate, here, most);
-                match = {best, position - candidate};
-                if (best >= nice) return match;
-                anchor = RarestAnchor(steps + candidate, best);
-                break;
-            }
-            anchor.step = steps[candidate];
-        }
-    }
-    std::uint32_t tail = Load32(here + best - 3);
-    while (anchor.step != 0 && longestChain != 0) {
-        --longestChain;
-        if (candidate < anchor.step + first) break;
-        candidate -= anchor.step;
-        const std::uint8_t* const there = bytes.data() + candidate;
-        if (Load32(there + best - 3) == tail && Load32(there) == start) {
-            const std::uint32_t length = EqualLength(there, here, most);
-            if (length > best) {
-                best = length;
-                match = {best, position - candidate};
-                if (best >= nice) break;
-                tail = Load32(here + best - 3);
-                anchor = RarestAnchor(steps + candidate, best);
+            else if (!AreThreeEqual(Load32(there), start))
                 continue;
-            }
         }
-        anchor.step = steps[candidate + anchor.offset];
+        if (best >= shortestMatch && (Load32(there + best - 3) != Load32(here + best - 3) || Load32(there) != start))
+            continue;
+        const std::uint32_t length = EqualLength(there, here, most);
+        if (length <= best) continue;
+        best = length;
+        match = {length, position - candidate};
+        if (best >= nice) break;
+        offset = RarestOffset(commonness.data() + candidate, best);
     }
     return match;
 }

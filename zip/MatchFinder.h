@@ -37,9 +37,13 @@ public:
     /// Forgets everything; the buffers stay.
     void Reset();
 
-    /// Drops what lies more than 32 KiB before `position` when the buffer is more than half used, and reads until it is
-    /// full or the source ends. Returns by how many bytes positions have shifted down; none after a read failure.
-    [[nodiscard]] std::optional<std::uint32_t> Fill(ByteSource& source, std::uint32_t position);
+    /// How many of the buffer's first bytes the next Fill may drop when the search has come to `position`: those more
+    /// than 32 KiB back, once the buffer is more than half used.
+    [[nodiscard]] std::uint32_t DropBefore(std::uint32_t position) const;
+
+    /// Drops these first bytes, by which all positions shift down, and reads until the buffer is full or the source
+    /// ends. False after a read failure.
+    [[nodiscard]] bool Fill(ByteSource& source, std::uint32_t drop);
 
     /// Links positions into the chains so that Find can be asked up to and including `position`.
     void LinkUpTo(std::uint32_t position);
@@ -54,13 +58,20 @@ public:
     [[nodiscard]] bool IsSourceAtEnd() const { return sourceAtEnd; }
 
 private:
-    void Slide(std::uint32_t drop);
+    /// A hash's latest position in the stream, and how often it came lately.
+    struct Latest {
+        std::uint32_t position;
+        std::uint32_t frequency;
+    };
+
+    void Drop(std::uint32_t drop);
 
     std::vector<std::uint8_t> bytes;
-    // For each position, how far back the chain's next lies; 0 when there is none in reach.
-    std::vector<std::uint16_t> chain;
-    // For each hash, the latest position in the stream (not in the buffer) plus streamStart.
-    std::vector<std::uint32_t> latest;
+    // For each position, how far back the chain's next lies, 0 when there is none in reach; and how common its three
+    // bytes have been in the window before it.
+    std::vector<std::uint16_t> steps;
+    std::vector<std::uint16_t> commonness;
+    std::vector<Latest> latest;
     std::uint32_t end = 0;
     std::uint32_t linked = 0;
     std::uint32_t streamOffset = 0;
