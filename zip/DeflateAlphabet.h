@@ -7,7 +7,8 @@
 
 namespace zip {
 
-constexpr std::size_t lengthSymbolCount = 286; // literals 0-255, end of block, lengths 257-285
+constexpr std::size_t lengthSymbolCount = 288; // literals 0-255, end of block, lengths 257-285; two take part in the
+                                               // fixed code only and never occur
 constexpr std::size_t distanceSymbolCount = 30;
 constexpr std::size_t codeLengthSymbolCount = 19;
 constexpr unsigned endOfBlock = 256;
