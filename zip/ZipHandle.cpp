@@ -20,7 +20,7 @@ std::unique_ptr<ZipHandle> Create(const std::string& path) {
 }
 
 ZipResult AddFile(ZipHandle* handle, const std::string& entryName, const std::string& sourcePath) {
-    if (handle == nullptr || entryName.empty()) return Told(ZipResult::FaultyArguments);
+    if (handle == nullptr) return Told(ZipResult::FaultyArguments);
     if (handle->kind != HandleKind::Writer) return Told(ZipResult::MixedCreationAndOpening);
     return handle->writer.AddFile(entryName, sourcePath);
 }
