@@ -75,3 +75,22 @@ function(kelvarnix_test NAME)
   set_target_properties(${NAME} PROPERTIES CXX_EXTENSIONS OFF)
   gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
 endfunction()
+
+# kelvarnix_fuzz(NAME SOURCES ... LINKS ...): a libFuzzer program (clang), run by ctest for the seconds that the
+# environment's KELVARNIX_FUZZ_SECONDS says, 5 by default. What it finds stays in the build folder.
+function(kelvarnix_fuzz NAME)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${NAME} ${ARG_SOURCES})
+  target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelvarnix_options)
+  target_compile_features(${NAME} PRIVATE cxx_std_20)
+  target_compile_options(${NAME} PRIVATE -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all)
+  target_link_options(${NAME} PRIVATE -fsanitize=fuzzer,address,undefined)
+  set_target_properties(${NAME} PROPERTIES CXX_EXTENSIONS OFF)
+  set(corpus "${CMAKE_CURRENT_BINARY_DIR}/${NAME}_corpus")
+  file(MAKE_DIRECTORY "${corpus}")
+  add_test(NAME fuzz.${NAME}
+    COMMAND sh -c "exec \"$0\" -max_total_time=\"\${KELVARNIX_FUZZ_SECONDS:-5}\" -rss_limit_mb=4096 \"$1\""
+            "$<TARGET_FILE:${NAME}>" "${corpus}"
+    WORKING_DIRECTORY "${CMAKE_CURRENT_BINARY_DIR}")
+  set_tests_properties(fuzz.${NAME} PROPERTIES TIMEOUT 600)
+endfunction()

@@ -2,6 +2,7 @@
 #include "zip/ZipArchiveWriter.h"
 
 #include <cstdio>
+#include <filesystem>
 #include <string>
 
 namespace {
@@ -39,6 +40,8 @@ int main(int argumentCount, char** arguments) {
     }
     result = writer.Close();
     if (result != zip::ZipResult::Success) exitCode = Fail("cannot finish", archivePath, result);
-    if (exitCode != 0) std::remove(archivePath.c_str()); // nothing half packed stays behind
+    std::error_code ignored;
+    const bool isFile = std::filesystem::is_regular_file(archivePath, ignored); // and no device or pipe
+    if (exitCode != 0 && isFile) std::remove(archivePath.c_str());
     return exitCode;
 }
