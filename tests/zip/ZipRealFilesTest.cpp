@@ -24,16 +24,6 @@ using zip::ZipResult;
 
 const std::string endRecordStart = "PK\x05\x06";
 
-std::string Noise(std::size_t size) {
-    std::string bytes(size, '\0');
-    std::uint32_t state = 1;
-    for (char& byte : bytes) {
-        state = state * 1664525 + 1013904223;
-        byte = static_cast<char>(state >> 24);
-    }
-    return bytes;
-}
-
 TEST(ZipRealFilesTest, ReplacesALongerFileAtTheTarget) {
     const TestFolder folder;
     const std::string target = folder.Write("out.zip", std::string(5000, 'o'));
@@ -107,6 +97,16 @@ TEST(ZipRealFilesTest, SharesASourceForReadingOnly) {
 }
 
 #else
+
+std::string Noise(std::size_t size) {
+    std::string bytes(size, '\0');
+    std::uint32_t state = 1;
+    for (char& byte : bytes) {
+        state = state * 1664525 + 1013904223;
+        byte = static_cast<char>(state >> 24);
+    }
+    return bytes;
+}
 
 /// Runs a check in a process of its own, which may give up rights, and answers what the check answers.
 int InChild(const std::function<int()>& check) {
