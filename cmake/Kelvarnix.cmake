@@ -82,11 +82,19 @@ function(kelvarnix_test NAME)
   endif()
 endfunction()
 
-# kelvarnix_fuzz(NAME SOURCES ... LINKS ...): a libFuzzer program (clang), run by ctest for the seconds that the
-# environment's KELVARNIX_FUZZ_SECONDS says, 5 by default. What it finds stays in the build folder.
+# kelvarnix_fuzz(NAME SOURCES ... INSTRUMENTS ... LINKS ...): a libFuzzer program (clang), run by ctest for the seconds
+# that the environment's KELVARNIX_FUZZ_SECONDS says, 5 by default. The libraries under INSTRUMENTS are compiled into it
+# anew, so that the fuzzer sees which of their paths it has reached. What it finds stays in the build folder.
 function(kelvarnix_fuzz NAME)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;INSTRUMENTS;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
+  foreach(library IN LISTS ARG_INSTRUMENTS)
+    get_target_property(folder ${library} SOURCE_DIR)
+    get_target_property(sources ${library} SOURCES)
+    list(TRANSFORM sources PREPEND "${folder}/")
+    target_sources(${NAME} PRIVATE ${sources})
+    target_include_directories(${NAME} PRIVATE $<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>)
+  endforeach()
   target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelvarnix_options)
   target_compile_features(${NAME} PRIVATE cxx_std_20)
   target_compile_options(${NAME} PRIVATE -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all)

@@ -13,8 +13,9 @@ constexpr std::uint32_t historySize = 1U << historyBits;
 constexpr std::uint32_t bufferSize = 8 * historySize;
 constexpr std::uint32_t padding = longestMatch + 16; // compares read whole words past the end
 constexpr unsigned hashBits = 15;
-// The stream's first position counts from here, so that "never seen" is out of every position's reach.
-constexpr std::uint32_t streamStart = 0x10000;
+// Positions of one stream start this far behind those of the stream before, so that nothing of it is in reach.
+constexpr std::uint32_t streamGap = 0x10000;
+constexpr std::uint32_t latestStreamOffset = 0x80000000;
 
 // One occurrence counts this much and fades over the window's length.
 constexpr std::uint32_t frequencyUnit = 256;
@@ -58,15 +59,16 @@ std::uint32_t RarestOffset(const std::uint16_t* commonness, std::uint32_t string
 
 MatchFinder::MatchFinder()
     : bytes(bufferSize + padding), steps(bufferSize + padding), commonness(bufferSize + padding),
-      latest(1U << hashBits) {
-    Reset();
-}
+      latest(1U << hashBits, Latest{0, 0}) {}
 
 void MatchFinder::Reset() {
-    std::fill(latest.begin(), latest.end(), Latest{0, 0});
+    streamOffset += end + streamGap;
+    if (streamOffset > latestStreamOffset) {
+        std::fill(latest.begin(), latest.end(), Latest{0, 0});
+        streamOffset = streamGap;
+    }
     end = 0;
     linked = 0;
-    streamOffset = streamStart;
     sourceAtEnd = false;
 }
 
