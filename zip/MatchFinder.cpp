@@ -97,17 +97,23 @@ bool MatchFinder::Fill(ByteSource& source, std::uint32_t drop) {
 
 void MatchFinder::LinkUpTo(std::uint32_t position) {
     const std::uint32_t stop = end < shortestMatch ? 0 : std::min(position + 1, end - shortestMatch + 1);
+    // Locals, because the compiler cannot know that the table's words are not these members.
     const std::uint8_t* const data = bytes.data();
-    for (; linked < stop; ++linked) {
-        Latest& head = latest[Hash(data + linked)];
-        const std::uint32_t here = linked + streamOffset;
+    std::uint16_t* const stepOf = steps.data();
+    std::uint16_t* const commonnessOf = commonness.data();
+    Latest* const heads = latest.data();
+    const std::uint32_t offset = streamOffset;
+    for (std::uint32_t at = linked; at < stop; ++at) {
+        Latest& head = heads[Hash(data + at)];
+        const std::uint32_t here = at + offset;
         const std::uint32_t step = here - head.position;
         const bool isInReach = step <= farthestMatch;
         const std::uint32_t frequency = isInReach ? Faded(head.frequency, step) + frequencyUnit : 0;
-        steps[linked] = static_cast<std::uint16_t>(isInReach ? step : 0);
-        commonness[linked] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> commonnessShift, 0xFFFF));
+        stepOf[at] = static_cast<std::uint16_t>(isInReach ? step : 0);
+        commonnessOf[at] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> commonnessShift, 0xFFFF));
         head = {here, frequency};
     }
+    linked = std::max(linked, stop);
 }
 
 Match MatchFinder::Find(std::uint32_t position, std::uint32_t longerThan, const SearchEffort& effort,
