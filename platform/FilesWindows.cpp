@@ -1,0 +1,148 @@
+#include "platform/Files.h"
+
+#ifndef NOMINMAX
+#define NOMINMAX
+#endif
+#define WIN32_LEAN_AND_MEAN
+#include <windows.h>
+
+namespace platform {
+
+namespace {
+
+constexpr std::size_t largestTransfer = 1U << 30;
+constexpr DWORD storedAttributes = ReadOnly | Hidden | System | Directory | Archive;
+
+DWORD TransferSize(std::size_t sizeBytes) {
+    return static_cast<DWORD>(sizeBytes < largestTransfer ? sizeBytes : largestTransfer);
+}
+
+bool MoveTo(HANDLE file, std::uint64_t offset) {
+    LARGE_INTEGER position;
+    position.QuadPart = static_cast<LONGLONG>(offset);
+    return SetFilePointerEx(file, position, nullptr, FILE_BEGIN) != 0;
+}
+
+std::uint64_t Joined(DWORD high, DWORD low) {
+    return (static_cast<std::uint64_t>(high) << 32) | low;
+}
+
+std::uint64_t Time(const FILETIME& time) {
+    return Joined(time.dwHighDateTime, time.dwLowDateTime);
+}
+
+template <typename Information>
+FileFacts FactsFrom(const Information& information) {
+    FileFacts facts;
+    facts.sizeBytes = Joined(information.nFileSizeHigh, information.nFileSizeLow);
+    facts.attributes = information.dwFileAttributes & storedAttributes;
+    facts.lastWriteTime = Time(information.ftLastWriteTime);
+    facts.lastAccessTime = Time(information.ftLastAccessTime);
+    facts.creationTime = Time(information.ftCreationTime);
+    return facts;
+}
+
+class WindowsOutputFile final : public OutputFile {
+public:
+    explicit WindowsOutputFile(HANDLE file) : file(file) {}
+    ~WindowsOutputFile() override {
+        if (file != INVALID_HANDLE_VALUE) CloseHandle(file);
+    }
+
+    bool CanSeek() const override { return GetFileType(file) == FILE_TYPE_DISK; }
+
+    bool Write(const void* data, std::size_t sizeBytes) override {
+        const char* bytes = static_cast<const char*>(data);
+        while (sizeBytes > 0) {
+            DWORD written = 0;
+            if (!WriteFile(file, bytes, TransferSize(sizeBytes), &written, nullptr) || written == 0) return false;
+            bytes += written;
+            sizeBytes -= written;
+        }
+        return true;
+    }
+
+    bool Seek(std::uint64_t offset) override { return MoveTo(file, offset); }
+    bool Flush() override { return FlushFileBuffers(file) != 0; }
+
+    bool Close() override {
+        const HANDLE closing = file;
+        file = INVALID_HANDLE_VALUE;
+        return closing != INVALID_HANDLE_VALUE && CloseHandle(closing) != 0;
+    }
+
+private:
+    HANDLE file;
+};
+
+class WindowsInputFile final : public InputFile {
+public:
+    explicit WindowsInputFile(HANDLE file) : file(file) {}
+    ~WindowsInputFile() override { CloseHandle(file); }
+
+    std::optional<std::size_t> Read(void* data, std::size_t sizeBytes) override {
+        char* bytes = static_cast<char*>(data);
+        std::size_t total = 0;
+        while (total < sizeBytes) {
+            DWORD got = 0;
+            if (!ReadFile(file, bytes + total, TransferSize(sizeBytes - total), &got, nullptr)) return std::nullopt;
+            if (got == 0) break;
+            total += got;
+        }
+        return total;
+    }
+
+    bool Seek(std::uint64_t offset) override { return MoveTo(file, offset); }
+
+    std::optional<FileFacts> Facts() override {
+        BY_HANDLE_FILE_INFORMATION information;
+        if (!GetFileInformationByHandle(file, &information)) return std::nullopt;
+        return FactsFrom(information);
+    }
+
+private:
+    HANDLE file;
+};
+
+class WindowsFiles final : public FileLayer {
+public:
+    std::unique_ptr<OutputFile> CreateOrTruncate(const std::string& path) override {
+        const HANDLE file =
+            CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE) return nullptr;
+        return std::make_unique<WindowsOutputFile>(file);
+    }
+
+    std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
+        const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                                        FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file == INVALID_HANDLE_VALUE) return nullptr;
+        return std::make_unique<WindowsInputFile>(file);
+    }
+
+    FolderCreation CreateFolder(const std::string& path) override {
+        if (CreateDirectoryA(path.c_str(), nullptr)) return FolderCreation::Created;
+        return GetLastError() == ERROR_ALREADY_EXISTS ? FolderCreation::AlreadyThere : FolderCreation::Failed;
+    }
+
+    bool RemoveFile(const std::string& path) override { return DeleteFileA(path.c_str()) != 0; }
+    bool RemoveFolder(const std::string& path) override { return RemoveDirectoryA(path.c_str()) != 0; }
+    bool Replace(const std::string& from, const std::string& to) override {
+        return MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+    }
+};
+
+} // namespace
+
+FileLayer& OperatingSystemFiles() {
+    static WindowsFiles files;
+    return files;
+}
+
+std::optional<FileFacts> FactsOf(const std::string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA information;
+    if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &information)) return std::nullopt;
+    return FactsFrom(information);
+}
+
+} // namespace platform
