@@ -370,8 +370,9 @@ TEST(ImportRules, FindsLayersAndStoreys) {
                     "#9,$,$,.ELEMENT.,0.);\n"
                     "#92=IFCSPACE('s',$,'Room',$,$,#9,$,$,.ELEMENT.,$,$);\n#93=IFCRELAGGREGATES('g',$,$,$,#90,(#92));\n"
                     "#94=IFCRELCONTAINEDINSPATIALSTRUCTURE('c',$,$,$,(#20),#92);\n#95="
-                    "IFCRELCONTAINEDINSPATIALSTRUCTURE('c',$,$,$,(#22),#91);\n"
-                    "#96=IFCRELAGGREGATES('g',$,$,$,#22,(#21));\n"));
+                    "IFCRELCONTAINEDINSPATIALSTRUCTURE('c',$,$,$,(#22,#24),#91);\n"
+                    "#24=IFCELEMENTASSEMBLY('assembly',$,$,$,$,#9,$,$,$,$);\n"
+                    "#96=IFCRELAGGREGATES('g',$,$,$,#24,(#21));\n"));
     const auto layer = [&](const char* id) { return building.layers.at(Element(building, id).layer); };
     const auto storey = [&](const char* id) {
         const auto index = Element(building, id).storey;
@@ -380,7 +381,8 @@ TEST(ImportRules, FindsLayersAndStoreys) {
     EXPECT_EQ(layer("whole shape"), "Wände");
     EXPECT_EQ(layer("item"), "Innen");
     EXPECT_EQ(layer("nowhere"), noLayerName);
-    EXPECT_EQ(Ids(building.sumsOfParts), "copy");
+    EXPECT_EQ(layer("copy"), "Wände");
+    EXPECT_EQ(Ids(building.sumsOfParts), "assembly");
     ASSERT_EQ(building.storeys.size(), 2U);
     EXPECT_EQ(building.storeys[0].name, "EG") << "by elevation";
     EXPECT_EQ(storey("whole shape"), "OG") << "through the space";

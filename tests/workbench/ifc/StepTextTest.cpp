@@ -127,6 +127,7 @@ const DamageCase damageCases[] = {
     {"number too large", "#99999999999=IFCWALL();", "is damaged in line 8"},
     {"other language", "#1=PRODUCT('a');", "is damaged in line 8"},
     {"too many closed", "#1=IFCWALL());", "is damaged in line 8"},
+    {"closed before opened", "#1=IFCWALL())((1);", "is damaged in line 8"},
     {"not closed", "#1=IFCWALL((;", "is damaged in line 8"},
     {"too deep", "#1=IFCWALL((((((((((((((((((((((((((((((((((((((((1))))))))))))))))))))))))))))))))))))))));",
      "is damaged in line 8"},
