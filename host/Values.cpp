@@ -1,5 +1,6 @@
 #include "host/Values.h"
 
+#include <random>
 #include <string_view>
 
 namespace host {
@@ -48,6 +49,16 @@ std::string WriteGuid(const Guid& guid) {
         text += digits[byte & 15];
     }
     return text + "}";
+}
+
+Guid CreateGuid() {
+    static thread_local std::mt19937_64 generator{std::random_device{}()};
+    Guid guid;
+    for (std::uint8_t& byte : guid.bytes)
+        byte = static_cast<std::uint8_t>(generator() & 255U);
+    guid.bytes[6] = static_cast<std::uint8_t>((guid.bytes[6] & 0x0FU) | 0x40U); // version 4: random
+    guid.bytes[8] = static_cast<std::uint8_t>((guid.bytes[8] & 0x3FU) | 0x80U);
+    return guid;
 }
 
 } // namespace host

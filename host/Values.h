@@ -50,6 +50,8 @@ struct Guid {
 Guid ParseGuid(const std::string& text);
 /// Writes the braced upper-case form that ParseGuid reads.
 std::string WriteGuid(const Guid& guid);
+/// A new random identifier (version 4).
+Guid CreateGuid();
 
 /// Index of an attribute within its kind, counted from 1; 0 is "none".
 struct AttributeIndex {

@@ -5,7 +5,6 @@
 #include "src/Texts.h"
 
 #include <algorithm>
-#include <random>
 
 namespace {
 
@@ -22,7 +21,7 @@ constexpr std::array<const char*, 3> UnitTexts = {"m3", "m2", "kg"};
 void AddUnitOptions(host::PropertyDefinition& definition) {
     definition.collection = host::CollectionType::SingleChoice;
     for (const char* text : UnitTexts)
-        definition.options.push_back({CreateGuid(), text});
+        definition.options.push_back({host::CreateGuid(), text});
     definition.defaultValue = host::Variant::OfGuid(definition.options.front().key);
 }
 
@@ -50,16 +49,6 @@ bool IsClassifiedIn(const std::vector<host::Classification>& classifications, co
 }
 
 } // namespace
-
-host::Guid CreateGuid() {
-    static std::mt19937_64 generator{std::random_device{}()};
-    host::Guid guid;
-    for (std::size_t i = 0; i < guid.bytes.size(); ++i)
-        guid.bytes[i] = static_cast<std::uint8_t>(generator() & 255U);
-    guid.bytes[6] = static_cast<std::uint8_t>((guid.bytes[6] & 0x0FU) | 0x40U); // version 4: random
-    guid.bytes[8] = static_cast<std::uint8_t>((guid.bytes[8] & 0x3FU) | 0x80U);
-    return guid;
-}
 
 host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index) {
     host::PropertyDefinition definition;

@@ -15,9 +15,6 @@
 /// and availability. An index outside the key table gives a definition without a value type.
 host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index);
 
-/// A new random identifier.
-host::Guid CreateGuid();
-
 /// The first definition of the model that carries each key's marker.
 using LCADefinitions = std::array<std::optional<host::PropertyDefinition>, lca::PropertyKeyCount>;
 

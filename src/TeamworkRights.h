@@ -4,12 +4,10 @@
 #include "host/Host.h"
 #include "host/Teamwork.h"
 
-inline constexpr char ClassificationsAndPropertiesSet[] = "ClassificationsAndProperties";
-
 /// State of the set that holds the LCA schema and the project record.
 inline host::LockableStatus ReadPropertiesStatus(host::Host& host) {
     host::Teamwork& teamwork = host.GetTeamwork();
-    return teamwork.ReadLockableStatus(teamwork.FindLockableSet(ClassificationsAndPropertiesSet));
+    return teamwork.ReadLockableStatus(teamwork.FindLockableSet(host::ClassificationsAndPropertiesSet));
 }
 
 /// Always in a project that is not shared; in a shared one while this user holds the set.

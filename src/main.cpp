@@ -74,7 +74,8 @@ void CreateContext() {
 
 std::set<host::Guid> FindWatchedSets() {
     host::Teamwork& teamwork = importedHost->GetTeamwork();
-    return {teamwork.FindLockableSet("ClassificationsAndProperties"), teamwork.FindLockableSet("BuildingMaterials")};
+    return {teamwork.FindLockableSet(host::ClassificationsAndPropertiesSet),
+            teamwork.FindLockableSet(host::BuildingMaterialsSet)};
 }
 
 host::ErrorCode InstallHandlers() {

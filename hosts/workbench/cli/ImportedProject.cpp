@@ -27,7 +27,7 @@ host::Guid MakeGuid(const ifc::ImportedElement& source, std::vector<std::string>
     if (const std::optional<host::Guid> guid = ReadGlobalId(source.globalId); guid && !guid->IsNull()) return *guid;
     warnings.push_back(source.ifcType + " \"" + source.name + "\" has no proper GlobalId (\"" + source.globalId +
                        "\"); it got a new one");
-    return CreateGuid();
+    return host::CreateGuid();
 }
 
 } // namespace
@@ -58,7 +58,7 @@ std::unique_ptr<Project> CreateProject(const ifc::ImportedBuilding& building, st
         if (model.AddElement(element, components)) continue;
         warnings.push_back("GlobalId " + source.globalId + " occurs twice; the later " + source.ifcType +
                            " got a new one");
-        element.guid = CreateGuid();
+        element.guid = host::CreateGuid();
         model.AddElement(std::move(element), components);
     }
     return project;

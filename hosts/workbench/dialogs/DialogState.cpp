@@ -55,6 +55,13 @@ DialogState* OpenDialogs::FindByResource(std::int16_t resource) {
     return nullptr;
 }
 
+std::vector<host::DialogId> OpenDialogs::List() const {
+    std::vector<host::DialogId> list;
+    for (const auto& [id, dialog] : dialogs)
+        list.push_back({id});
+    return list;
+}
+
 ItemState* OpenDialogs::FindItem(host::DialogId dialog, std::int16_t item) {
     DialogState* state = Find(dialog);
     if (state == nullptr || item < 1 || static_cast<std::size_t>(item) > state->items.size()) return nullptr;

@@ -74,6 +74,8 @@ public:
     DialogState* Find(host::DialogId dialog);
     /// The open dialog that was made from a resource.
     DialogState* FindByResource(std::int16_t resource);
+    /// The open dialogs, the one opened last at the end.
+    std::vector<host::DialogId> List() const;
     ItemState* FindItem(host::DialogId dialog, std::int16_t item);
     /// Null also where the row does not exist.
     RowState* FindRow(host::DialogId dialog, std::int16_t item, std::int32_t row);

@@ -1,12 +1,10 @@
 // Whether a change is allowed now: inside an undoable command, and in a shared project with the guarding set held.
 #pragma once
 
+#include "host/Teamwork.h"
 #include "workbench/model/Project.h"
 
 namespace workbench {
-
-inline constexpr char ClassificationsAndPropertiesSet[] = "ClassificationsAndProperties";
-inline constexpr char BuildingMaterialsSet[] = "BuildingMaterials";
 
 class Access {
 public:

@@ -56,11 +56,11 @@ host::ErrorCode PropertiesRole::ListGroups(std::vector<host::PropertyGroup>& gro
 }
 
 host::ErrorCode PropertiesRole::CreateGroup(host::PropertyGroup& group) {
-    if (const host::ErrorCode error = access.Check(ClassificationsAndPropertiesSet)) return error;
+    if (const host::ErrorCode error = access.Check(host::ClassificationsAndPropertiesSet)) return error;
     if (group.name.empty()) return host::Errors::BadName;
     if (FindIn(project->model.GetGroups(), [&](const host::PropertyGroup& other) { return other.name == group.name; }))
         return host::Errors::NameAlreadyUsed;
-    group.guid = CreateGuid();
+    group.guid = host::CreateGuid();
     project->Record({{}, group});
     return host::NoError;
 }
@@ -75,15 +75,15 @@ host::ErrorCode PropertiesRole::ListDefinitions(const host::Guid& group,
 }
 
 host::ErrorCode PropertiesRole::CreateDefinition(host::PropertyDefinition& definition) {
-    if (const host::ErrorCode error = access.Check(ClassificationsAndPropertiesSet)) return error;
-    definition.guid = CreateGuid();
+    if (const host::ErrorCode error = access.Check(host::ClassificationsAndPropertiesSet)) return error;
+    definition.guid = host::CreateGuid();
     if (const host::ErrorCode error = CheckDefinition(definition)) return error;
     project->Record({{}, definition});
     return host::NoError;
 }
 
 host::ErrorCode PropertiesRole::ChangeDefinition(const host::PropertyDefinition& definition) {
-    if (const host::ErrorCode error = access.Check(ClassificationsAndPropertiesSet)) return error;
+    if (const host::ErrorCode error = access.Check(host::ClassificationsAndPropertiesSet)) return error;
     const host::PropertyDefinition* old = project->model.FindDefinition(definition.guid);
     if (old == nullptr) return host::Errors::BadId;
     if (const host::ErrorCode error = CheckDefinition(definition)) return error;
@@ -178,7 +178,7 @@ host::ErrorCode PropertiesRole::ReadMaterialValues(host::AttributeIndex material
 
 host::ErrorCode PropertiesRole::WriteMaterialValues(host::AttributeIndex material,
                                                     const std::vector<host::PropertyValue>& values) {
-    if (const host::ErrorCode error = access.Check(BuildingMaterialsSet)) return error;
+    if (const host::ErrorCode error = access.Check(host::BuildingMaterialsSet)) return error;
     if (project->model.FindBuildingMaterial(material) == nullptr) return host::Errors::BadIndex;
     for (const host::PropertyValue& value : values) {
         const host::PropertyDefinition* definition = project->model.FindDefinition(value.definition);
@@ -229,13 +229,13 @@ host::ErrorCode ClassificationsRole::ListSystems(std::vector<host::Classificatio
 }
 
 host::ErrorCode ClassificationsRole::CreateSystem(host::ClassificationSystem& system) {
-    if (const host::ErrorCode error = access.Check(ClassificationsAndPropertiesSet)) return error;
+    if (const host::ErrorCode error = access.Check(host::ClassificationsAndPropertiesSet)) return error;
     if (system.name.empty()) return host::Errors::BadName;
     if (FindIn(project->model.GetSystems(), [&](const host::ClassificationSystem& other) {
             return other.name == system.name && other.version == system.version;
         }))
         return host::Errors::NameAlreadyUsed;
-    system.guid = CreateGuid();
+    system.guid = host::CreateGuid();
     project->Record({{}, system});
     return host::NoError;
 }
@@ -259,13 +259,13 @@ host::ErrorCode ClassificationsRole::ListChildItems(const host::Guid& item,
 }
 
 host::ErrorCode ClassificationsRole::CreateRootItem(const host::Guid& system, host::ClassificationItem& item) {
-    if (const host::ErrorCode error = access.Check(ClassificationsAndPropertiesSet)) return error;
+    if (const host::ErrorCode error = access.Check(host::ClassificationsAndPropertiesSet)) return error;
     if (!FindIn(project->model.GetSystems(), [&](const host::ClassificationSystem& one) { return one.guid == system; }))
         return host::Errors::BadId;
     if (item.id.empty()) return host::Errors::BadName;
     for (const ClassificationItem& other : project->model.GetItems())
         if (other.system == system && other.item.id == item.id) return host::Errors::NameAlreadyUsed;
-    item.guid = CreateGuid();
+    item.guid = host::CreateGuid();
     project->Record({{}, ClassificationItem{item, system, {}}});
     return host::NoError;
 }
@@ -285,7 +285,7 @@ host::ErrorCode ClassificationsRole::ReadMaterialClassifications(host::Attribute
 }
 
 host::ErrorCode ClassificationsRole::ClassifyMaterial(host::AttributeIndex material, const host::Guid& item) {
-    if (const host::ErrorCode error = access.Check(BuildingMaterialsSet)) return error;
+    if (const host::ErrorCode error = access.Check(host::BuildingMaterialsSet)) return error;
     if (project->model.FindBuildingMaterial(material) == nullptr) return host::Errors::BadIndex;
     const ClassificationItem* found =
         FindIn(project->model.GetItems(), [&](const ClassificationItem& one) { return one.item.guid == item; });

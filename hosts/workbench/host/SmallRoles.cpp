@@ -10,7 +10,7 @@ namespace workbench {
 
 namespace {
 
-constexpr std::array<const char*, 2> LockableSets = {ClassificationsAndPropertiesSet, BuildingMaterialsSet};
+constexpr std::array<const char*, 2> LockableSets = {host::ClassificationsAndPropertiesSet, host::BuildingMaterialsSet};
 
 /// Identifiers of the sets are their positions; only this host hands them out.
 host::Guid GuidOfSet(std::size_t position) {

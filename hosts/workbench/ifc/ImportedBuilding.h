@@ -9,26 +9,11 @@
 #include <string>
 #include <vector>
 
+#include "host/Values.h"
+
 namespace workbench::ifc {
 
-/// The host's element type numbers.
-enum class ElementKind : std::int32_t {
-    Wall = 1,
-    Column = 2,
-    Beam = 3,
-    Window = 4,
-    Door = 5,
-    Object = 6,
-    Slab = 8,
-    Roof = 9,
-    Mesh = 10,
-    CurtainWall = 37,
-    Shell = 43,
-    Skylight = 44,
-    Morph = 45,
-    Stair = 47,
-    Railing = 51
-};
+using ElementKind = host::ElementType;
 
 /// Where a volume or an area comes from.
 enum class QuantitySource : std::uint8_t {

@@ -1,7 +1,5 @@
 #include "workbench/model/NewProject.h"
 
-#include <random>
-
 namespace workbench {
 
 namespace {
@@ -49,24 +47,14 @@ void AddAttributes(Model& model) {
 
 } // namespace
 
-host::Guid CreateGuid() {
-    static thread_local std::mt19937_64 generator{std::random_device{}()};
-    host::Guid guid;
-    for (std::uint8_t& byte : guid.bytes)
-        byte = static_cast<std::uint8_t>(generator() & 255U);
-    guid.bytes[6] = static_cast<std::uint8_t>((guid.bytes[6] & 0x0FU) | 0x40U); // version 4: random
-    guid.bytes[8] = static_cast<std::uint8_t>((guid.bytes[8] & 0x3FU) | 0x80U);
-    return guid;
-}
-
 std::unique_ptr<Project> CreateProject() {
     auto project = std::make_unique<Project>();
     AddAttributes(project->model);
-    const host::ClassificationSystem system{CreateGuid(), ElementSystem, "1", {2026, 1, 1}};
+    const host::ClassificationSystem system{host::CreateGuid(), ElementSystem, "1", {2026, 1, 1}};
     project->model.Apply({{}, system});
     for (const ElementKindName& kind : ElementKinds)
         project->model.Apply(
-            {{}, ClassificationItem{{CreateGuid(), GetItemId(kind.type), kind.name}, system.guid, {}}});
+            {{}, ClassificationItem{{host::CreateGuid(), GetItemId(kind.type), kind.name}, system.guid, {}}});
     return project;
 }
 

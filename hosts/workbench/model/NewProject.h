@@ -8,9 +8,6 @@ namespace workbench {
 /// Pens, fills and surfaces, and the system "Workbench Elements" with an item per kind of element.
 std::unique_ptr<Project> CreateProject();
 
-/// A new random identifier.
-host::Guid CreateGuid();
-
 /// Item of "Workbench Elements" for a kind of element; null in a project without that system.
 host::Guid FindElementClassification(const Model& model, host::ElementType type);
 

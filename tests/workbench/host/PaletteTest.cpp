@@ -175,6 +175,14 @@ TEST_F(PaletteTest, ResizingMovesAndGrowsAndNeverBelowTheMinimum) {
     EXPECT_GE(Item(PaletteItems::PieChart).rectangle.height, 18);
 }
 
+TEST_F(PaletteTest, UnloadingClosesThePalette) {
+    Toggle();
+    module.Unload();
+    EXPECT_EQ(Palette(), nullptr);
+    EXPECT_TRUE(host.registration.GetMenus().empty());
+    EXPECT_EQ(host.registration.RaiseEvent(host::ProjectEvent::Open), host::NoError);
+}
+
 TEST(ModuleLoading, SaysWhatIsWrong) {
     workbench::WorkbenchHost host;
     workbench::Module module(host);

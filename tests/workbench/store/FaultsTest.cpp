@@ -116,7 +116,7 @@ TEST(StoreFaults, AReadOnlyFileIsReadAndNotWritten) {
         OpenedProject attached = OpenProjectFile(file, KeepChanges::InFile);
         if (!attached.project) return Says(attached.failure, "written") ? 0 : 4;
         const host::ErrorCode code = attached.project->CallUndoable("x", [&] {
-            attached.project->Record({{}, host::PropertyGroup{CreateGuid(), "x"}});
+            attached.project->Record({{}, host::PropertyGroup{host::CreateGuid(), "x"}});
             return host::NoError;
         });
         if (code == host::NoError || attached.project->model.GetGroups().size() != 1) return 5;
@@ -144,7 +144,7 @@ TEST(StoreFaults, AFullDiskKeepsTheOlderState) {
         OpenedProject opened = OpenProjectFile(folder / "a.kvp", KeepChanges::InFile);
         const std::string before = test::Describe(opened.project->model);
         const host::ErrorCode code = opened.project->CallUndoable("big", [&] {
-            opened.project->Record({{}, host::PropertyGroup{CreateGuid(), std::string(3000000, 'x')}});
+            opened.project->Record({{}, host::PropertyGroup{host::CreateGuid(), std::string(3000000, 'x')}});
             return host::NoError;
         });
         if (code == host::NoError || test::Describe(opened.project->model) != before) return 6;

@@ -51,8 +51,8 @@ TEST(ProjectFile, CommandsUndoAndRedoAreTransactions) {
         definition.options.pop_back();
         definition.availability.push_back(model.GetItems()[2].item.guid);
         project.Record({model.GetDefinitions()[0], definition});
-        project.Record({{}, host::ClassificationSystem{CreateGuid(), "new", "1", {2026, 11, 22}}});
-        project.Record({{}, ClassificationItem{{CreateGuid(), "x", "y"}, model.GetSystems().back().guid, {}}});
+        project.Record({{}, host::ClassificationSystem{host::CreateGuid(), "new", "1", {2026, 11, 22}}});
+        project.Record({{}, ClassificationItem{{host::CreateGuid(), "x", "y"}, model.GetSystems().back().guid, {}}});
         project.Record({{}, MaterialClassification{{3}, model.GetItems()[0].item.guid}});
         project.Record({{}, MaterialValue{{3}, definition.guid, host::Variant::OfReal(2.5)}});
         project.Record({{}, ElementValue{model.GetElements()[0].guid, definition.guid, host::Variant::OfInteger(4)}});

@@ -127,7 +127,7 @@ inline std::unique_ptr<workbench::Project> MakeProject(int elements) {
     }
     for (int i = 0; i < elements; ++i) {
         Element element;
-        element.guid = CreateGuid();
+        element.guid = host::CreateGuid();
         element.type = i % 7 == 0 ? host::ElementType::Door : host::ElementType::Wall;
         element.layer = {1};
         element.classification = FindElementClassification(model, element.type);
@@ -137,15 +137,15 @@ inline std::unique_ptr<workbench::Project> MakeProject(int elements) {
         const std::vector<host::MaterialComponent> parts = {{{1 + i % 3}, 0.1 * i, 1.0 / (i + 1)}, {{1}, 1e-9, 2}};
         model.AddElement(element, std::span(parts).first(static_cast<std::size_t>(i % 3)));
     }
-    const host::PropertyGroup group{CreateGuid(), "Group"};
+    const host::PropertyGroup group{host::CreateGuid(), "Group"};
     host::PropertyDefinition definition;
-    definition.guid = CreateGuid();
+    definition.guid = host::CreateGuid();
     definition.group = group.guid;
     definition.name = "Choice";
     definition.description = "line\nbreak \"x\"";
     definition.valueType = host::ValueType::String;
     definition.collection = host::CollectionType::SingleChoice;
-    definition.options = {{CreateGuid(), "m3"}, {CreateGuid(), "kg"}};
+    definition.options = {{host::CreateGuid(), "m3"}, {host::CreateGuid(), "kg"}};
     definition.defaultValue = host::Variant::OfGuid(definition.options[1].key);
     definition.availability = {model.GetItems()[0].item.guid, model.GetItems()[1].item.guid};
     model.Apply({{}, group});
@@ -154,8 +154,8 @@ inline std::unique_ptr<workbench::Project> MakeProject(int elements) {
     for (const host::Variant& value :
          {host::Variant::OfText("A1-A3=1;C3=2"), host::Variant::OfReal(1.0 / 3), host::Variant::OfBoolean(true),
           host::Variant::OfInteger(-7), host::Variant::OfGuid(definition.options[0].key)}) {
-        model.Apply({{}, MaterialValue{{1}, CreateGuid(), value}});
-        if (elements > 1) model.Apply({{}, ElementValue{model.GetElements()[1].guid, CreateGuid(), value}});
+        model.Apply({{}, MaterialValue{{1}, host::CreateGuid(), value}});
+        if (elements > 1) model.Apply({{}, ElementValue{model.GetElements()[1].guid, host::CreateGuid(), value}});
     }
     model.members = {{1, "anna", "Anna Größe"}, {2, "ben", ""}};
     model.reservations = {{"BuildingMaterials", 2}};
