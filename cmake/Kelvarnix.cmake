@@ -7,7 +7,9 @@ option(KELVARNIX_FUZZ "Build the libFuzzer targets (clang)" OFF)
 
 find_program(KELVARNIX_CCACHE ccache)
 if(KELVARNIX_CCACHE)
-  set(CMAKE_CXX_COMPILER_LAUNCHER "${KELVARNIX_CCACHE}")
+  # Paths below the checkout count as relative, so that another checkout finds what this one compiled.
+  set(CMAKE_CXX_COMPILER_LAUNCHER
+      "${CMAKE_COMMAND}" -E env "CCACHE_BASEDIR=${CMAKE_SOURCE_DIR}" CCACHE_NOHASHDIR=1 "${KELVARNIX_CCACHE}")
 endif()
 
 add_library(kelvarnix_options INTERFACE)
