@@ -61,7 +61,8 @@ function(kelvarnix_program NAME)
                                            RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
 endfunction()
 
-# kelvarnix_test(NAME SOURCES ... LINKS ...): a GoogleTest program whose cases ctest lists one by one.
+# kelvarnix_test(NAME SOURCES ... LINKS ...): a GoogleTest program whose cases ctest lists one by one; for another system
+# than this machine's the program runs as one test, because starting the emulator takes seconds.
 function(kelvarnix_test NAME)
   cmake_parse_arguments(ARG "" "STANDARD" "SOURCES;LINKS" ${ARGN})
   if(NOT ARG_STANDARD)
@@ -73,14 +74,27 @@ function(kelvarnix_test NAME)
   target_compile_definitions(
     ${NAME} PRIVATE KELVARNIX_SOURCE_DIR="${CMAKE_SOURCE_DIR}" KELVARNIX_BIN_DIR="${CMAKE_BINARY_DIR}/bin")
   set_target_properties(${NAME} PROPERTIES CXX_EXTENSIONS OFF)
-  gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+  if(CMAKE_CROSSCOMPILING)
+    add_test(NAME ${NAME} COMMAND ${NAME})
+    set_tests_properties(${NAME} PROPERTIES TIMEOUT 600)
+  else()
+    gtest_discover_tests(${NAME} DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 600)
+  endif()
 endfunction()
 
-# kelvarnix_fuzz(NAME SOURCES ... LINKS ...): a libFuzzer program (clang), run by ctest for the seconds that the
-# environment's KELVARNIX_FUZZ_SECONDS says, 5 by default. What it finds stays in the build folder.
+# kelvarnix_fuzz(NAME SOURCES ... INSTRUMENTS ... LINKS ...): a libFuzzer program (clang), run by ctest for the seconds
+# that the environment's KELVARNIX_FUZZ_SECONDS says, 5 by default. The libraries under INSTRUMENTS are compiled into it
+# anew, so that the fuzzer sees which of their paths it has reached. What it finds stays in the build folder.
 function(kelvarnix_fuzz NAME)
-  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;INSTRUMENTS;LINKS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
+  foreach(library IN LISTS ARG_INSTRUMENTS)
+    get_target_property(folder ${library} SOURCE_DIR)
+    get_target_property(sources ${library} SOURCES)
+    list(TRANSFORM sources PREPEND "${folder}/")
+    target_sources(${NAME} PRIVATE ${sources})
+    target_include_directories(${NAME} PRIVATE $<TARGET_PROPERTY:${library},INTERFACE_INCLUDE_DIRECTORIES>)
+  endforeach()
   target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelvarnix_options)
   target_compile_features(${NAME} PRIVATE cxx_std_20)
   target_compile_options(${NAME} PRIVATE -fsanitize=fuzzer,address,undefined -fno-sanitize-recover=all)

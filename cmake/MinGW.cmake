@@ -17,8 +17,7 @@ set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
 set(CMAKE_SHARED_LINKER_FLAGS_INIT "-static")
 set(CMAKE_MODULE_LINKER_FLAGS_INIT "-static")
 
-# A Wine of the build folder's own, silent and without a display. Tests are listed when they run, not when they are
-# built, so that building needs no Wine.
+# A Wine of the build folder's own, silent and without a display.
 get_property(isTryCompile GLOBAL PROPERTY IN_TRY_COMPILE)
 if(NOT isTryCompile)
   set(CMAKE_CROSSCOMPILING_EMULATOR "${CMAKE_BINARY_DIR}/wine-run")
@@ -33,4 +32,3 @@ exit 127
 ")
   file(CHMOD "${CMAKE_CROSSCOMPILING_EMULATOR}" PERMISSIONS OWNER_READ OWNER_WRITE OWNER_EXECUTE)
 endif()
-set(CMAKE_GTEST_DISCOVER_TESTS_DISCOVERY_MODE PRE_TEST)

@@ -15,7 +15,7 @@ enum class DeflateResult {
     BadPackLevel, ///< an internal error: "bad pack level"
 };
 
-/// Keeps its buffers (about 1.5 MB) from one stream to the next.
+/// Keeps its buffers (about 2 MB) from one stream to the next.
 class Deflater {
 public:
     Deflater();

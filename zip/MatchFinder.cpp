@@ -13,8 +13,9 @@ constexpr std::uint32_t historySize = 1U << historyBits;
 constexpr std::uint32_t bufferSize = 8 * historySize;
 constexpr std::uint32_t padding = longestMatch + 16; // compares read whole words past the end
 constexpr unsigned hashBits = 15;
-// The stream's first position counts from here, so that "never seen" is out of every position's reach.
-constexpr std::uint32_t streamStart = 0x10000;
+// Positions of one stream start this far behind those of the stream before, so that nothing of it is in reach.
+constexpr std::uint32_t streamGap = 0x10000;
+constexpr std::uint32_t latestStreamOffset = 0x80000000;
 
 // One occurrence counts this much and fades over the window's length.
 constexpr std::uint32_t frequencyUnit = 256;
@@ -58,15 +59,16 @@ std::uint32_t RarestOffset(const std::uint16_t* commonness, std::uint32_t string
 
 MatchFinder::MatchFinder()
     : bytes(bufferSize + padding), steps(bufferSize + padding), commonness(bufferSize + padding),
-      latest(1U << hashBits) {
-    Reset();
-}
+      latest(1U << hashBits, Latest{0, 0}) {}
 
 void MatchFinder::Reset() {
-    std::fill(latest.begin(), latest.end(), Latest{0, 0});
+    streamOffset += end + streamGap;
+    if (streamOffset > latestStreamOffset) {
+        std::fill(latest.begin(), latest.end(), Latest{0, 0});
+        streamOffset = streamGap;
+    }
     end = 0;
     linked = 0;
-    streamOffset = streamStart;
     sourceAtEnd = false;
 }
 
@@ -95,17 +97,23 @@ bool MatchFinder::Fill(ByteSource& source, std::uint32_t drop) {
 
 void MatchFinder::LinkUpTo(std::uint32_t position) {
     const std::uint32_t stop = end < shortestMatch ? 0 : std::min(position + 1, end - shortestMatch + 1);
+    // Locals, because the compiler cannot know that the table's words are not these members.
     const std::uint8_t* const data = bytes.data();
-    for (; linked < stop; ++linked) {
-        Latest& head = latest[Hash(data + linked)];
-        const std::uint32_t here = linked + streamOffset;
+    std::uint16_t* const stepOf = steps.data();
+    std::uint16_t* const commonnessOf = commonness.data();
+    Latest* const heads = latest.data();
+    const std::uint32_t offset = streamOffset;
+    for (std::uint32_t at = linked; at < stop; ++at) {
+        Latest& head = heads[Hash(data + at)];
+        const std::uint32_t here = at + offset;
         const std::uint32_t step = here - head.position;
         const bool isInReach = step <= farthestMatch;
         const std::uint32_t frequency = isInReach ? Faded(head.frequency, step) + frequencyUnit : 0;
-        steps[linked] = static_cast<std::uint16_t>(isInReach ? step : 0);
-        commonness[linked] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> commonnessShift, 0xFFFF));
+        stepOf[at] = static_cast<std::uint16_t>(isInReach ? step : 0);
+        commonnessOf[at] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> commonnessShift, 0xFFFF));
         head = {here, frequency};
     }
+    linked = std::max(linked, stop);
 }
 
 Match MatchFinder::Find(std::uint32_t position, std::uint32_t longerThan, const SearchEffort& effort,

@@ -34,7 +34,7 @@ class MatchFinder {
 public:
     MatchFinder();
 
-    /// Forgets everything; the buffers stay.
+    /// Begins a stream; to be called before the first too. The buffers stay.
     void Reset();
 
     /// How many of the buffer's first bytes the next Fill may drop when the search has come to `position`: those more
@@ -71,7 +71,7 @@ private:
     // bytes have been in the window before it.
     std::vector<std::uint16_t> steps;
     std::vector<std::uint16_t> commonness;
-    std::vector<Latest> latest;
+    std::vector<Latest> latest; // by hash
     std::uint32_t end = 0;
     std::uint32_t linked = 0;
     std::uint32_t streamOffset = 0;

@@ -1,4 +1,5 @@
 // Files, folders and their facts on the operating system's own file system.
+#include "support/FakeFiles.h"
 #include "support/TestFolder.h"
 
 #include "platform/System.h"
@@ -10,6 +11,7 @@
 #include <filesystem>
 #include <set>
 #include <thread>
+#include <vector>
 
 namespace {
 
@@ -153,6 +155,25 @@ TEST(TemporaryFolderTest, NamesFoldersByThreadAndClockAndSharesNone) {
     EXPECT_EQ(folders.size(), 50U);
     for (const std::string& folder : folders) {
         EXPECT_TRUE(files.RemoveFolder(folder));
+    }
+}
+
+// Somebody else has taken the first names.
+class CrowdedFiles final : public support::FakeFiles {
+public:
+    std::vector<std::uint64_t> ticksTried;
+    platform::FolderCreation CreateFolder(const std::string& path) override {
+        ticksTried.push_back(std::stoull(path.substr(path.rfind('_') + 1)));
+        return ticksTried.size() < 4 ? platform::FolderCreation::AlreadyThere : platform::FolderCreation::Created;
+    }
+};
+
+TEST(TemporaryFolderTest, TakesTheNextNameWhenOneIsTaken) {
+    CrowdedFiles files;
+    ASSERT_TRUE(platform::CreatePrivateFolder(files, "xlsx_").has_value());
+    ASSERT_EQ(files.ticksTried.size(), 4U);
+    for (std::size_t i = 1; i < 4; ++i) {
+        EXPECT_EQ(files.ticksTried[i], files.ticksTried[0] + i);
     }
 }
 

@@ -23,7 +23,7 @@ struct FakeFile {
 
 /// Counts every operation that may fail; the one with the number `failAt` (from 0) fails, and all writes after it when
 /// `staysBroken` says so, as on a full disk.
-class FakeFiles final : public platform::FileLayer {
+class FakeFiles : public platform::FileLayer {
 public:
     std::map<std::string, FakeFile> files;
     std::set<std::string> folders;
@@ -33,6 +33,7 @@ public:
     Seekable outputs = Seekable::Yes;
     bool discardsOutput = false;
     int openFiles = 0;
+    int flushes = 0;
 
     FakeFile& AddFile(const std::string& path, const std::string& bytes) {
         FakeFile& file = files[path];
@@ -88,7 +89,10 @@ private:
             position = offset;
             return owner.outputs == Seekable::Yes && !owner.Fails();
         }
-        bool Flush() override { return !owner.Fails(); }
+        bool Flush() override {
+            ++owner.flushes;
+            return !owner.Fails();
+        }
         bool Close() override {
             Release();
             return !owner.Fails();

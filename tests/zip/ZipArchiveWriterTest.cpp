@@ -61,6 +61,7 @@ TEST(ZipArchiveWriterTest, WritesTheLayoutByteForByte) {
                 "50 4B 05 06 00 00 00 00 01 00 01 00 3D 00 00 00 44 00 00 00 00 00");
     EXPECT_EQ(files.files[target].bytes, expected);
     EXPECT_EQ(files.openFiles, 0);
+    EXPECT_EQ(files.flushes, 1);
 }
 
 TEST(ZipArchiveWriterTest, ClosesAnEmptyArchiveWithTheEndRecordOnly) {
