@@ -112,6 +112,7 @@ void AddScatters(ChartPage& page) {
     curve.marker = {MarkerSymbol::Circle, 7, SolidFill{"FFFFFF"}, {SolidFill{"4F81BD"}, LineDash::Solid}};
     smooth.legend = LegendPosition::RightOverlaid;
     CChart& points = page.Add("Points only", DiagramKind::Scatter, 1);
+    points.main.series = {DataSeries(1)};
     Series& cloud = points.main.series[0];
     cloud.categories = "Data!$D$2:$D$7";
     cloud.values = "Data!$C$2:$C$7";
