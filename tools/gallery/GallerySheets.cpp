@@ -79,7 +79,7 @@ void FillGallery(CWorkbook& workbook, const std::wstring& pictureFolder) {
     WriteTexts(values);
     WriteNumbers(values);
     values.AddComment(NoteOf(8, 1, "A quarter"));
-    CChart& line = workbook.AddChart(values, OneCellAnchor{{3, 1}, {4 * emuPerInch, 3 * emuPerInch}});
+    CChart& line = workbook.AddChart(values, TwoCellAnchor{{3, 1}, {9, 16}});
     line.title = "Numbers";
     line.main.kind = DiagramKind::Line;
     Series series;
