@@ -59,7 +59,7 @@ void CheckArchive(const std::string& bytes) {
     Require(Number(bytes, end, 4) == 0x06054B50);
     std::size_t at = Number(bytes, end + 16, 4);
     const std::size_t count = Number(bytes, end + 10, 2);
-    Require(count > 10);
+    Require(count >= 10);
     for (std::size_t i = 0; i < count; ++i) {
         const std::size_t local = Number(bytes, at + 42, 4);
         const std::size_t start = local + 30 + Number(bytes, local + 26, 2) + Number(bytes, local + 28, 2);
