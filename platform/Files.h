@@ -84,4 +84,8 @@ public:
 /// Facts of a file or folder by its path; none when there is nothing there.
 [[nodiscard]] std::optional<FileFacts> FactsOf(const std::string& path);
 
+/// False when something is there that is no file or that this user may not write, although its folder may let him
+/// replace it.
+[[nodiscard]] bool MayReplace(const std::string& path);
+
 } // namespace platform

@@ -143,4 +143,10 @@ std::optional<FileFacts> FactsOf(const std::string& path) {
     return FactsAt(AT_FDCWD, path.c_str(), 0);
 }
 
+bool MayReplace(const std::string& path) {
+    const std::optional<FileFacts> facts = FactsOf(path);
+    if (!facts) return true;
+    return (facts->attributes & Directory) == 0 && access(path.c_str(), W_OK) == 0;
+}
+
 } // namespace platform

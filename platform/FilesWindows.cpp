@@ -145,4 +145,9 @@ std::optional<FileFacts> FactsOf(const std::string& path) {
     return FactsFrom(information);
 }
 
+bool MayReplace(const std::string& path) {
+    const std::optional<FileFacts> facts = FactsOf(path);
+    return !facts || (facts->attributes & (Directory | ReadOnly)) == 0;
+}
+
 } // namespace platform

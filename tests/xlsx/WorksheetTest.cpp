@@ -1,0 +1,171 @@
+#include "WrittenWorkbook.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+namespace {
+
+using namespace Xlsx;
+using xlsx_test::Element;
+using xlsx_test::InOrder;
+using xlsx_test::Written;
+
+Written WriteSheet(const std::function<void(CWorksheet&)>& fill, const std::vector<ColumnWidth>& columns = {},
+                   const SheetView& view = {}) {
+    return xlsx_test::Write([&](CWorkbook& workbook) { fill(workbook.AddSheet("A", columns, view)); });
+}
+
+std::string SheetOf(const std::function<void(CWorksheet&)>& fill, const std::vector<ColumnWidth>& columns = {},
+                    const SheetView& view = {}) {
+    return WriteSheet(fill, columns, view).Part("/xl/worksheets/sheet1.xml");
+}
+
+bool Saves(const std::function<void(CWorksheet&)>& fill) {
+    return WriteSheet(fill).Has("/xl/workbook.xml");
+}
+
+TEST(WorksheetTest, WritesEachKindOfCell) {
+    const Written written = WriteSheet([](CWorksheet& sheet) {
+        sheet.BeginRow();
+        sheet.AddCell("text");
+        sheet.AddCell("");
+        sheet.AddCell("", 1);
+        sheet.AddCell("text", 2);
+        sheet.AddCell(L"\u00E9");
+        sheet.BeginRow(12.5);
+        sheet.AddCell(0.25);
+        sheet.AddCell(1234567.89, 1);
+        sheet.AddCell("=SUM(A1:A3)", 1);
+        sheet.AddCell("=");
+        sheet.EndRow();
+        sheet.BeginRow(-1);
+        sheet.AddCell(HUGE_VAL);
+        sheet.AddCell(-HUGE_VAL, 1);
+        sheet.AddCell(std::nan(""));
+    });
+    EXPECT_EQ(Element(written.Part("/xl/worksheets/sheet1.xml"), "sheetData"),
+              "<sheetData><row r=\"1\" x14ac:dyDescent=\"0.25\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"C1\" s=\"1\"/>"
+              "<c r=\"D1\" s=\"2\" t=\"s\"><v>0</v></c><c r=\"E1\" t=\"s\"><v>1</v></c></row>"
+              "<row r=\"2\" x14ac:dyDescent=\"0.25\" ht=\"12.5\" customHeight=\"1\"><c r=\"A2\"><v>0.25</v></c>"
+              "<c r=\"B2\" s=\"1\"><v>1.23457e+06</v></c><c r=\"C2\" s=\"1\"><f>SUM(A1:A3)</f></c>"
+              "<c r=\"D2\" t=\"s\"><v>2</v></c></row>"
+              "<row r=\"3\" x14ac:dyDescent=\"0.25\"><c r=\"A3\" t=\"e\"><v>#DIV/0!</v></c>"
+              "<c r=\"B3\" s=\"1\" t=\"e\"><v>#DIV/0!</v></c><c r=\"C3\" t=\"e\"><v>#NUM!</v></c></row></sheetData>");
+    EXPECT_EQ(Element(written.Part("/xl/sharedStrings.xml"), "sst"),
+              "<sst xmlns=\"http://schemas.openxmlformats.org/spreadsheetml/2006/main\" count=\"3\" uniqueCount=\"3\">"
+              "<si><t>text</t></si><si><t>\xC3\xA9</t></si><si><t>=</t></si></sst>");
+    EXPECT_EQ(Element(written.Part("/xl/calcChain.xml"), "c"), "<c r=\"C2\" i=\"1\"/>");
+}
+
+TEST(WorksheetTest, PreservesBlankEndsAndEscapesTexts) {
+    const Written written = WriteSheet([](CWorksheet& sheet) {
+        sheet.BeginRow();
+        sheet.AddCell(" a ");
+        sheet.AddCell("a & b\x01");
+        sheet.AddCell("=\"<\"&A1");
+    });
+    EXPECT_NE(written.Part("/xl/sharedStrings.xml")
+                  .find("<si><t xml:space=\"preserve\"> a </t></si><si><t>a &amp; b_x0001_</t></si>"),
+              std::string::npos);
+    EXPECT_NE(written.Part("/xl/worksheets/sheet1.xml").find("<f>\"&lt;\"&amp;A1</f>"), std::string::npos);
+}
+
+TEST(WorksheetTest, WritesNothingThatWasNotAskedFor) {
+    const Written written = WriteSheet([](CWorksheet&) {});
+    const std::string sheet = written.Part("/xl/worksheets/sheet1.xml");
+    EXPECT_TRUE(InOrder(
+        sheet, {"mc:Ignorable=\"x14ac\"", "<dimension ref=\"A1\"/>", "<sheetViews><sheetView showGridLines=\"1\"",
+                "tabSelected=\"0\"", "workbookViewId=\"0\"/></sheetViews>",
+                "<sheetFormatPr defaultRowHeight=\"15\" x14ac:dyDescent=\"0.25\"/><sheetData/>",
+                "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>",
+                "<pageSetup paperSize=\"9\" orientation=\"portrait\"/></worksheet>"}))
+        << sheet;
+    for (const char* name : {"sheetPr", "cols", "mergeCells", "rowBreaks", "colBreaks", "drawing", "legacyDrawing"}) {
+        EXPECT_EQ(Element(sheet, name), "(none)") << name;
+    }
+    for (const char* path : {"/xl/sharedStrings.xml", "/xl/calcChain.xml", "/xl/drawings/drawing1.xml"}) {
+        EXPECT_FALSE(written.Has(path)) << path;
+    }
+}
+
+TEST(WorksheetTest, WritesColumnsMergesBreaksAndPages) {
+    SheetView view;
+    view.frozenPane = FrozenPane{1, 2};
+    view.pageScale = PageScale::FitWidth;
+    const std::string sheet = SheetOf(
+        [](CWorksheet& each) {
+            each.MergeCells("A1:B2");
+            each.MergeCells("C3:C4");
+            each.AddRowBreak(10);
+            each.AddColumnBreak(3);
+            each.SetPageSetup({PageOrientation::Landscape, 1, 2, 3, 4, 5, 6.5});
+        },
+        {{1, 1, 30}, {2, 5, 8.43}}, view);
+    EXPECT_TRUE(InOrder(
+        sheet,
+        {"<sheetPr><pageSetUpPr fitToPage=\"1\"/></sheetPr><dimension", "<pane xSplit=\"2\" ySplit=\"1\"",
+         "topLeftCell=\"C2\"", "state=\"frozen\"/>",
+         "<cols><col min=\"1\" max=\"1\" width=\"30\"/><col min=\"2\" max=\"5\" width=\"8.43\"/></cols><sheetData/>",
+         "<mergeCells count=\"2\"><mergeCell ref=\"A1:B2\"/><mergeCell ref=\"C3:C4\"/></mergeCells>",
+         "<pageMargins left=\"1\" right=\"2\" top=\"3\" bottom=\"4\" header=\"5\" footer=\"6.5\"/>",
+         "fitToHeight=\"0\" orientation=\"landscape\"/>",
+         "<rowBreaks manualBreakCount=\"1\"><brk id=\"10\" max=\"16383\" man=\"1\"/></rowBreaks>",
+         "<colBreaks manualBreakCount=\"1\"><brk id=\"3\" max=\"1048575\" man=\"1\"/></colBreaks></worksheet>"}))
+        << sheet;
+}
+
+TEST(WorksheetTest, LimitsTheLettersOfACell) {
+    const std::string most(32767, 'x');
+    std::string wide; // two letters each
+    for (int i = 0; i < 16383; ++i) {
+        wide += "\xF0\x9F\x8F\xA0";
+    }
+    const auto saves = [](const std::string& text) {
+        return Saves([&](CWorksheet& sheet) {
+            sheet.BeginRow();
+            sheet.AddCell(text);
+        });
+    };
+    EXPECT_TRUE(saves(most));
+    EXPECT_FALSE(saves(most + "x"));
+    EXPECT_TRUE(saves(wide + "x"));
+    EXPECT_FALSE(saves(wide + "xx"));
+    EXPECT_FALSE(saves("=" + most));
+}
+
+TEST(WorksheetTest, LimitsRowsAndColumns) {
+    const auto savesRows = [](unsigned count) {
+        return Saves([&](CWorksheet& sheet) {
+            for (unsigned i = 0; i < count; ++i) {
+                sheet.BeginRow();
+            }
+        });
+    };
+    const auto savesColumns = [](unsigned count) {
+        return Saves([&](CWorksheet& sheet) {
+            sheet.BeginRow();
+            for (unsigned i = 0; i < count; ++i) {
+                sheet.AddCell(1);
+            }
+        });
+    };
+    EXPECT_TRUE(savesRows(1048576));
+    EXPECT_FALSE(savesRows(1048577));
+    EXPECT_TRUE(savesColumns(16384));
+    EXPECT_FALSE(savesColumns(16385));
+    EXPECT_FALSE(Saves([](CWorksheet& sheet) { sheet.AddCell("outside a row"); }));
+}
+
+TEST(WorksheetTest, NamesTheLastColumns) {
+    const std::string sheet = SheetOf([](CWorksheet& each) {
+        each.BeginRow();
+        for (unsigned i = 0; i < 16384; ++i) {
+            each.AddCell(1);
+        }
+    });
+    EXPECT_TRUE(InOrder(sheet, {"<c r=\"Z1\">", "<c r=\"AA1\">", "<c r=\"AZ1\">", "<c r=\"BA1\">", "<c r=\"ZZ1\">",
+                                "<c r=\"AAA1\">", "<c r=\"XFC1\">", "<c r=\"XFD1\">"}));
+}
+
+} // namespace

@@ -1,0 +1,57 @@
+"""Lets the Open XML SDK's validator judge the gallery's workbooks; its findings must be exactly the expected ones.
+
+usage: judge_validator.py FOLDER WORK
+FOLDER  with the workbooks
+WORK    a folder into which the validator is installed once
+"""
+import json
+import os
+import shutil
+import subprocess
+import sys
+from collections import Counter
+
+FOLDER, WORK = (os.path.abspath(argument) for argument in sys.argv[1:3])
+HERE = os.path.dirname(os.path.abspath(__file__))
+BOOKS = ("gallery", "charts", "styles", "comments", "pictures", "cells")
+TIME_LIMIT = 300  # seconds
+
+
+def install():
+    source = os.path.join(HERE, "validator")
+    os.makedirs(WORK, exist_ok=True)
+    for name in ("package.json", "package-lock.json", ".npmrc"):
+        shutil.copy(os.path.join(source, name), WORK)
+    program = os.path.join(WORK, "node_modules", "@xarsh", "ooxml-validator", "dist", "src", "cli.js")
+    if not os.path.exists(program):
+        result = subprocess.run(["npm", "install", "--no-audit", "--no-fund"], cwd=WORK, capture_output=True, text=True,
+                                timeout=TIME_LIMIT)
+        if result.returncode != 0 or not os.path.exists(program):
+            sys.exit("judge_validator: the validator cannot be installed\n" + result.stdout + result.stderr)
+    return program
+
+
+def findings(program, book):
+    path = os.path.join(FOLDER, book + ".xlsx")
+    result = subprocess.run(["node", program, path, "--officeVersion", "Microsoft365"], capture_output=True, text=True,
+                            timeout=TIME_LIMIT)
+    try:
+        errors = json.loads(result.stdout)["errors"]
+    except ValueError:
+        sys.exit("judge_validator: %s: no answer\n%s%s" % (path, result.stdout, result.stderr))
+    return ["%s | %s | %s | %s" % (book, error["path"], error["xPath"], error["description"]) for error in errors]
+
+
+def expected():
+    with open(os.path.join(HERE, "expected-findings.txt"), encoding="utf-8") as file:
+        return [line.strip() for line in file if line.strip() and not line.startswith("#")]
+
+
+validator = install()
+found = Counter(finding for book in BOOKS for finding in findings(validator, book))
+wanted = Counter(expected())
+for line in sorted((found - wanted).elements()):
+    print("judge_validator: not expected: " + line)
+for line in sorted((wanted - found).elements()):
+    print("judge_validator: expected but not found: " + line)
+sys.exit(0 if found == wanted else 1)

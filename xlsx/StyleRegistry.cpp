@@ -1,0 +1,112 @@
+#include "xlsx/StyleRegistry.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace Xlsx {
+
+namespace {
+
+auto Fields(const Font& font) {
+    return std::tie(font.sizePoints, font.name, font.colourSource, font.colour, font.attributes);
+}
+auto Fields(const CellFill& fill) {
+    return std::tie(fill.pattern, fill.foreground, fill.background);
+}
+auto Fields(const BorderSide& side) {
+    return std::tie(side.line, side.colour);
+}
+auto Fields(const Border& border) {
+    return std::tuple_cat(std::tie(border.hasDiagonalUp, border.hasDiagonalDown), Fields(border.left),
+                          Fields(border.right), Fields(border.top), Fields(border.bottom), Fields(border.diagonal));
+}
+auto Fields(const CustomNumberFormat& custom) {
+    const NumberFormat& format = custom.format;
+    return std::tie(format.kind, format.decimals, format.hasThousandsSeparator, format.negativeSign,
+                    format.negativeColour, format.suffix);
+}
+auto Fields(const CellFormat& format) {
+    return std::tie(format.font, format.fill, format.border, format.numberFormat, format.alignment.horizontal,
+                    format.alignment.vertical, format.alignment.wrapsText, format.alignment.rotationDegrees);
+}
+
+// Position of the first equal entry; one past the end when there is none.
+template <class Entry>
+unsigned PositionOf(const std::vector<Entry>& list, const Entry& entry) {
+    const auto found =
+        std::find_if(list.begin(), list.end(), [&](const Entry& each) { return Fields(each) == Fields(entry); });
+    return static_cast<unsigned>(found - list.begin());
+}
+
+template <class Entry>
+unsigned Registered(std::vector<Entry>& list, const Entry& entry) {
+    const unsigned position = PositionOf(list, entry);
+    if (position == list.size()) list.push_back(entry);
+    return position;
+}
+
+std::string Digits(const NumberFormat& format) {
+    std::string digits = format.hasThousandsSeparator ? "#,##0" : "0";
+    if (format.decimals > 0) digits += "." + std::string(format.decimals, '0');
+    switch (format.kind) {
+    case NumberKind::Percent:
+        return digits + "%";
+    case NumberKind::Scientific:
+        return digits + "E+00";
+    case NumberKind::Suffixed:
+        return digits + " " + format.suffix;
+    default:
+        return digits;
+    }
+}
+
+std::string NegativeSection(const NumberFormat& format) {
+    static constexpr const char* colours[] = {"",          "[BLACK]",  "[Green]", "[White]", "[Blue]",
+                                              "[Magenta]", "[Yellow]", "[Cyan]",  "[Red]"};
+    const std::string sign = format.negativeSign == NegativeSign::Minus ? "\\-" : "";
+    return colours[static_cast<unsigned>(format.negativeColour)] + sign + Digits(format);
+}
+
+} // namespace
+
+CStyleRegistry::CStyleRegistry() {
+    Style style;
+    AddStyle(style);
+    style.fill.pattern = FillPattern::Gray125;
+    style.numberFormat.id = 1;
+    AddStyle(style);
+}
+
+unsigned CStyleRegistry::AddStyle(const Style& style) {
+    CellFormat format;
+    format.border = Registered(borders, style.border);
+    format.font = Registered(fonts, style.font);
+    format.fill = Registered(fills, style.fill);
+    format.numberFormat = NumberFormatId(style.numberFormat);
+    format.alignment = style.alignment;
+    return Registered(cellFormats, format);
+}
+
+unsigned CStyleRegistry::NumberFormatId(const NumberFormat& format) {
+    if (format.id < firstCustomFormat) return format.id;
+    const unsigned position = Registered(numberFormats, CustomNumberFormat{nextNumberFormatId, format});
+    nextNumberFormatId = std::max(nextNumberFormatId, numberFormats[position].id + 1);
+    return numberFormats[position].id;
+}
+
+std::string NumberFormatCode(const NumberFormat& format) {
+    switch (format.kind) {
+    case NumberKind::Date:
+        return "yyyy.mm.dd";
+    case NumberKind::Time:
+        return "hh:mm:ss";
+    case NumberKind::DateTime:
+        return "yyyy.mm.dd hh:mm:ss";
+    case NumberKind::Accounting:
+        return "_-* " + Digits(format) + "_-;\\-* " + Digits(format) + "_-;_-* \"-\"??_-;_-@_-";
+    default:
+        return Digits(format) + ";" + NegativeSection(format);
+    }
+}
+
+} // namespace Xlsx

@@ -1,0 +1,119 @@
+#include "xlsx/Workbook.h"
+
+#include "platform/System.h"
+#include "platform/Text.h"
+#include "xlsx/ChartWriter.h"
+#include "xlsx/CommentsWriter.h"
+#include "xlsx/PackageParts.h"
+#include "xlsx/StylesWriter.h"
+#include "xlsx/Theme.h"
+
+#include <algorithm>
+
+namespace Xlsx {
+
+namespace {
+
+std::string UserName() {
+    const std::optional<std::string> narrow = platform::EnvironmentVariable("USERNAME");
+    const std::optional<std::wstring> wide = narrow ? platform::WideFromNarrow(*narrow) : std::nullopt;
+    return wide && !wide->empty() ? platform::Utf8FromWide(*wide) : "Unknown";
+}
+
+} // namespace
+
+CWorkbook::CWorkbook(const std::string& author, platform::FileLayer& files)
+    : content(std::make_unique<WorkbookContent>(files)) {
+    content->author = author.empty() ? UserName() : author;
+}
+
+CWorkbook::~CWorkbook() = default;
+
+CWorksheet& CWorkbook::AddSheet(const std::string& title, const std::vector<ColumnWidth>& columns,
+                                const SheetView& view) {
+    const WorksheetContext context = {content->package, content->strings, content->comments};
+    content->worksheets.push_back(
+        std::make_unique<CWorksheet>(content->nextSheetId++, title, NewDrawing(), context, columns, view));
+    return *content->worksheets.back();
+}
+
+CWorksheet& CWorkbook::AddSheet(const std::wstring& title, const std::vector<ColumnWidth>& columns,
+                                const SheetView& view) {
+    return AddSheet(platform::Utf8FromWide(title), columns, view);
+}
+
+CChartsheet& CWorkbook::AddChartsheet(const std::string& title) {
+    content->chartsheets.push_back(
+        std::make_unique<CChartsheet>(content->nextSheetId++, title, NewDrawing(), NewChart()));
+    return *content->chartsheets.back();
+}
+
+CChart& CWorkbook::AddChart(CWorksheet& sheet, const Anchor& anchor) {
+    CChart& chart = NewChart();
+    sheet.Drawing().PlaceChart(chart, anchor);
+    return chart;
+}
+
+void CWorkbook::AddPicture(CWorksheet& sheet, const std::wstring& path, ImageKind kind, const Anchor& anchor) {
+    const std::optional<std::string> narrow = platform::NarrowFromWide(path);
+    const std::optional<std::string> name = narrow ? content->media.Add(*narrow, kind) : std::nullopt;
+    if (name)
+        sheet.Drawing().PlacePicture(*name, anchor);
+    else
+        isPictureMissing = true;
+}
+
+unsigned CWorkbook::AddStyle(const Style& style) {
+    return content->styles.AddStyle(style);
+}
+
+void CWorkbook::DefineName(const DefinedName& name) {
+    content->definedNames.push_back(name);
+}
+
+void CWorkbook::SetActiveSheet(unsigned position) {
+    content->activeSheet = position;
+}
+
+bool CWorkbook::Save(const std::wstring& path) {
+    if (isSpent) return false;
+    isSpent = true;
+    const std::optional<std::string> narrow = platform::NarrowFromWide(path);
+    const bool isSaved = narrow && WriteParts() && content->package.Pack(*narrow);
+    for (const auto& sheet : content->worksheets) {
+        sheet->Abandon();
+    }
+    content->package.Clear();
+    return isSaved;
+}
+
+CDrawing& CWorkbook::NewDrawing() {
+    const unsigned number = static_cast<unsigned>(content->drawings.size() + 1);
+    return *content->drawings.emplace_back(std::make_unique<CDrawing>(number));
+}
+
+CChart& CWorkbook::NewChart() {
+    const unsigned number = static_cast<unsigned>(content->charts.size() + 1);
+    return *content->charts.emplace_back(std::make_unique<CChart>(number));
+}
+
+bool CWorkbook::WriteParts() {
+    const bool isEmpty = content->worksheets.empty() && content->chartsheets.empty();
+    return !isEmpty && !isPictureMissing && WriteCoreProperties(*content, platform::LocalTime()) &&
+           WriteApplicationProperties(*content) && WriteContentTypes(*content) && WriteTheme(content->package) &&
+           WriteComments(content->package, content->comments, content->author) && WriteSharedStrings(*content) &&
+           WriteStyles(content->package, content->styles) && WriteWorkbook(*content) && WriteSheets();
+}
+
+bool CWorkbook::WriteSheets() {
+    Package& package = content->package;
+    const auto all = [](const auto& list, const auto& write) {
+        return std::all_of(list.begin(), list.end(), [&](const auto& each) { return write(*each); });
+    };
+    return all(content->worksheets, [](CWorksheet& sheet) { return sheet.Finish(); }) &&
+           all(content->chartsheets, [&](const CChartsheet& sheet) { return sheet.Write(package); }) &&
+           all(content->charts, [&](const CChart& chart) { return WriteChart(package, chart); }) &&
+           all(content->drawings, [&](const CDrawing& drawing) { return drawing.Write(package); });
+}
+
+} // namespace Xlsx

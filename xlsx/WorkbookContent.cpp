@@ -1,0 +1,23 @@
+#include "xlsx/WorkbookContent.h"
+
+#include <algorithm>
+
+namespace Xlsx {
+
+bool WorkbookContent::HasFormulas() const {
+    return std::any_of(worksheets.begin(), worksheets.end(),
+                       [](const auto& sheet) { return !sheet->FormulaCells().empty(); });
+}
+
+std::vector<const CSheet*> WorkbookContent::Sheets() const {
+    std::vector<const CSheet*> sheets(worksheets.size() + chartsheets.size());
+    for (const auto& sheet : worksheets) {
+        sheets[sheet->Id() - 1] = sheet.get();
+    }
+    for (const auto& sheet : chartsheets) {
+        sheets[sheet->Id() - 1] = sheet.get();
+    }
+    return sheets;
+}
+
+} // namespace Xlsx

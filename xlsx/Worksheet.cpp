@@ -1,0 +1,260 @@
+#include "xlsx/Worksheet.h"
+
+#include "platform/Text.h"
+#include "xlsx/Names.h"
+#include "xlsx/Relationships.h"
+
+#include <charconv>
+#include <cmath>
+
+namespace Xlsx {
+
+namespace {
+
+constexpr const char* drawingId = "rId1";
+constexpr const char* noteDrawingId = "rId2";
+constexpr const char* commentsId = "rId3";
+
+// A cell reference or an index, without an allocation.
+struct ShortText {
+    char letters[24];
+    std::size_t size = 0;
+
+    void Append(std::string_view text) { size += text.copy(letters + size, sizeof letters - size); }
+    void Append(unsigned number) {
+        size = static_cast<std::size_t>(std::to_chars(letters + size, letters + sizeof letters, number).ptr - letters);
+    }
+    [[nodiscard]] std::string_view View() const { return {letters, size}; }
+};
+
+// "A" to "Z", "AA" and so on.
+void AdvanceLetters(std::string& letters) {
+    for (auto letter = letters.rbegin(); letter != letters.rend(); ++letter) {
+        if (*letter != 'Z') {
+            ++*letter;
+            return;
+        }
+        *letter = 'A';
+    }
+    letters += 'A';
+}
+
+void WriteView(XmlWriter& xml, const SheetView& view) {
+    xml.Start("sheetViews");
+    xml.Start("sheetView", {{"showGridLines", 1}, {"tabSelected", 0}, {"workbookViewId", 0}});
+    if (view.frozenPane) {
+        const FrozenPane& pane = *view.frozenPane;
+        const bool hasRows = pane.rows > 0;
+        xml.Start("pane");
+        if (pane.columns > 0) xml.Attribute({"xSplit", pane.columns});
+        if (hasRows) xml.Attribute({"ySplit", pane.rows});
+        xml.Attribute({"topLeftCell", CellReference({pane.rows, pane.columns})});
+        xml.Attribute({"activePane", pane.columns == 0 ? "bottomLeft" : hasRows ? "bottomRight" : "topRight"});
+        xml.Attribute({"state", "frozen"});
+        xml.End();
+    }
+    xml.End();
+    xml.End();
+}
+
+void WriteColumns(XmlWriter& xml, const std::vector<ColumnWidth>& columns) {
+    if (columns.empty()) return;
+    xml.Start("cols");
+    for (const ColumnWidth& column : columns) {
+        xml.Leaf("col", {{"min", column.first}, {"max", column.last}, {"width", column.width}});
+    }
+    xml.End();
+}
+
+void WriteBreaks(XmlWriter& xml, const char* name, const std::vector<unsigned>& breaks, unsigned last) {
+    if (breaks.empty()) return;
+    xml.Start(name, {{"manualBreakCount", breaks.size()}});
+    for (const unsigned each : breaks) {
+        xml.Leaf("brk", {{"id", each}, {"max", last}, {"man", 1}});
+    }
+    xml.End();
+}
+
+} // namespace
+
+CWorksheet::CWorksheet(unsigned id, const std::string& title, CDrawing& drawing, const WorksheetContext& context,
+                       const std::vector<ColumnWidth>& columns, const SheetView& view)
+    : CSheet(id, title.empty() ? "Sheet 1" : title, drawing), context(context),
+      part(context.package.CreatePart("/xl/worksheets/" + FileName())), xml(part), pageScale(view.pageScale) {
+    WriteBeginning(columns, view);
+}
+
+void CWorksheet::WriteBeginning(const std::vector<ColumnWidth>& columns, const SheetView& view) {
+    xml.Declaration();
+    xml.Start("worksheet", {{"xmlns", Names::main},
+                            {"xmlns:r", Names::relationships},
+                            {"xmlns:mc", Names::compatibility},
+                            {"mc:Ignorable", "x14ac"},
+                            {"xmlns:x14ac", Names::sheetExtension}});
+    if (pageScale == PageScale::FitWidth) {
+        xml.Start("sheetPr");
+        xml.Leaf("pageSetUpPr", {{"fitToPage", 1}});
+        xml.End();
+    }
+    xml.Leaf("dimension", {{"ref", "A1"}});
+    WriteView(xml, view);
+    xml.Leaf("sheetFormatPr", {{"defaultRowHeight", 15}, {"x14ac:dyDescent", 0.25}});
+    WriteColumns(xml, columns);
+    xml.Start("sheetData");
+}
+
+void CWorksheet::BeginRow(double height) {
+    EndRow();
+    if (row >= mostRows) {
+        isRefused = true;
+        return;
+    }
+    isInRow = true;
+    ++row;
+    column = 0;
+    columnLetters = "A";
+    ShortText number;
+    number.Append(row);
+    xml.Start("row");
+    xml.PlainAttribute("r", number.View());
+    xml.PlainAttribute("x14ac:dyDescent", "0.25");
+    if (height > 0 && std::isfinite(height)) {
+        xml.Attribute({"ht", height});
+        xml.PlainAttribute("customHeight", "1");
+    }
+}
+
+void CWorksheet::EndRow() {
+    if (isInRow) xml.End();
+    isInRow = false;
+}
+
+bool CWorksheet::TakesCell(std::string_view text) {
+    const bool isTaken =
+        isInRow && column < mostColumns && (text.size() <= mostCellLetters || LetterCount(text) <= mostCellLetters);
+    if (!isTaken) isRefused = true;
+    return isTaken;
+}
+
+void CWorksheet::AddCell(const std::string& text, unsigned style) {
+    if (!TakesCell(text)) return;
+    if (text.size() > 1 && text.front() == '=') {
+        WriteFormula(std::string_view(text).substr(1), style);
+    } else if (!text.empty()) {
+        WriteSharedText(text, style);
+    } else if (style != 0) {
+        StartCell(style);
+        xml.End();
+    }
+    ++column;
+    AdvanceLetters(columnLetters);
+}
+
+void CWorksheet::AddCell(const std::wstring& text, unsigned style) {
+    AddCell(platform::Utf8FromWide(text), style);
+}
+
+void CWorksheet::AddCell(double number, unsigned style) {
+    if (!TakesCell({})) return;
+    StartCell(style);
+    const bool isFinite = std::isfinite(number);
+    if (!isFinite) xml.PlainAttribute("t", "e");
+    xml.Start("v");
+    if (isFinite)
+        xml.PlainText(NumberText(number));
+    else
+        xml.PlainText(std::isnan(number) ? "#NUM!" : "#DIV/0!");
+    xml.End();
+    xml.End();
+    ++column;
+    AdvanceLetters(columnLetters);
+}
+
+void CWorksheet::StartCell(unsigned style) {
+    ShortText text;
+    text.Append(columnLetters);
+    text.Append(row);
+    xml.Start("c");
+    xml.PlainAttribute("r", text.View());
+    if (style == 0) return;
+    text.size = 0;
+    text.Append(style);
+    xml.PlainAttribute("s", text.View());
+}
+
+void CWorksheet::WriteFormula(std::string_view formula, unsigned style) {
+    StartCell(style);
+    xml.TextElement("f", formula);
+    xml.End();
+    formulaCells.push_back({row - 1, column});
+}
+
+void CWorksheet::WriteSharedText(const std::string& text, unsigned style) {
+    StartCell(style);
+    xml.PlainAttribute("t", "s");
+    ShortText index;
+    index.Append(context.strings.IndexOf(text));
+    xml.Start("v");
+    xml.PlainText(index.View());
+    xml.End();
+    xml.End();
+}
+
+bool CWorksheet::Finish() {
+    EndRow();
+    WriteEnd();
+    const bool isWhole = part.Close() && !isRefused;
+    return isWhole && WriteSheetRelationships();
+}
+
+void CWorksheet::Abandon() {
+    static_cast<void>(part.Close()); // the file is about to be removed
+}
+
+void CWorksheet::WriteEnd() {
+    xml.End();
+    if (!mergedRanges.empty()) {
+        xml.Start("mergeCells", {{"count", mergedRanges.size()}});
+        for (const std::string& range : mergedRanges) {
+            xml.Leaf("mergeCell", {{"ref", range, TextKind::Prose}});
+        }
+        xml.End();
+    }
+    WritePage();
+    WriteBreaks(xml, "rowBreaks", rowBreaks, mostColumns - 1);
+    WriteBreaks(xml, "colBreaks", columnBreaks, mostRows - 1);
+    WriteReferences();
+    xml.End();
+}
+
+void CWorksheet::WritePage() {
+    xml.Leaf("pageMargins", {{"left", pageSetup.left},
+                             {"right", pageSetup.right},
+                             {"top", pageSetup.top},
+                             {"bottom", pageSetup.bottom},
+                             {"header", pageSetup.header},
+                             {"footer", pageSetup.footer}});
+    xml.Start("pageSetup", {{"paperSize", 9}});
+    if (pageScale == PageScale::FitWidth) xml.Attribute({"fitToHeight", 0}); // as many pages as it takes
+    xml.Attribute({"orientation", pageSetup.orientation == PageOrientation::Landscape ? "landscape" : "portrait"});
+    xml.End();
+}
+
+void CWorksheet::WriteReferences() {
+    if (!Drawing().IsEmpty()) xml.Leaf("drawing", {{"r:id", drawingId}});
+    if (context.comments.HasComments(Id())) xml.Leaf("legacyDrawing", {{"r:id", noteDrawingId}});
+}
+
+bool CWorksheet::WriteSheetRelationships() {
+    std::vector<Relationship> relationships;
+    if (!Drawing().IsEmpty()) relationships.push_back({drawingId, Names::Relation::drawing, Drawing().Target()});
+    if (context.comments.HasComments(Id())) {
+        const std::string number = std::to_string(Id());
+        relationships.push_back(
+            {noteDrawingId, Names::Relation::vmlDrawing, "../drawings/vmlDrawing" + number + ".vml"});
+        relationships.push_back({commentsId, Names::Relation::comments, "../comments" + number + ".xml"});
+    }
+    return WriteRelationships(context.package, "/xl/worksheets/_rels/" + FileName() + ".rels", relationships);
+}
+
+} // namespace Xlsx

@@ -1,0 +1,90 @@
+// A sheet of cells. Its XML goes to its part file while the caller fills it, so a sheet takes no memory for its cells
+// except for the places of its formulas.
+#pragma once
+
+#include "xlsx/CellReference.h"
+#include "xlsx/Comment.h"
+#include "xlsx/Package.h"
+#include "xlsx/SharedStrings.h"
+#include "xlsx/Sheet.h"
+#include "xlsx/SheetSettings.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace Xlsx {
+
+/// What a worksheet shares with its workbook, which outlives it.
+struct WorksheetContext {
+    Package& package;
+    SharedStrings& strings;
+    CommentList& comments;
+};
+
+/// Rows are filled from the first one on, the cells of a row from the first column on. Text is UTF-8. What does not fit
+/// a sheet (a cell outside a row, row 1,048,577, column 16,385, a text of more than mostCellLetters) is left out, and
+/// the workbook's Save then answers false.
+class CWorksheet final : public CSheet {
+public:
+    CWorksheet(unsigned id, const std::string& title, CDrawing& drawing, const WorksheetContext& context,
+               const std::vector<ColumnWidth>& columns, const SheetView& view);
+
+    /// Starts the next row; one that is open is ended first.
+    /// height  in points; 0 or less: the default
+    void BeginRow(double height = 0);
+    void EndRow();
+
+    /// A text that begins with "=" and goes on is a formula, any other is kept as it is. An empty text without style
+    /// leaves its column free.
+    /// style  an index that the workbook's AddStyle gave; 0: the default
+    void AddCell(const std::string& text, unsigned style = 0);
+    void AddCell(const char* text, unsigned style = 0) { AddCell(std::string(text), style); }
+    void AddCell(const std::wstring& text, unsigned style = 0);
+    /// Kept with 6 significant digits. An infinity becomes the error #DIV/0!, not-a-number becomes #NUM!.
+    void AddCell(double number, unsigned style = 0);
+
+    /// reference  such as "A1:B2"; see RangeReference
+    void MergeCells(const std::string& reference) { mergedRanges.push_back(reference); }
+    void SetPageSetup(const PageSetup& setup) { pageSetup = setup; }
+    /// A new page begins below that many rows, or right of that many columns.
+    void AddRowBreak(unsigned rows) { rowBreaks.push_back(rows); }
+    void AddColumnBreak(unsigned columns) { columnBreaks.push_back(columns); }
+    void AddComment(const Comment& comment) { context.comments.Add(Id(), comment); }
+
+    [[nodiscard]] const std::vector<CellPlace>& FormulaCells() const { return formulaCells; }
+
+    /// Called by the workbook: writes what follows the rows, and the sheet's relationships. False when anything of the
+    /// sheet could not be written.
+    [[nodiscard]] bool Finish();
+    /// Called by the workbook: closes the part file; later calls write nothing.
+    void Abandon();
+
+private:
+    [[nodiscard]] bool TakesCell(std::string_view text);
+    void WriteBeginning(const std::vector<ColumnWidth>& columns, const SheetView& view);
+    void StartCell(unsigned style);
+    void WriteFormula(std::string_view formula, unsigned style);
+    void WriteSharedText(const std::string& text, unsigned style);
+    void WriteEnd();
+    void WritePage();
+    void WriteReferences();
+    [[nodiscard]] bool WriteSheetRelationships();
+
+    WorksheetContext context;
+    PartFile part;
+    XmlWriter xml;
+    std::string columnLetters; // of the current cell's column
+    std::vector<std::string> mergedRanges;
+    std::vector<unsigned> rowBreaks;
+    std::vector<unsigned> columnBreaks;
+    std::vector<CellPlace> formulaCells;
+    PageSetup pageSetup;
+    PageScale pageScale;
+    unsigned row = 0;    // 1-based number of the current row
+    unsigned column = 0; // 0-based, of the next cell
+    bool isInRow = false;
+    bool isRefused = false; // something did not fit
+};
+
+} // namespace Xlsx
