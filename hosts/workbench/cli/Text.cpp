@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -60,6 +61,20 @@ char32_t FoldLetter(char32_t c) {
     const bool isOddUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
     if ((isEvenUpper && c % 2 == 0) || (isOddUpper && c % 2 == 1)) return c + 1;
     return c;
+}
+
+/// Where a link leads, so that writing keeps the link.
+std::filesystem::path ResolveTarget(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+    return error ? std::filesystem::path(path) : resolved;
+}
+
+bool WriteBytes(const std::filesystem::path& path, const std::string& content) {
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    if (file == nullptr) return false;
+    const bool isWritten = std::fwrite(content.data(), 1, content.size(), file) == content.size();
+    return std::fclose(file) == 0 && isWritten;
 }
 
 } // namespace
@@ -118,13 +133,16 @@ bool ReadFile(const std::string& path, std::string& content) {
 }
 
 bool WriteFile(const std::string& path, const std::string& content) {
-    const std::string unfinished = path + ".new-" + std::to_string(getpid());
-    std::FILE* file = std::fopen(unfinished.c_str(), "wb");
-    if (file == nullptr) return false;
-    bool isWhole = std::fwrite(content.data(), 1, content.size(), file) == content.size();
-    isWhole = std::fclose(file) == 0 && isWhole;
-    if (isWhole && std::rename(unfinished.c_str(), path.c_str()) == 0) return true;
-    std::remove(unfinished.c_str());
+    std::error_code error;
+    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
+        return WriteBytes(path, content);
+    const std::filesystem::path target = ResolveTarget(path);
+    const std::filesystem::path unfinished = target.string() + ".new-" + std::to_string(getpid());
+    if (WriteBytes(unfinished, content)) {
+        std::filesystem::rename(unfinished, target, error);
+        if (!error) return true;
+    }
+    std::filesystem::remove(unfinished, error);
     return false;
 }
 
