@@ -133,10 +133,14 @@ Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {
     });
 }
 
-Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings) {
+Outcome CheckElementSettings(const Model& model, const std::vector<ElementSetting>& settings) {
     for (const ElementSetting& setting : settings)
-        if (host.GetProject()->model.FindElement(setting.element) == ElementIndex::NotFound)
+        if (model.FindElement(setting.element) == ElementIndex::NotFound)
             return Failure{UsageError, "--element " + setting.argument + ": the model has no such element"};
+    return {};
+}
+
+Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings) {
     return RunCommand(host, "Set element values", [&] {
         for (const ElementSetting& setting : settings) {
             const host::PropertyDefinition* definition = FindLCADefinition(host.GetProject()->model, setting.key);

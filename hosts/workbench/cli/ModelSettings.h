@@ -13,6 +13,8 @@ namespace workbench::cli {
 /// The rows' values go to the building materials, doors and windows that they match.
 Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table);
 
+/// A usage error where the model has no such element; asked before anything is written.
+Outcome CheckElementSettings(const Model& model, const std::vector<ElementSetting>& settings);
 Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings);
 
 /// floorAreaM2 is offered by the model; it becomes the gross and the reference floor area where neither the settings
