@@ -22,8 +22,8 @@ Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetti
 Outcome ApplyRecordSettings(WorkbenchHost& host, const RecordSettings& settings, std::optional<double> floorAreaM2,
                             const std::string& floorAreaSource, std::vector<std::string>& notes);
 
-/// Materials with a quantity and without GWP, doors and windows without GWP, and kg materials without density: one
-/// sentence each.
+/// Materials with a quantity and without GWP, kg materials without density, materials whose components lack the
+/// quantity of their unit, doors and windows without GWP: one sentence each.
 std::vector<std::string> ListMissingValues(const Model& model);
 
 } // namespace workbench::cli
