@@ -87,6 +87,7 @@ Outcome ApplyAll(const Preparation& preparation, Assessment& assessment) {
 Outcome Assess(const AssessOptions& options, const Preparation& preparation, Assessment& assessment) {
     const KeepChanges keep = IsSameFile(options.model, options.save) ? KeepChanges::InFile : KeepChanges::InMemory;
     if (Outcome failure = OpenModel(options.model, keep, assessment.input)) return failure;
+    if (Outcome failure = CheckElementSettings(assessment.input.project->model, preparation.elements)) return failure;
     const host::ProjectEvent event = assessment.input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
     if (Outcome failure = assessment.session.Start(std::move(assessment.input.project), event)) return failure;
     if (const std::string& failure = assessment.session.GetProject().GetStoreFailure(); !failure.empty())

@@ -26,25 +26,47 @@ std::string Trim(std::string_view text) {
     return std::string(text.substr(first, text.find_last_not_of(" \t\r") - first + 1));
 }
 
-/// Cells of a line; a cell in double quotes may hold ";" and, doubled, quotes. None when a quote is not closed.
-std::optional<std::vector<std::string>> SplitCells(std::string_view line) {
-    std::vector<std::string> cells(1);
-    bool isQuoted = false;
-    for (std::size_t i = 0; i < line.size(); ++i) {
-        const char letter = line[i];
-        if (isQuoted && letter == '"' && i + 1 < line.size() && line[i + 1] == '"')
-            cells.back() += line[i++];
-        else if (letter == '"' && (isQuoted || Trim(cells.back()).empty()))
-            isQuoted = !isQuoted;
-        else if (letter == ';' && !isQuoted)
-            cells.emplace_back();
-        else
-            cells.back() += letter;
+/// Text of a cell that opens with a quote, without the quotes; the position moves behind the closing one. None when it
+/// is not closed.
+std::optional<std::string> TakeQuoted(std::string_view line, std::size_t& position) {
+    std::string cell;
+    for (++position; position < line.size(); ++position) {
+        if (line[position] == '"') {
+            if (position + 1 == line.size() || line[position + 1] != '"') {
+                ++position;
+                return cell;
+            }
+            ++position;
+        }
+        cell += line[position];
     }
-    if (isQuoted) return std::nullopt;
-    for (std::string& cell : cells)
-        cell = Trim(cell);
-    return cells;
+    return std::nullopt;
+}
+
+/// Cells of a line, without blanks around them; a cell in double quotes keeps its blanks and may hold ";" and, doubled,
+/// quotes. None when a quote is not closed.
+std::optional<std::vector<std::string>> SplitCells(std::string_view line) {
+    std::vector<std::string> cells;
+    for (std::size_t position = 0;; ++position) {
+        position = std::min(line.find_first_not_of(" \t\r", position), line.size());
+        std::string quoted;
+        if (position < line.size() && line[position] == '"') {
+            std::optional<std::string> taken = TakeQuoted(line, position);
+            if (!taken) return std::nullopt;
+            quoted = std::move(*taken);
+        }
+        const std::size_t end = std::min(line.find(';', position), line.size());
+        cells.push_back(quoted + Trim(line.substr(position, end - position)));
+        if (end == line.size()) return cells;
+        position = end;
+    }
+}
+
+/// A cell cannot hold a line break, a name in a model can.
+std::string PutOnOneLine(std::string text) {
+    const auto isBreak = [](char letter) { return letter == '\n' || letter == '\r'; };
+    std::replace_if(text.begin(), text.end(), isBreak, ' ');
+    return text;
 }
 
 class Parser {
@@ -66,7 +88,7 @@ public:
 
 private:
     Outcome Fail(const std::string& reason) const {
-        return Failure{InputUnreadable, path + ":" + std::to_string(line) + ": " + reason};
+        return Failure{InputUnreadable, path + ":" + std::to_string(std::max<std::size_t>(line, 1)) + ": " + reason};
     }
 
     Outcome ParseLine(std::string_view text) {
@@ -182,7 +204,7 @@ Outcome MaterialTable::Parse(const std::string& path, std::string_view text, Mat
 }
 
 const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& name) const {
-    const std::string folded = FoldCase(name);
+    const std::string folded = FoldCase(PutOnOneLine(name));
     const auto find = [&](auto matches) -> const MaterialRow* {
         const auto found = std::find_if(rows.begin(), rows.end(), [&](const MaterialRow& row) {
             return row.appliesTo == appliesTo && row.IsFilledIn() && matches(FoldCase(row.name));
@@ -194,9 +216,7 @@ const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& n
 }
 
 std::string QuoteCell(const std::string& text) {
-    std::string cell = text;
-    std::replace_if(
-        cell.begin(), cell.end(), [](char letter) { return letter == '\n' || letter == '\r'; }, ' ');
+    const std::string cell = PutOnOneLine(text);
     if (cell.find_first_of(";\"") == std::string::npos && Trim(cell) == cell) return cell;
     std::string quoted = "\"";
     for (const char letter : cell)

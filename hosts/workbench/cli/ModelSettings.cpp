@@ -112,6 +112,21 @@ void OfferFloorArea(lca::FloorQuantity quantity, const char* name, double areaM2
                     " m2");
 }
 
+/// What keeps a material's quantities from being counted, and what to do; empty where nothing does.
+std::string FindMissingValue(const Model& model, const host::BuildingMaterial& material,
+                             const MaterialQuantity& quantity) {
+    if (GetMaterialGWPText(model, material.index).empty())
+        return "no GWP and counts as 0; add it to the material table";
+    const std::string unit = GetMaterialUnit(model, material.index);
+    if (unit == "kg" && material.densityKgM3 <= 0.0)
+        return "a GWP per kg and no density, and counts as 0; add its density";
+    const bool isArea = unit == "m2";
+    const std::size_t lacking = isArea ? quantity.withoutArea : quantity.withoutVolume;
+    if (lacking == 0) return {};
+    return "a GWP per " + unit + " and in " + std::to_string(lacking) + " of " + std::to_string(quantity.components) +
+           " components no " + (isArea ? "area" : "volume") + ", which count as 0; check the model's quantities";
+}
+
 } // namespace
 
 Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {
@@ -133,10 +148,14 @@ Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {
     });
 }
 
-Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings) {
+Outcome CheckElementSettings(const Model& model, const std::vector<ElementSetting>& settings) {
     for (const ElementSetting& setting : settings)
-        if (host.GetProject()->model.FindElement(setting.element) == ElementIndex::NotFound)
+        if (model.FindElement(setting.element) == ElementIndex::NotFound)
             return Failure{UsageError, "--element " + setting.argument + ": the model has no such element"};
+    return {};
+}
+
+Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings) {
     return RunCommand(host, "Set element values", [&] {
         for (const ElementSetting& setting : settings) {
             const host::PropertyDefinition* definition = FindLCADefinition(host.GetProject()->model, setting.key);
@@ -164,20 +183,13 @@ Outcome ApplyRecordSettings(WorkbenchHost& host, const RecordSettings& settings,
 std::vector<std::string> ListMissingValues(const Model& model) {
     std::vector<std::string> sentences;
     const std::vector<MaterialQuantity> quantities = SumMaterialQuantities(model);
-    const host::PropertyDefinition* unit = FindLCADefinition(model, PropertyKey::UnitType);
-    const host::Guid kilogram = unit == nullptr ? host::Guid() : FindOption(*unit, "kg");
     for (const host::BuildingMaterial& material : model.GetBuildingMaterials()) {
         const MaterialQuantity& quantity = quantities[static_cast<std::size_t>(material.index.value - 1)];
         if (quantity.components == 0) continue;
-        const std::string name = "material \"" + material.name + "\" (" + FormatShort(quantity.volumeM3, 3) + " m3)";
-        if (GetMaterialGWPText(model, material.index).empty()) {
-            sentences.push_back(name + " has no GWP and counts as 0; add it to the material table");
-            continue;
-        }
-        const Model::Values& values = *model.FindMaterialValues(material.index);
-        const auto chosen = unit == nullptr ? values.end() : values.find(unit->guid);
-        if (material.densityKgM3 <= 0.0 && chosen != values.end() && chosen->second.guid == kilogram)
-            sentences.push_back(name + " has a GWP per kg and no density, and counts as 0; add its density");
+        const std::string missing = FindMissingValue(model, material, quantity);
+        if (missing.empty()) continue;
+        sentences.push_back("material \"" + material.name + "\" (" + FormatShort(quantity.volumeM3, 3) + " m3) has " +
+                            missing);
     }
     std::map<std::string, int> openings;
     const host::PropertyDefinition* gwp = FindLCADefinition(model, PropertyKey::GWP);

@@ -13,6 +13,8 @@ namespace workbench::cli {
 /// The rows' values go to the building materials, doors and windows that they match.
 Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table);
 
+/// A usage error where the model has no such element; asked before anything is written.
+Outcome CheckElementSettings(const Model& model, const std::vector<ElementSetting>& settings);
 Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings);
 
 /// floorAreaM2 is offered by the model; it becomes the gross and the reference floor area where neither the settings
@@ -20,8 +22,8 @@ Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetti
 Outcome ApplyRecordSettings(WorkbenchHost& host, const RecordSettings& settings, std::optional<double> floorAreaM2,
                             const std::string& floorAreaSource, std::vector<std::string>& notes);
 
-/// Materials with a quantity and without GWP, doors and windows without GWP, and kg materials without density: one
-/// sentence each.
+/// Materials with a quantity and without GWP, kg materials without density, materials whose components lack the
+/// quantity of their unit, doors and windows without GWP: one sentence each.
 std::vector<std::string> ListMissingValues(const Model& model);
 
 } // namespace workbench::cli

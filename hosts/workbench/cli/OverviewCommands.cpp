@@ -62,7 +62,7 @@ std::string DescribeBuilding(const ifc::ImportedBuilding& building) {
 /// What a material's row of the table says; the stored values where the project has some.
 struct MaterialCells {
     std::string name;
-    std::string unit = "m3";
+    std::string unit;
     lca::MaterialGWP gwp;
     std::string serviceLife;
     std::string density;
@@ -73,13 +73,10 @@ MaterialCells ReadMaterialCells(const Model& model, const host::BuildingMaterial
     cells.name = QuoteCell(material.name);
     cells.gwp = lca::DecodeMaterialGWP(GetMaterialGWPText(model, material.index));
     if (material.densityKgM3 > 0.0) cells.density = lca::WriteDecimal(material.densityKgM3);
+    cells.unit = GetMaterialUnit(model, material.index);
     const Model::Values* values = model.FindMaterialValues(material.index);
-    const host::PropertyDefinition* unit = FindLCADefinition(model, lca::PropertyKey::UnitType);
     const host::PropertyDefinition* life = FindLCADefinition(model, lca::PropertyKey::ServiceYear);
-    if (values == nullptr || unit == nullptr || life == nullptr) return cells;
-    if (const auto value = values->find(unit->guid); value != values->end())
-        for (const host::PropertyOption& option : unit->options)
-            if (option.key == value->second.guid) cells.unit = option.text;
+    if (values == nullptr || life == nullptr) return cells;
     if (const auto value = values->find(life->guid); value != values->end() && value->second.integer > 0)
         cells.serviceLife = std::to_string(value->second.integer);
     return cells;

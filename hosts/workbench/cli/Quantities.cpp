@@ -10,6 +10,8 @@ std::vector<MaterialQuantity> SumMaterialQuantities(const Model& model) {
             ++sum.components;
             sum.volumeM3 += component.volumeM3;
             sum.areaM2 += component.areaM2;
+            sum.withoutVolume += component.volumeM3 == 0.0 && component.areaM2 != 0.0 ? 1 : 0;
+            sum.withoutArea += component.areaM2 == 0.0 && component.volumeM3 != 0.0 ? 1 : 0;
         }
     return sums;
 }

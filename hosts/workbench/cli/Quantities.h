@@ -11,6 +11,8 @@ struct MaterialQuantity {
     std::size_t components = 0;
     double volumeM3 = 0.0;
     double areaM2 = 0.0;
+    std::size_t withoutVolume = 0; ///< components that have an area only
+    std::size_t withoutArea = 0;   ///< components that have a volume only
 };
 
 /// One entry per building material, in attribute order.

@@ -103,6 +103,7 @@ Outcome RecordSettings::AddFile(const std::string& path) {
     if (!ReadFile(path, text))
         return Failure{InputUnreadable, path + ": the settings file cannot be read; check the name"};
     if (!IsUtf8(text)) return Failure{InputUnreadable, path + ": the text is not UTF-8; save the settings as UTF-8"};
+    if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) text.erase(0, 3);
     std::size_t number = 0;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find('\n', begin), text.size());

@@ -51,4 +51,15 @@ std::string GetMaterialGWPText(const Model& model, host::AttributeIndex material
     return found == values->end() ? std::string() : found->second.text;
 }
 
+std::string GetMaterialUnit(const Model& model, host::AttributeIndex material) {
+    const host::PropertyDefinition* definition = FindLCADefinition(model, lca::PropertyKey::UnitType);
+    const Model::Values* values = model.FindMaterialValues(material);
+    if (definition == nullptr || values == nullptr) return "m3";
+    const auto found = values->find(definition->guid);
+    if (found == values->end()) return "m3";
+    for (const host::PropertyOption& option : definition->options)
+        if (option.key == found->second.guid) return option.text;
+    return "m3";
+}
+
 } // namespace workbench::cli

@@ -26,5 +26,7 @@ lca::LCAProjectData ReadRecord(const Model& model);
 
 /// Own text of a material's GWP per unit; empty where it was never given one.
 std::string GetMaterialGWPText(const Model& model, host::AttributeIndex material);
+/// Text of a material's unit; "m3" where it was never given one.
+std::string GetMaterialUnit(const Model& model, host::AttributeIndex material);
 
 } // namespace workbench::cli

@@ -5,6 +5,7 @@
 #include <array>
 #include <charconv>
 #include <cstdio>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <optional>
@@ -49,17 +50,45 @@ void AppendCodePoint(std::string& text, char32_t point) {
     }
 }
 
+/// Where upper and lower case alternate, beginning with an upper case letter.
+struct Alternating {
+    char32_t first;
+    char32_t last;
+};
+constexpr Alternating AlternatingLetters[] = {
+    {0x100, 0x12F}, {0x132, 0x137}, {0x139, 0x148}, {0x14A, 0x177}, {0x179, 0x17E}, {0x1CD, 0x1DC},   {0x1DE, 0x1EF},
+    {0x1F8, 0x21F}, {0x222, 0x233}, {0x460, 0x481}, {0x48A, 0x4BF}, {0x4D0, 0x52F}, {0x1E00, 0x1E95}, {0x1EA0, 0x1EFF}};
+
+/// Letters whose lower case stands elsewhere.
+constexpr std::pair<char32_t, char32_t> SingleLetters[] = {
+    {0x178, 0xFF},  {0x1A0, 0x1A1}, {0x1AF, 0x1B0}, {0x386, 0x3AC}, {0x388, 0x3AD}, {0x389, 0x3AE}, {0x38A, 0x3AF},
+    {0x38C, 0x3CC}, {0x38E, 0x3CD}, {0x38F, 0x3CE}, {0x3C2, 0x3C3}, {0x4C0, 0x4CF}, {0x1E9E, 0xDF}};
+
 /// Simple case folding of Latin, Greek and Cyrillic letters, where building materials are named.
 char32_t FoldLetter(char32_t c) {
     if (c >= 'A' && c <= 'Z') return c + 32;
-    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3A9) || (c >= 0x410 && c <= 0x42F))
+    if ((c >= 0xC0 && c <= 0xDE && c != 0xD7) || (c >= 0x391 && c <= 0x3AB) || (c >= 0x410 && c <= 0x42F))
         return c + 32;
     if (c >= 0x400 && c <= 0x40F) return c + 80;
-    if (c == 0x178) return 0xFF;
-    const bool isEvenUpper = (c >= 0x100 && c <= 0x12F) || (c >= 0x132 && c <= 0x137) || (c >= 0x14A && c <= 0x177);
-    const bool isOddUpper = (c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E);
-    if ((isEvenUpper && c % 2 == 0) || (isOddUpper && c % 2 == 1)) return c + 1;
+    for (const auto& [upper, lower] : SingleLetters)
+        if (c == upper) return lower;
+    for (const Alternating& range : AlternatingLetters)
+        if (c >= range.first && c <= range.last) return (c - range.first) % 2 == 0 ? c + 1 : c;
     return c;
+}
+
+/// Where a link leads, so that writing keeps the link.
+std::filesystem::path ResolveTarget(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+    return error ? std::filesystem::path(path) : resolved;
+}
+
+bool WriteBytes(const std::filesystem::path& path, const std::string& content) {
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    if (file == nullptr) return false;
+    const bool isWritten = std::fwrite(content.data(), 1, content.size(), file) == content.size();
+    return std::fclose(file) == 0 && isWritten;
 }
 
 } // namespace
@@ -111,20 +140,24 @@ bool MatchesPattern(std::string_view text, std::string_view pattern) {
 }
 
 bool ReadFile(const std::string& path, std::string& content) {
+    std::error_code error;
     std::ifstream file(path, std::ios::binary);
-    if (!file) return false;
+    if (!file || std::filesystem::is_directory(path, error)) return false;
     content.assign(std::istreambuf_iterator<char>(file), {});
     return !file.bad();
 }
 
 bool WriteFile(const std::string& path, const std::string& content) {
-    const std::string unfinished = path + ".new-" + std::to_string(getpid());
-    std::FILE* file = std::fopen(unfinished.c_str(), "wb");
-    if (file == nullptr) return false;
-    bool isWhole = std::fwrite(content.data(), 1, content.size(), file) == content.size();
-    isWhole = std::fclose(file) == 0 && isWhole;
-    if (isWhole && std::rename(unfinished.c_str(), path.c_str()) == 0) return true;
-    std::remove(unfinished.c_str());
+    std::error_code error;
+    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
+        return WriteBytes(path, content);
+    const std::filesystem::path target = ResolveTarget(path);
+    const std::filesystem::path unfinished = target.string() + ".new-" + std::to_string(getpid());
+    if (WriteBytes(unfinished, content)) {
+        std::filesystem::rename(unfinished, target, error);
+        if (!error) return true;
+    }
+    std::filesystem::remove(unfinished, error);
     return false;
 }
 

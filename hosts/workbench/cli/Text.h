@@ -17,7 +17,8 @@ bool MatchesPattern(std::string_view text, std::string_view pattern);
 
 /// A file's bytes; none when it cannot be read.
 bool ReadFile(const std::string& path, std::string& content);
-/// Writes beside the target and renames, so that an older file stays whole. False when it cannot be written.
+/// Writes beside the target and renames, so that an older file stays whole; devices and pipes are written as they are.
+/// False when it cannot be written.
 bool WriteFile(const std::string& path, const std::string& content);
 
 enum class Align { Left, Right };

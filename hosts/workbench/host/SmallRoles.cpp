@@ -46,6 +46,7 @@ std::string ResourcesRole::FormatCurrentTime(std::uint32_t) {
 host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t, std::vector<host::Guid>& elements) {
     if (project == nullptr) return host::Errors::NoProject;
     elements.clear();
+    if (type == host::ElementType::All) elements.reserve(project->model.GetElements().size());
     for (const Element& element : project->model.GetElements())
         if (type == host::ElementType::All || element.type == type) elements.push_back(element.guid);
     return host::NoError;
