@@ -115,8 +115,11 @@ void OfferFloorArea(lca::FloorQuantity quantity, const char* name, double areaM2
 /// What keeps a material's quantities from being counted, and what to do; empty where nothing does.
 std::string FindMissingValue(const Model& model, const host::BuildingMaterial& material,
                              const MaterialQuantity& quantity) {
-    if (GetMaterialGWPText(model, material.index).empty())
-        return "no GWP and counts as 0; add it to the material table";
+    const std::string text = GetMaterialGWPText(model, material.index);
+    if (text.empty()) return "no GWP and counts as 0; add it to the material table";
+    const lca::MaterialGWP gwp = lca::DecodeMaterialGWP(text);
+    if (!gwp.plain && gwp.byPhase.empty())
+        return "a GWP that cannot be read (\"" + text + "\") and counts as 0; give a number in the material table";
     const std::string unit = GetMaterialUnit(model, material.index);
     if (unit == "kg" && material.densityKgM3 <= 0.0)
         return "a GWP per kg and no density, and counts as 0; add its density";

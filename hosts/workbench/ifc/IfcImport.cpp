@@ -122,14 +122,17 @@ private:
     ImportResult NoReader() {
         return ImportResult::Failure(ImportError::ReaderMissing,
                                      file.string() + " could not be read: the program " + reader.string() +
-                                         " cannot be started. Build or install it beside the calling program.");
+                                         " cannot be started; build or install it beside the calling program");
     }
 
     ImportResult Cancel() { return Fail(ImportError::Cancelled, "was not read", "The import was stopped."); }
     ImportResult Refuse(const StepProblem& problem) { return Fail(problem.code, problem.what, problem.advice); }
 
-    ImportResult Fail(ImportError code, const std::string& what, const std::string& advice) {
-        return ImportResult::Failure(code, file.string() + " " + what + ". " + advice);
+    /// One sentence: the advice, a sentence of its own, follows after a semicolon.
+    ImportResult Fail(ImportError code, const std::string& what, std::string advice) {
+        if (!advice.empty() && advice.front() >= 'A' && advice.front() <= 'Z') advice.front() += 'a' - 'A';
+        if (!advice.empty() && advice.back() == '.') advice.pop_back();
+        return ImportResult::Failure(code, file.string() + " " + what + "; " + advice);
     }
 
     [[nodiscard]] long long Seconds() const {
