@@ -57,6 +57,8 @@ template <typename... Handlers>
 struct Overloaded : Handlers... {
     using Handlers::operator()...;
 };
+template <typename... Handlers>
+Overloaded(Handlers...) -> Overloaded<Handlers...>;
 
 template <typename Map, typename Key>
 void RemoveValue(Map& map, const Key& key, const host::Guid& definition) {

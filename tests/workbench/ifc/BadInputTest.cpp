@@ -35,18 +35,18 @@ TEST(BadInput, IsRefusedPlainly) {
     std::mt19937 random(7);
     for (char& c : noise)
         c = static_cast<char>(random());
-    ExpectFailure(Read(""), ImportError::NotIfc, "model.ifc is empty. ");
-    ExpectFailure(Read(noise), ImportError::NotIfc, "model.ifc is no IFC file but binary data. ");
+    ExpectFailure(Read(""), ImportError::NotIfc, "model.ifc is empty; ");
+    ExpectFailure(Read(noise), ImportError::NotIfc, "model.ifc is no IFC file but binary data; ");
     ExpectFailure(Read(good.substr(0, good.size() / 2)), ImportError::Damaged, "model.ifc is cut off in line ");
-    ExpectFailure(Read(File("IFC4X3", "")), ImportError::UnsupportedSchema, "model.ifc is of the schema IFC4X3. ");
-    ExpectFailure(Read(File("IFC4", noise)), ImportError::Damaged, "model.ifc is damaged in line 8. ");
+    ExpectFailure(Read(File("IFC4X3", "")), ImportError::UnsupportedSchema, "model.ifc is of the schema IFC4X3; ");
+    ExpectFailure(Read(File("IFC4", noise)), ImportError::Damaged, "model.ifc is damaged in line 8; ");
     ExpectFailure(Read(File("IFC4", MetricProject() +
                                         std::string("#20=IFCA();#21=IFCB();#22=IFCC();#23=IFCD();#24=IFCE();#25=IFCF();"
                                                     "#26=IFCG();#27=IFCH();#28=IFCI();#29=IFCJ();"))),
                   ImportError::Damaged, "entities that no IFC schema has");
     ExpectFailure(ReadIfcFile("/nowhere/a.ifc", {}, {}, Reader()), ImportError::NotReadable,
-                  "/nowhere/a.ifc does not exist. ");
-    ExpectFailure(ReadIfcFile("/tmp", {}, {}, Reader()), ImportError::NotReadable, "/tmp is a folder. ");
+                  "/nowhere/a.ifc does not exist; ");
+    ExpectFailure(ReadIfcFile("/tmp", {}, {}, Reader()), ImportError::NotReadable, "/tmp is a folder; ");
 }
 
 TEST(BadInput, AFileWithoutElementsIsReadAndSaysSo) {
