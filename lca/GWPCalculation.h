@@ -37,8 +37,6 @@ std::int64_t CountProvisions(std::uint32_t periodYears, std::int32_t serviceLife
 double ComputeComponentGWP(const MaterialValues& material, double share, double volumeM3, double areaM2,
                            std::uint32_t periodYears);
 
-enum class ElementKind { Door, Window, Other };
-
 /// Sums of a run, kg CO2eq. Doors and windows are without replacements, the building components with theirs.
 struct BaseSums {
     double buildingComponents = 0.0;

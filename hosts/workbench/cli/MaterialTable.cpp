@@ -199,17 +199,21 @@ Outcome MaterialTable::Read(const std::string& path, MaterialTable& table) {
 }
 
 Outcome MaterialTable::Parse(const std::string& path, std::string_view text, MaterialTable& table) {
-    table.rows.clear();
-    return Parser(path, table.rows).Parse(text);
+    table = {};
+    std::vector<MaterialRow> rows;
+    if (Outcome failure = Parser(path, rows).Parse(text)) return failure;
+    for (const MaterialRow& row : rows)
+        table.foldedNames.push_back(FoldCase(row.name));
+    table.rows = std::move(rows);
+    return {};
 }
 
 const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& name) const {
     const std::string folded = FoldCase(PutOnOneLine(name));
     const auto find = [&](auto matches) -> const MaterialRow* {
-        const auto found = std::find_if(rows.begin(), rows.end(), [&](const MaterialRow& row) {
-            return row.appliesTo == appliesTo && row.IsFilledIn() && matches(FoldCase(row.name));
-        });
-        return found == rows.end() ? nullptr : &*found;
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (rows[i].appliesTo == appliesTo && rows[i].IsFilledIn() && matches(foldedNames[i])) return &rows[i];
+        return nullptr;
     };
     if (const MaterialRow* exact = find([&](const std::string& row) { return row == folded; })) return exact;
     return find([&](const std::string& row) { return MatchesPattern(folded, row); });

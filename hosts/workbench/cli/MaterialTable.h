@@ -38,6 +38,7 @@ public:
 
 private:
     std::vector<MaterialRow> rows;
+    std::vector<std::string> foldedNames; ///< of the rows; a table is searched for every material, door and window
 };
 
 /// A cell of the table, quoted where it has to be.
