@@ -16,10 +16,10 @@ constexpr std::int16_t EditorMargin = 2;
 } // namespace
 
 bool SelectPopupByText(host::Host& host, host::DialogId dialog, const std::string& text) {
-    const std::vector<std::string> texts = host.GetDialogItems().ListPopUpTexts(dialog, UnitPopupItem);
+    const std::vector<std::string> texts = host.GetItemValues().ListPopUpTexts(dialog, UnitPopupItem);
     const auto found = std::find(texts.begin(), texts.end(), text);
     if (found == texts.end()) return false;
-    host.GetDialogItems().SelectPopUpEntry(dialog, UnitPopupItem, static_cast<std::int16_t>(found - texts.begin() + 1));
+    host.GetItemValues().SelectPopUpEntry(dialog, UnitPopupItem, static_cast<std::int16_t>(found - texts.begin() + 1));
     return true;
 }
 

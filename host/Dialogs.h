@@ -1,4 +1,4 @@
-// Role: the host's dialog manager: opening dialogs, their items, list boxes, pop-ups and alerts. Items are numbered
+// Roles: the host's dialog manager: opening dialogs, their items, list boxes, pop-ups and alerts. Items are numbered
 // from 1 as in the dialog resource; item 0 is the dialog itself. Operations on an item that does not exist do nothing
 // and answer an empty value.
 #pragma once
@@ -6,6 +6,7 @@
 #include "host/Drawing.h"
 #include "host/Values.h"
 
+#include <optional>
 #include <vector>
 
 namespace host {
@@ -34,12 +35,14 @@ enum class DialogMessage {
 struct DialogMessageData {
     std::int32_t row = 0;             ///< list row under a click or to be drawn, counted from 1
     std::int16_t column = 0;          ///< tab field under a click or to be drawn, counted from 1
-    Rectangle area;                   ///< area to draw, in pixels of the dialog
+    Rectangle area;                   ///< area to draw, in the context's pixels
+    Colour background{255, 255, 255}; ///< of the row that a cell belongs to
     NativeContext* context = nullptr; ///< to draw with; the host's, valid during the call
 };
 
-/// Receives the messages of one dialog. The answer counts for a click on a push button of a modal dialog: the item's
-/// number closes the dialog, 0 keeps it open. Lets no exception out.
+/// Receives the messages of one dialog. Edits, check boxes, pop-ups and list boxes send Change after the user changed
+/// their value or selection; operations of the add-on on them send nothing. The answer counts for a click on a push
+/// button of a modal dialog: the item's number closes the dialog, 0 keeps it open. Lets no exception out.
 class DialogHandler {
 public:
     virtual ~DialogHandler() = default;
@@ -60,6 +63,9 @@ public:
     /// The handler gets Initialise before the call returns, and must live until Close. Answers none when it cannot be
     /// opened.
     virtual DialogId OpenPalette(std::int16_t resource, const Guid& guid, DialogHandler& handler) = 0;
+    /// Opens a modal dialog and answers, after it has closed, the number of the item that closed it; 0 when it cannot
+    /// be opened. The handler gets Initialise first and Close last, while the items can still be read.
+    virtual std::int16_t RunModal(std::int16_t resource, const Guid& guid, DialogHandler& handler) = 0;
     /// Sends Close to the handler and removes the palette.
     virtual void ClosePalette(DialogId dialog) = 0;
     virtual Size ReadSize(DialogId dialog) = 0;
@@ -75,6 +81,7 @@ public:
 
     virtual Rectangle ReadRectangle(DialogId dialog, std::int16_t item) = 0;
     virtual void SetRectangle(DialogId dialog, std::int16_t item, const Rectangle& rectangle) = 0;
+    virtual std::string ReadText(DialogId dialog, std::int16_t item) = 0;
     virtual void SetText(DialogId dialog, std::int16_t item, const std::string& text) = 0;
     virtual void Show(DialogId dialog, std::int16_t item, bool visible) = 0;
     virtual void Enable(DialogId dialog, std::int16_t item, bool enabled) = 0;
@@ -82,8 +89,26 @@ public:
     virtual void SetIcon(DialogId dialog, std::int16_t item, std::int16_t icon) = 0;
     virtual void SetBackground(DialogId dialog, std::int16_t item, const Colour& colour) = 0;
     virtual void Redraw(DialogId dialog, std::int16_t item) = 0;
+};
+
+/// Values of edits, check boxes and pop-ups.
+class ItemValues {
+public:
+    virtual ~ItemValues() = default;
+
+    /// Of a real-number edit; 0 while its text is no number.
+    virtual double ReadReal(DialogId dialog, std::int16_t item) = 0;
+    virtual void SetReal(DialogId dialog, std::int16_t item, double value) = 0;
+    /// Of an integer edit; 0 while its text is no number.
+    virtual std::int32_t ReadInteger(DialogId dialog, std::int16_t item) = 0;
+    virtual void SetInteger(DialogId dialog, std::int16_t item, std::int32_t value) = 0;
+    virtual bool IsChecked(DialogId dialog, std::int16_t item) = 0;
+    virtual void SetChecked(DialogId dialog, std::int16_t item, bool checked) = 0;
     /// The texts of a pop-up menu; entries are counted from 1.
     virtual std::vector<std::string> ListPopUpTexts(DialogId dialog, std::int16_t item) = 0;
+    virtual void SetPopUpTexts(DialogId dialog, std::int16_t item, const std::vector<std::string>& texts) = 0;
+    /// 0 when the menu is empty.
+    virtual std::int16_t ReadPopUpEntry(DialogId dialog, std::int16_t item) = 0;
     virtual void SelectPopUpEntry(DialogId dialog, std::int16_t item, std::int16_t entry) = 0;
 };
 
@@ -139,18 +164,45 @@ public:
     virtual std::int32_t Count(DialogId dialog, std::int16_t item) = 0;
     /// Inserts in front of `row`, or at the end for 0; answers the new row.
     virtual std::int32_t Insert(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
+    /// A line across the list, which counts as a row and cannot be selected; placed as Insert does.
+    virtual std::int32_t InsertSeparator(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
+    /// A row that goes takes its selection with it.
+    virtual void Delete(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
     virtual void DeleteAll(DialogId dialog, std::int16_t item) = 0;
-    virtual void SetText(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
-                         const std::string& text) = 0;
-    virtual void SetIcon(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
-                         StandardIcon icon) = 0;
+    /// A number of the caller's for the row; none until set.
+    virtual std::optional<std::int32_t> ReadUserData(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
+    virtual void SetUserData(DialogId dialog, std::int16_t item, std::int32_t row, std::int32_t value) = 0;
     virtual void SetStatus(DialogId dialog, std::int16_t item, std::int32_t row, RowStatus status) = 0;
     virtual void SetStyle(DialogId dialog, std::int16_t item, std::int32_t row, TextStyle style) = 0;
-    /// The first selected row, 0 when none is.
-    virtual std::int32_t ReadSelected(DialogId dialog, std::int16_t item) = 0;
-    virtual void Select(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
     /// Off while many rows change; on again redraws.
     virtual void EnableDrawing(DialogId dialog, std::int16_t item, bool enabled) = 0;
+};
+
+/// Cells of a list box by row and column.
+class ListCells {
+public:
+    virtual ~ListCells() = default;
+
+    virtual std::string ReadText(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column) = 0;
+    virtual void SetText(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
+                         const std::string& text) = 0;
+    virtual StandardIcon ReadIcon(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column) = 0;
+    virtual void SetIcon(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
+                         StandardIcon icon) = 0;
+    virtual void SetStyle(DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
+                          TextStyle style) = 0;
+};
+
+class ListSelection {
+public:
+    virtual ~ListSelection() = default;
+
+    /// The first selected row, 0 when none is.
+    virtual std::int32_t ReadFirst(DialogId dialog, std::int16_t item) = 0;
+    /// The selected rows from the top.
+    virtual std::vector<std::int32_t> ListRows(DialogId dialog, std::int16_t item) = 0;
+    /// Selects this row alone.
+    virtual void Select(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
 };
 
 enum class AlertType { Information, Warning, Error };

@@ -7,7 +7,10 @@ namespace host {
 class Registration;
 class Resources;
 class Model;
+class Attributes;
 class Databases;
+class Libraries;
+class PlacedObjects;
 class Properties;
 class Classifications;
 class Teamwork;
@@ -15,9 +18,13 @@ class UndoableCommands;
 class ProgressWindow;
 class Dialogs;
 class DialogItems;
+class ItemValues;
 class ListLayout;
 class ListRows;
+class ListCells;
+class ListSelection;
 class Alerts;
+class UserInput;
 
 class Host {
 public:
@@ -26,7 +33,10 @@ public:
     virtual Registration& GetRegistration() = 0;
     virtual Resources& GetResources() = 0;
     virtual Model& GetModel() = 0;
+    virtual Attributes& GetAttributes() = 0;
     virtual Databases& GetDatabases() = 0;
+    virtual Libraries& GetLibraries() = 0;
+    virtual PlacedObjects& GetPlacedObjects() = 0;
     virtual Properties& GetProperties() = 0;
     virtual Classifications& GetClassifications() = 0;
     virtual Teamwork& GetTeamwork() = 0;
@@ -34,9 +44,13 @@ public:
     virtual ProgressWindow& GetProgressWindow() = 0;
     virtual Dialogs& GetDialogs() = 0;
     virtual DialogItems& GetDialogItems() = 0;
+    virtual ItemValues& GetItemValues() = 0;
     virtual ListLayout& GetListLayout() = 0;
     virtual ListRows& GetListRows() = 0;
+    virtual ListCells& GetListCells() = 0;
+    virtual ListSelection& GetListSelection() = 0;
     virtual Alerts& GetAlerts() = 0;
+    virtual UserInput& GetUserInput() = 0;
 };
 
 } // namespace host

@@ -1,8 +1,9 @@
-// Role: the building's elements with their material components, its attributes, its databases and the front window.
+// Roles: the building's elements with their material components, its attributes, its databases and the front window.
 #pragma once
 
 #include "host/Values.h"
 
+#include <array>
 #include <vector>
 
 namespace host {
@@ -20,6 +21,11 @@ struct MaterialComponent {
     double areaM2 = 0.0;
 };
 
+inline constexpr std::int16_t NoPen = -1;
+
+/// Eight rows of eight pixels from the top; the highest bit is the leftmost pixel, a set bit the foreground.
+using FillPattern = std::array<std::uint8_t, 8>;
+
 struct BuildingMaterial {
     AttributeIndex index;
     std::string name;
@@ -27,7 +33,7 @@ struct BuildingMaterial {
     double densityKgM3 = 0.0;
     AttributeIndex cutFill;
     std::int16_t cutFillPen = 0;
-    std::int16_t cutFillBackgroundPen = 0; ///< 0 is a transparent background
+    std::int16_t cutFillBackgroundPen = 0; ///< NoPen is a transparent background
     AttributeIndex cutSurface;
 };
 
@@ -45,16 +51,27 @@ class Model {
 public:
     virtual ~Model() = default;
 
-    /// Identifiers in the model's order. filter is a mask of the host's element filter bits.
+    /// Identifiers in the model's order. filter is a mask of the host's element filter bits; without a filter the
+    /// current database's elements are listed.
     virtual ErrorCode ListElements(ElementType type, std::uint32_t filter, std::vector<Guid>& elements) = 0;
     /// BadId when there is no such element.
     virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
     /// Components in the element's order; replaces what the list held. BadId when there is no such element.
     virtual ErrorCode ReadElementComponents(const Guid& element, std::vector<MaterialComponent>& components) = 0;
+};
+
+/// Attributes of the project. Every reading operation answers BadIndex where the index is a gap or past the end.
+class Attributes {
+public:
+    virtual ~Attributes() = default;
+
     /// The highest index in use; indices may have gaps.
     virtual ErrorCode CountBuildingMaterials(std::int32_t& highestIndex) = 0;
-    /// BadIndex where the index is a gap or past the end.
     virtual ErrorCode ReadBuildingMaterial(AttributeIndex index, BuildingMaterial& material) = 0;
+    virtual ErrorCode ReadLayerName(AttributeIndex index, std::string& name) = 0;
+    virtual ErrorCode ReadPenColour(std::int16_t pen, Shade& colour) = 0;
+    virtual ErrorCode ReadFillPattern(AttributeIndex index, FillPattern& pattern) = 0;
+    virtual ErrorCode ReadSurfaceColour(AttributeIndex index, Shade& colour) = 0;
 };
 
 class Databases {
@@ -66,6 +83,8 @@ public:
     /// BadDatabase when the project has none of that type and identifier.
     virtual ErrorCode ChangeCurrentDatabase(const Database& database) = 0;
     virtual ErrorCode ReadFrontWindow(Database& database) = 0;
+    /// All databases of a type of which a project may have several, in the project's order.
+    virtual ErrorCode ListDatabases(DatabaseType type, std::vector<Database>& databases) = 0;
 };
 
 } // namespace host

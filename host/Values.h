@@ -28,6 +28,7 @@ inline constexpr ErrorCode BadParameters = Code(0x81060068U);
 inline constexpr ErrorCode BadDatabase = Code(0x8106006AU);
 inline constexpr ErrorCode BadValue = Code(0x81060070U);
 inline constexpr ErrorCode NoProject = Code(0x810600CBU);
+inline constexpr ErrorCode NoTeamworkProject = Code(0x810600D3U);
 inline constexpr ErrorCode RefusedCommand = Code(0x810600CDU);
 inline constexpr ErrorCode NeedsUndoScope = Code(0x810600E1U);
 inline constexpr ErrorCode UndoEmpty = Code(0x810600E2U);
@@ -121,15 +122,29 @@ struct ModuleId {
     std::uint32_t localId = 0;
 };
 
-/// Eight bits a channel, as the dialog manager and the drawing take them.
+/// Eight bits a channel, as the dialog manager and the drawing take them; alpha 0 is transparent.
 struct Colour {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
     std::uint8_t blue = 0;
+    std::uint8_t alpha = 255;
 
     friend bool operator==(const Colour& a, const Colour& b) {
-        return a.red == b.red && a.green == b.green && a.blue == b.blue;
+        return a.red == b.red && a.green == b.green && a.blue == b.blue && a.alpha == b.alpha;
     }
+};
+
+/// An attribute's colour as the host keeps it, each channel 0 to 1.
+struct Shade {
+    double red = 0.0;
+    double green = 0.0;
+    double blue = 0.0;
+};
+
+/// A place in the plan, in metres.
+struct Point {
+    double x = 0.0;
+    double y = 0.0;
 };
 
 /// Dialog pixels.

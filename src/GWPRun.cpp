@@ -75,7 +75,7 @@ private:
     lca::MaterialValues Read(host::AttributeIndex index) {
         lca::MaterialValues material;
         host::BuildingMaterial attribute;
-        if (host.GetModel().ReadBuildingMaterial(index, attribute) == host::NoError)
+        if (host.GetAttributes().ReadBuildingMaterial(index, attribute) == host::NoError)
             material.densityKgM3 = attribute.densityKgM3;
         std::vector<host::PropertyValue> read;
         if (host.GetProperties().ReadMaterialValues(index, guids, read) != host::NoError || read.size() != guids.size())

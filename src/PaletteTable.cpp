@@ -104,7 +104,8 @@ lca::TableLabels PaletteTable::GetLabels() const {
 void PaletteTable::Show(const std::vector<std::string>& tableText, const lca::LCAProjectData& record,
                         bool insertsRows) {
     host::ListRows& rows = host.GetListRows();
-    const std::int32_t selected = rows.ReadSelected(palette, PaletteItems::Table);
+    host::ListSelection& selection = host.GetListSelection();
+    const std::int32_t selected = selection.ReadFirst(palette, PaletteItems::Table);
     rows.EnableDrawing(palette, PaletteItems::Table, false);
     if (insertsRows) InsertRows();
     // The table text begins with the headers, which the list shows as headers.
@@ -113,7 +114,7 @@ void PaletteTable::Show(const std::vector<std::string>& tableText, const lca::LC
     for (const lca::ElementCategory category :
          {lca::ElementCategory::Inventory, lca::ElementCategory::Installations, lca::ElementCategory::BuildingProcess})
         ShowPercentageMode(category, record);
-    if (selected > 0) rows.Select(palette, PaletteItems::Table, selected);
+    if (selected > 0) selection.Select(palette, PaletteItems::Table, selected);
     rows.EnableDrawing(palette, PaletteItems::Table, true);
 }
 
@@ -139,11 +140,11 @@ void PaletteTable::InsertRows() {
 
 void PaletteTable::ShowPercentageMode(lca::ElementCategory category, const lca::LCAProjectData& record) {
     const bool isPercentage = lca::ValueOr(record.contributionEnabled, category, false);
-    host.GetListRows().SetIcon(palette, PaletteItems::Table, RowOf(category), ModeColumn,
-                               isPercentage ? host::StandardIcon::Checked : host::StandardIcon::Unchecked);
+    host.GetListCells().SetIcon(palette, PaletteItems::Table, RowOf(category), ModeColumn,
+                                isPercentage ? host::StandardIcon::Checked : host::StandardIcon::Unchecked);
     host.GetDialogItems().Enable(palette, PaletteItems::ServiceLifeEdit, isPercentage);
 }
 
 void PaletteTable::SetCell(std::int32_t row, std::int16_t column, const std::string& text) {
-    if (column != 1) host.GetListRows().SetText(palette, PaletteItems::Table, row, column, text);
+    if (column != 1) host.GetListCells().SetText(palette, PaletteItems::Table, row, column, text);
 }

@@ -4,11 +4,13 @@
 #include "host/Commands.h"
 #include "host/Dialogs.h"
 #include "host/Host.h"
+#include "host/Libraries.h"
 #include "host/Model.h"
 #include "host/Properties.h"
 #include "host/Registration.h"
 #include "host/Resources.h"
 #include "host/Teamwork.h"
+#include "host/UserInput.h"
 
 namespace test {
 
@@ -41,8 +43,16 @@ public:
     host::ErrorCode ReadElementComponents(const host::Guid&, std::vector<host::MaterialComponent>&) override {
         return 0;
     }
+};
+
+class NullAttributes : public host::Attributes {
+public:
     host::ErrorCode CountBuildingMaterials(std::int32_t&) override { return 0; }
     host::ErrorCode ReadBuildingMaterial(host::AttributeIndex, host::BuildingMaterial&) override { return 0; }
+    host::ErrorCode ReadLayerName(host::AttributeIndex, std::string&) override { return 0; }
+    host::ErrorCode ReadPenColour(std::int16_t, host::Shade&) override { return 0; }
+    host::ErrorCode ReadFillPattern(host::AttributeIndex, host::FillPattern&) override { return 0; }
+    host::ErrorCode ReadSurfaceColour(host::AttributeIndex, host::Shade&) override { return 0; }
 };
 
 class NullDatabases : public host::Databases {
@@ -50,6 +60,29 @@ public:
     host::ErrorCode ReadCurrentDatabase(host::Database&) override { return 0; }
     host::ErrorCode ChangeCurrentDatabase(const host::Database&) override { return 0; }
     host::ErrorCode ReadFrontWindow(host::Database&) override { return 0; }
+    host::ErrorCode ListDatabases(host::DatabaseType, std::vector<host::Database>&) override { return 0; }
+};
+
+class NullLibraries : public host::Libraries {
+public:
+    host::ErrorCode FindObject(const std::string&, host::LibraryPartIndex&) override { return 0; }
+    host::ErrorCode ReadDefaults(host::LibraryPartIndex, host::ObjectElement&,
+                                 std::vector<host::ObjectParameter>&) override {
+        return 0;
+    }
+    host::ErrorCode ListFavourites(std::vector<std::string>&) override { return 0; }
+    host::ErrorCode ReadFavourite(const std::string&, host::Favourite&) override { return 0; }
+};
+
+class NullPlacedObjects : public host::PlacedObjects {
+public:
+    host::ErrorCode Read(const host::Guid&, host::ObjectElement&) override { return 0; }
+    host::ErrorCode ReadParameters(const host::Guid&, std::vector<host::ObjectParameter>&) override { return 0; }
+    host::ErrorCode WriteParameters(const host::Guid&, const std::vector<host::ObjectParameter>&) override { return 0; }
+    host::ErrorCode Create(const host::ObjectElement&, const std::vector<host::ObjectParameter>&,
+                           host::Guid&) override {
+        return 0;
+    }
 };
 
 class NullProperties : public host::Properties {
@@ -89,7 +122,12 @@ class NullTeamwork : public host::Teamwork {
 public:
     bool IsTeamworkProject() override { return false; }
     host::Guid FindLockableSet(const std::string&) override { return {}; }
+    bool HasConnection() override { return false; }
     host::LockableStatus ReadLockableStatus(const host::Guid&) override { return host::LockableStatus::Unknown; }
+    std::vector<std::int16_t> ListHolders(const host::Guid&) override { return {}; }
+    host::ErrorCode Reserve(const host::Guid&, host::HostDialogs) override { return 0; }
+    host::ErrorCode Release(const host::Guid&, host::HostDialogs) override { return 0; }
+    host::ErrorCode ListMembers(std::vector<host::ProjectMember>&) override { return 0; }
 };
 
 class NullUndoableCommands : public host::UndoableCommands {
@@ -110,6 +148,7 @@ public:
 class NullDialogs : public host::Dialogs {
 public:
     host::DialogId OpenPalette(std::int16_t, const host::Guid&, host::DialogHandler&) override { return {}; }
+    std::int16_t RunModal(std::int16_t, const host::Guid&, host::DialogHandler&) override { return 0; }
     void ClosePalette(host::DialogId) override {}
     host::Size ReadSize(host::DialogId) override { return {}; }
     void SetMinimumSize(host::DialogId, host::Size) override {}
@@ -121,13 +160,26 @@ class NullDialogItems : public host::DialogItems {
 public:
     host::Rectangle ReadRectangle(host::DialogId, std::int16_t) override { return {}; }
     void SetRectangle(host::DialogId, std::int16_t, const host::Rectangle&) override {}
+    std::string ReadText(host::DialogId, std::int16_t) override { return {}; }
     void SetText(host::DialogId, std::int16_t, const std::string&) override {}
     void Show(host::DialogId, std::int16_t, bool) override {}
     void Enable(host::DialogId, std::int16_t, bool) override {}
     void SetIcon(host::DialogId, std::int16_t, std::int16_t) override {}
     void SetBackground(host::DialogId, std::int16_t, const host::Colour&) override {}
     void Redraw(host::DialogId, std::int16_t) override {}
+};
+
+class NullItemValues : public host::ItemValues {
+public:
+    double ReadReal(host::DialogId, std::int16_t) override { return 0.0; }
+    void SetReal(host::DialogId, std::int16_t, double) override {}
+    std::int32_t ReadInteger(host::DialogId, std::int16_t) override { return 0; }
+    void SetInteger(host::DialogId, std::int16_t, std::int32_t) override {}
+    bool IsChecked(host::DialogId, std::int16_t) override { return false; }
+    void SetChecked(host::DialogId, std::int16_t, bool) override {}
     std::vector<std::string> ListPopUpTexts(host::DialogId, std::int16_t) override { return {}; }
+    void SetPopUpTexts(host::DialogId, std::int16_t, const std::vector<std::string>&) override {}
+    std::int16_t ReadPopUpEntry(host::DialogId, std::int16_t) override { return 0; }
     void SelectPopUpEntry(host::DialogId, std::int16_t, std::int16_t) override {}
 };
 
@@ -149,14 +201,38 @@ class NullListRows : public host::ListRows {
 public:
     std::int32_t Count(host::DialogId, std::int16_t) override { return 0; }
     std::int32_t Insert(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
+    std::int32_t InsertSeparator(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
+    void Delete(host::DialogId, std::int16_t, std::int32_t) override {}
     void DeleteAll(host::DialogId, std::int16_t) override {}
-    void SetText(host::DialogId, std::int16_t, std::int32_t, std::int16_t, const std::string&) override {}
-    void SetIcon(host::DialogId, std::int16_t, std::int32_t, std::int16_t, host::StandardIcon) override {}
+    std::optional<std::int32_t> ReadUserData(host::DialogId, std::int16_t, std::int32_t) override { return {}; }
+    void SetUserData(host::DialogId, std::int16_t, std::int32_t, std::int32_t) override {}
     void SetStatus(host::DialogId, std::int16_t, std::int32_t, host::RowStatus) override {}
     void SetStyle(host::DialogId, std::int16_t, std::int32_t, host::TextStyle) override {}
-    std::int32_t ReadSelected(host::DialogId, std::int16_t) override { return 0; }
-    void Select(host::DialogId, std::int16_t, std::int32_t) override {}
     void EnableDrawing(host::DialogId, std::int16_t, bool) override {}
+};
+
+class NullListCells : public host::ListCells {
+public:
+    std::string ReadText(host::DialogId, std::int16_t, std::int32_t, std::int16_t) override { return {}; }
+    void SetText(host::DialogId, std::int16_t, std::int32_t, std::int16_t, const std::string&) override {}
+    host::StandardIcon ReadIcon(host::DialogId, std::int16_t, std::int32_t, std::int16_t) override {
+        return host::StandardIcon::None;
+    }
+    void SetIcon(host::DialogId, std::int16_t, std::int32_t, std::int16_t, host::StandardIcon) override {}
+    void SetStyle(host::DialogId, std::int16_t, std::int32_t, std::int16_t, host::TextStyle) override {}
+};
+
+class NullListSelection : public host::ListSelection {
+public:
+    std::int32_t ReadFirst(host::DialogId, std::int16_t) override { return 0; }
+    std::vector<std::int32_t> ListRows(host::DialogId, std::int16_t) override { return {}; }
+    void Select(host::DialogId, std::int16_t, std::int32_t) override {}
+};
+
+class NullUserInput : public host::UserInput {
+public:
+    std::optional<host::PickerColour> PickColour(const host::PickerColour&) override { return {}; }
+    std::optional<host::Point> PickPoint(const std::string&) override { return {}; }
 };
 
 class NullAlerts : public host::Alerts {
@@ -171,7 +247,10 @@ public:
     host::Registration& GetRegistration() override { return *registration; }
     host::Resources& GetResources() override { return *resources; }
     host::Model& GetModel() override { return *model; }
+    host::Attributes& GetAttributes() override { return *attributes; }
     host::Databases& GetDatabases() override { return *databases; }
+    host::Libraries& GetLibraries() override { return *libraries; }
+    host::PlacedObjects& GetPlacedObjects() override { return *placedObjects; }
     host::Properties& GetProperties() override { return *properties; }
     host::Classifications& GetClassifications() override { return *classifications; }
     host::Teamwork& GetTeamwork() override { return *teamwork; }
@@ -179,15 +258,22 @@ public:
     host::ProgressWindow& GetProgressWindow() override { return *progress; }
     host::Dialogs& GetDialogs() override { return *dialogs; }
     host::DialogItems& GetDialogItems() override { return *dialogItems; }
+    host::ItemValues& GetItemValues() override { return *itemValues; }
     host::ListLayout& GetListLayout() override { return *listLayout; }
     host::ListRows& GetListRows() override { return *listRows; }
+    host::ListCells& GetListCells() override { return *listCells; }
+    host::ListSelection& GetListSelection() override { return *listSelection; }
     host::Alerts& GetAlerts() override { return *alerts; }
+    host::UserInput& GetUserInput() override { return *userInput; }
 
 private:
     NullRegistration nullRegistration;
     NullResources nullResources;
     NullModel nullModel;
+    NullAttributes nullAttributes;
     NullDatabases nullDatabases;
+    NullLibraries nullLibraries;
+    NullPlacedObjects nullPlacedObjects;
     NullProperties nullProperties;
     NullClassifications nullClassifications;
     NullTeamwork nullTeamwork;
@@ -195,15 +281,22 @@ private:
     NullProgressWindow nullProgress;
     NullDialogs nullDialogs;
     NullDialogItems nullDialogItems;
+    NullItemValues nullItemValues;
     NullListLayout nullListLayout;
     NullListRows nullListRows;
+    NullListCells nullListCells;
+    NullListSelection nullListSelection;
     NullAlerts nullAlerts;
+    NullUserInput nullUserInput;
 
 public:
     host::Registration* registration = &nullRegistration;
     host::Resources* resources = &nullResources;
     host::Model* model = &nullModel;
+    host::Attributes* attributes = &nullAttributes;
     host::Databases* databases = &nullDatabases;
+    host::Libraries* libraries = &nullLibraries;
+    host::PlacedObjects* placedObjects = &nullPlacedObjects;
     host::Properties* properties = &nullProperties;
     host::Classifications* classifications = &nullClassifications;
     host::Teamwork* teamwork = &nullTeamwork;
@@ -211,9 +304,13 @@ public:
     host::ProgressWindow* progress = &nullProgress;
     host::Dialogs* dialogs = &nullDialogs;
     host::DialogItems* dialogItems = &nullDialogItems;
+    host::ItemValues* itemValues = &nullItemValues;
     host::ListLayout* listLayout = &nullListLayout;
     host::ListRows* listRows = &nullListRows;
+    host::ListCells* listCells = &nullListCells;
+    host::ListSelection* listSelection = &nullListSelection;
     host::Alerts* alerts = &nullAlerts;
+    host::UserInput* userInput = &nullUserInput;
 };
 
 } // namespace test

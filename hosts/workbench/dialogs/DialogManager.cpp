@@ -1,8 +1,33 @@
 #include "workbench/dialogs/DialogManager.h"
 
+#include "lca/Numbers.h"
+
 #include <algorithm>
+#include <cmath>
 
 namespace workbench {
+
+namespace {
+
+constexpr std::int16_t CancelItem = 2;
+
+/// limit 0 is without limit; never splits a character of several bytes.
+std::string CutToCharacters(const std::string& text, std::size_t limit) {
+    if (limit == 0) return text;
+    std::size_t characters = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const bool startsCharacter = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
+        if (startsCharacter && ++characters > limit) return text.substr(0, i);
+    }
+    return text;
+}
+
+bool IsWholeNumber(const std::string& text) {
+    const std::optional<double> value = lca::ParseDecimal(text);
+    return value && *value == std::trunc(*value) && lca::ParseWholeNumber(text);
+}
+
+} // namespace
 
 host::DialogId DialogManager::OpenPalette(std::int16_t resource, const host::Guid& guid, host::DialogHandler& handler) {
     const DialogState* dialog = dialogs.Add(resource, guid, handler);
@@ -10,6 +35,20 @@ host::DialogId DialogManager::OpenPalette(std::int16_t resource, const host::Gui
     const host::DialogId id = dialog->id;
     Send(host::DialogMessage::Initialise, id, 0);
     return id;
+}
+
+std::int16_t DialogManager::RunModal(std::int16_t resource, const host::Guid& guid, host::DialogHandler& handler) {
+    DialogState* dialog = dialogs.Add(resource, guid, handler);
+    if (dialog == nullptr) return 0;
+    dialog->isModal = true;
+    const host::DialogId id = dialog->id;
+    Send(host::DialogMessage::Initialise, id, 0);
+    if (modalUser) modalUser(id);
+    RequestClose(id);
+    const std::int16_t closedBy = dialog->closedBy;
+    Send(host::DialogMessage::Close, id, 0);
+    dialogs.Remove(id);
+    return closedBy;
 }
 
 void DialogManager::ClosePalette(host::DialogId dialog) {
@@ -44,10 +83,63 @@ void DialogManager::WriteReport(const std::string& line) {
 }
 
 bool DialogManager::Press(host::DialogId dialog, std::int16_t item) {
-    const ItemState* state = dialogs.FindItem(dialog, item);
-    if (state == nullptr || !state->isVisible || !state->isEnabled) return false;
-    Send(host::DialogMessage::Click, dialog, item);
+    if (FindUsable(dialog, item) == nullptr) return false;
+    const std::int16_t answer = Send(host::DialogMessage::Click, dialog, item);
+    DialogState* state = dialogs.Find(dialog);
+    if (state != nullptr && state->isModal && answer == item) state->closedBy = item;
     return true;
+}
+
+bool DialogManager::Type(host::DialogId dialog, std::int16_t item, const std::string& text) {
+    ItemState* state = FindUsable(dialog, item);
+    return state != nullptr && TypeInto(dialog, item, *state, text);
+}
+
+bool DialogManager::TypeIntoCell(host::DialogId dialog, std::int16_t list, std::int16_t column,
+                                 const std::string& text) {
+    const ItemState* listState = FindUsable(dialog, list);
+    const ColumnState* place = dialogs.FindColumn(dialog, list, column);
+    if (listState == nullptr || place == nullptr || listState->list.selected.empty()) return false;
+    ItemState* editor = dialogs.FindItem(dialog, place->editor);
+    return editor != nullptr && editor->isEnabled && TypeInto(dialog, place->editor, *editor, text);
+}
+
+bool DialogManager::Toggle(host::DialogId dialog, std::int16_t item) {
+    ItemState* state = FindUsable(dialog, item);
+    if (state == nullptr || state->kind != Resources::ItemKind::CheckBox) return false;
+    state->isChecked = !state->isChecked;
+    Send(host::DialogMessage::Change, dialog, item);
+    return true;
+}
+
+bool DialogManager::Choose(host::DialogId dialog, std::int16_t item, std::int16_t entry) {
+    ItemState* state = FindUsable(dialog, item);
+    if (state == nullptr || entry < 1 || static_cast<std::size_t>(entry) > state->popUpTexts.size()) return false;
+    state->selectedEntry = entry;
+    Send(host::DialogMessage::Change, dialog, item);
+    return true;
+}
+
+bool DialogManager::SelectRows(host::DialogId dialog, std::int16_t list, const std::vector<std::int32_t>& rows) {
+    ItemState* state = FindUsable(dialog, list);
+    if (state == nullptr) return false;
+    std::set<std::int32_t> selected;
+    for (const std::int32_t row : rows) {
+        const RowState* rowState = dialogs.FindRow(dialog, list, row);
+        if (rowState == nullptr || rowState->status != host::RowStatus::Normal) continue;
+        if (state->kind == Resources::ItemKind::MultiSelList || selected.empty()) selected.insert(row);
+    }
+    state->list.selected = std::move(selected);
+    Send(host::DialogMessage::Change, dialog, list);
+    return true;
+}
+
+bool DialogManager::ClickCell(host::DialogId dialog, std::int16_t list, std::int32_t row, std::int16_t column) {
+    return SendCellClick(host::DialogMessage::Click, dialog, list, row, column);
+}
+
+bool DialogManager::DoubleClickCell(host::DialogId dialog, std::int16_t list, std::int32_t row, std::int16_t column) {
+    return SendCellClick(host::DialogMessage::DoubleClick, dialog, list, row, column);
 }
 
 void DialogManager::Resize(host::DialogId dialog, host::Size size) {
@@ -58,7 +150,10 @@ void DialogManager::Resize(host::DialogId dialog, host::Size size) {
 }
 
 void DialogManager::RequestClose(host::DialogId dialog) {
+    DialogState* state = dialogs.Find(dialog);
+    if (state == nullptr || state->closedBy != 0) return;
     Send(host::DialogMessage::CloseRequest, dialog, 0);
+    if (state->isModal) state->closedBy = CancelItem;
 }
 
 void DialogManager::DrawCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
@@ -73,10 +168,52 @@ void DialogManager::DrawCell(host::DialogId dialog, std::int16_t item, std::int3
     Send(host::DialogMessage::ListCellUpdate, dialog, item, data);
 }
 
-void DialogManager::Send(host::DialogMessage message, host::DialogId dialog, std::int16_t item,
-                         const host::DialogMessageData& data) {
-    if (const DialogState* state = dialogs.Find(dialog))
-        state->handler->HandleDialogMessage(message, dialog, item, data);
+std::int16_t DialogManager::Send(host::DialogMessage message, host::DialogId dialog, std::int16_t item,
+                                 const host::DialogMessageData& data) {
+    const DialogState* state = dialogs.Find(dialog);
+    return state == nullptr ? std::int16_t{0} : state->handler->HandleDialogMessage(message, dialog, item, data);
+}
+
+ItemState* DialogManager::FindUsable(host::DialogId dialog, std::int16_t item) {
+    const DialogState* state = dialogs.Find(dialog);
+    ItemState* found = dialogs.FindItem(dialog, item);
+    const bool isUsable = found != nullptr && state->closedBy == 0 && found->isVisible && found->isEnabled;
+    return isUsable ? found : nullptr;
+}
+
+bool DialogManager::TypeInto(host::DialogId dialog, std::int16_t item, ItemState& state, const std::string& text) {
+    switch (state.kind) {
+    case Resources::ItemKind::TextEdit:
+        state.text = CutToCharacters(text, state.maximumLength);
+        break;
+    case Resources::ItemKind::RealEdit:
+        if (!lca::ParseDecimal(text)) return false;
+        state.text = text;
+        break;
+    case Resources::ItemKind::IntEdit:
+    case Resources::ItemKind::PosIntEdit:
+        if (!IsWholeNumber(text)) return false;
+        state.text = text;
+        break;
+    default:
+        return false;
+    }
+    Send(host::DialogMessage::Change, dialog, item);
+    return true;
+}
+
+bool DialogManager::SendCellClick(host::DialogMessage message, host::DialogId dialog, std::int16_t list,
+                                  std::int32_t row, std::int16_t column) {
+    const ItemState* state = FindUsable(dialog, list);
+    const RowState* rowState = dialogs.FindRow(dialog, list, row);
+    if (state == nullptr || rowState == nullptr || rowState->isSeparator) return false;
+    const bool isSelected = state->list.selected.size() == 1 && state->list.selected.count(row) == 1;
+    if (rowState->status == host::RowStatus::Normal && !isSelected) SelectRows(dialog, list, {row});
+    host::DialogMessageData data;
+    data.row = row;
+    data.column = column;
+    Send(message, dialog, list, data);
+    return true;
 }
 
 } // namespace workbench

@@ -1,5 +1,7 @@
 #include "workbench/dialogs/DialogState.h"
 
+#include <algorithm>
+
 namespace workbench {
 
 namespace {
@@ -18,6 +20,7 @@ ItemState CreateItem(const Resources::DialogItem& source) {
     for (const Resources::PopupEntry& entry : source.entries)
         item.popUpTexts.emplace_back(entry.text);
     item.selectedEntry = item.popUpTexts.empty() ? 0 : 1;
+    item.maximumLength = static_cast<std::size_t>(source.maxLength.value_or(0));
     return item;
 }
 
@@ -68,10 +71,20 @@ ItemState* OpenDialogs::FindItem(host::DialogId dialog, std::int16_t item) {
     return &state->items[static_cast<std::size_t>(item - 1)];
 }
 
+bool OpenDialogs::HasModal() const {
+    return std::any_of(dialogs.begin(), dialogs.end(), [](const auto& entry) { return entry.second.isModal; });
+}
+
 RowState* OpenDialogs::FindRow(host::DialogId dialog, std::int16_t item, std::int32_t row) {
     ItemState* state = FindItem(dialog, item);
     if (state == nullptr || row < 1 || static_cast<std::size_t>(row) > state->list.rows.size()) return nullptr;
     return &state->list.rows[static_cast<std::size_t>(row - 1)];
+}
+
+CellState* OpenDialogs::FindCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column) {
+    RowState* state = FindRow(dialog, item, row);
+    if (state == nullptr || column < 1 || static_cast<std::size_t>(column) > state->cells.size()) return nullptr;
+    return &state->cells[static_cast<std::size_t>(column - 1)];
 }
 
 ColumnState* OpenDialogs::FindColumn(host::DialogId dialog, std::int16_t item, std::int16_t column) {

@@ -5,6 +5,7 @@
 #include "resources/ResourceData.h"
 
 #include <map>
+#include <optional>
 #include <set>
 #include <string>
 #include <vector>
@@ -17,11 +18,14 @@ inline constexpr std::int16_t RowHeight = 20;
 struct CellState {
     std::string text;
     host::StandardIcon icon = host::StandardIcon::None;
+    host::TextStyle style = host::TextStyle::Plain;
 };
 
 struct RowState {
     std::vector<CellState> cells; ///< by column, from 0
     host::RowStatus status = host::RowStatus::Normal;
+    bool isSeparator = false;
+    std::optional<std::int32_t> userData;
     host::TextStyle style = host::TextStyle::Plain;
 };
 
@@ -37,6 +41,7 @@ struct ListState {
     std::vector<RowState> rows;
     std::set<std::int32_t> selected; ///< rows from 1
     bool isDrawing = true;
+    int clearings = 0; ///< how often all rows were deleted at once
 };
 
 struct ItemState {
@@ -49,6 +54,8 @@ struct ItemState {
     host::Colour background{240, 240, 240};
     std::vector<std::string> popUpTexts;
     std::int16_t selectedEntry = 0; ///< of a pop-up, from 1
+    bool isChecked = false;
+    std::size_t maximumLength = 0; ///< characters of a text edit; 0 is without limit
     ListState list;
     int redraws = 0; ///< how often it was asked to be drawn anew
 };
@@ -63,6 +70,8 @@ struct DialogState {
     int moveGrowDepth = 0;
     std::vector<ItemState> items; ///< item n is items[n - 1]
     host::DialogHandler* handler = nullptr;
+    bool isModal = false;
+    std::int16_t closedBy = 0; ///< item that closed a modal dialog whose Close is still to come
 };
 
 /// The open dialogs. Look-ups answer null for what does not exist.
@@ -77,8 +86,10 @@ public:
     /// The open dialogs, the one opened last at the end.
     std::vector<host::DialogId> List() const;
     ItemState* FindItem(host::DialogId dialog, std::int16_t item);
+    bool HasModal() const;
     /// Null also where the row does not exist.
     RowState* FindRow(host::DialogId dialog, std::int16_t item, std::int32_t row);
+    CellState* FindCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column);
     ColumnState* FindColumn(host::DialogId dialog, std::int16_t item, std::int16_t column);
 
 private:

@@ -20,6 +20,18 @@ host::Guid GuidOfSet(std::size_t position) {
     return guid;
 }
 
+host::Shade ToShade(const Shade& shade) {
+    return {shade[0], shade[1], shade[2]};
+}
+
+/// Attributes are counted from 1; BadIndex outside the list.
+template <typename Attribute, typename Take>
+host::ErrorCode ReadAt(const std::vector<Attribute>& list, std::int32_t index, Take&& take) {
+    if (index < 1 || static_cast<std::size_t>(index) > list.size()) return host::Errors::BadIndex;
+    take(list[static_cast<std::size_t>(index - 1)]);
+    return host::NoError;
+}
+
 } // namespace
 
 std::string ResourcesRole::ReadString(std::int16_t stringList, std::int16_t entry) {
@@ -71,18 +83,42 @@ host::ErrorCode ModelRole::ReadElementComponents(const host::Guid& element,
     return host::NoError;
 }
 
-host::ErrorCode ModelRole::CountBuildingMaterials(std::int32_t& highestIndex) {
+host::ErrorCode AttributesRole::CountBuildingMaterials(std::int32_t& highestIndex) {
     if (project == nullptr) return host::Errors::NoProject;
     highestIndex = static_cast<std::int32_t>(project->model.GetBuildingMaterials().size());
     return host::NoError;
 }
 
-host::ErrorCode ModelRole::ReadBuildingMaterial(host::AttributeIndex index, host::BuildingMaterial& material) {
+host::ErrorCode AttributesRole::ReadBuildingMaterial(host::AttributeIndex index, host::BuildingMaterial& material) {
     if (project == nullptr) return host::Errors::NoProject;
     const host::BuildingMaterial* found = project->model.FindBuildingMaterial(index);
     if (found == nullptr) return host::Errors::BadIndex;
     material = *found;
     return host::NoError;
+}
+
+host::ErrorCode AttributesRole::ReadLayerName(host::AttributeIndex index, std::string& name) {
+    if (project == nullptr) return host::Errors::NoProject;
+    const Layer* found = project->model.FindLayer(index);
+    if (found == nullptr) return host::Errors::BadIndex;
+    name = found->name;
+    return host::NoError;
+}
+
+host::ErrorCode AttributesRole::ReadPenColour(std::int16_t pen, host::Shade& colour) {
+    if (project == nullptr) return host::Errors::NoProject;
+    return ReadAt(project->model.GetPens(), pen, [&](const Pen& found) { colour = ToShade(found.shade); });
+}
+
+host::ErrorCode AttributesRole::ReadFillPattern(host::AttributeIndex index, host::FillPattern& pattern) {
+    if (project == nullptr) return host::Errors::NoProject;
+    return ReadAt(project->model.GetFills(), index.value, [&](const Fill& found) { pattern = found.pattern; });
+}
+
+host::ErrorCode AttributesRole::ReadSurfaceColour(host::AttributeIndex index, host::Shade& colour) {
+    if (project == nullptr) return host::Errors::NoProject;
+    return ReadAt(project->model.GetSurfaces(), index.value,
+                  [&](const Surface& found) { colour = ToShade(found.shade); });
 }
 
 host::ErrorCode DatabasesRole::ReadCurrentDatabase(host::Database& database) {
@@ -102,6 +138,11 @@ host::ErrorCode DatabasesRole::ReadFrontWindow(host::Database& database) {
     return host::NoError;
 }
 
+host::ErrorCode DatabasesRole::ListDatabases(host::DatabaseType, std::vector<host::Database>& databases) {
+    databases.clear();
+    return host::NoError;
+}
+
 host::Guid TeamworkRole::FindLockableSet(const std::string& name) {
     for (std::size_t i = 0; i < LockableSets.size(); ++i)
         if (name == LockableSets[i]) return GuidOfSet(i);
@@ -118,6 +159,22 @@ host::LockableStatus TeamworkRole::ReadLockableStatus(const host::Guid& lockable
         return host::LockableStatus::Free;
     }
     return host::LockableStatus::Unknown;
+}
+
+std::vector<std::int16_t> TeamworkRole::ListHolders(const host::Guid&) {
+    return {};
+}
+
+host::ErrorCode TeamworkRole::Reserve(const host::Guid&, host::HostDialogs) {
+    return host::Errors::RefusedCommand;
+}
+
+host::ErrorCode TeamworkRole::Release(const host::Guid&, host::HostDialogs) {
+    return host::Errors::RefusedCommand;
+}
+
+host::ErrorCode TeamworkRole::ListMembers(std::vector<host::ProjectMember>&) {
+    return host::Errors::RefusedCommand;
 }
 
 host::ErrorCode UndoableCommandsRole::Call(const std::string& undoName,

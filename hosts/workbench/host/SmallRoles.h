@@ -26,8 +26,21 @@ public:
     host::ErrorCode ReadElementHeader(const host::Guid& element, host::ElementHeader& header) override;
     host::ErrorCode ReadElementComponents(const host::Guid& element,
                                           std::vector<host::MaterialComponent>& components) override;
+
+private:
+    Project*& project;
+};
+
+class AttributesRole : public host::Attributes {
+public:
+    explicit AttributesRole(Project*& project) : project(project) {}
+
     host::ErrorCode CountBuildingMaterials(std::int32_t& highestIndex) override;
     host::ErrorCode ReadBuildingMaterial(host::AttributeIndex index, host::BuildingMaterial& material) override;
+    host::ErrorCode ReadLayerName(host::AttributeIndex index, std::string& name) override;
+    host::ErrorCode ReadPenColour(std::int16_t pen, host::Shade& colour) override;
+    host::ErrorCode ReadFillPattern(host::AttributeIndex index, host::FillPattern& pattern) override;
+    host::ErrorCode ReadSurfaceColour(host::AttributeIndex index, host::Shade& colour) override;
 
 private:
     Project*& project;
@@ -39,6 +52,7 @@ public:
     host::ErrorCode ReadCurrentDatabase(host::Database& database) override;
     host::ErrorCode ChangeCurrentDatabase(const host::Database& database) override;
     host::ErrorCode ReadFrontWindow(host::Database& database) override;
+    host::ErrorCode ListDatabases(host::DatabaseType type, std::vector<host::Database>& databases) override;
 
     host::DatabaseType current = host::DatabaseType::FloorPlan;
     host::DatabaseType frontWindow = host::DatabaseType::FloorPlan;
@@ -50,7 +64,12 @@ public:
 
     bool IsTeamworkProject() override { return project != nullptr && project->model.IsShared(); }
     host::Guid FindLockableSet(const std::string& name) override;
+    bool HasConnection() override { return true; }
     host::LockableStatus ReadLockableStatus(const host::Guid& lockableSet) override;
+    std::vector<std::int16_t> ListHolders(const host::Guid& lockableSet) override;
+    host::ErrorCode Reserve(const host::Guid& lockableSet, host::HostDialogs dialogs) override;
+    host::ErrorCode Release(const host::Guid& lockableSet, host::HostDialogs dialogs) override;
+    host::ErrorCode ListMembers(std::vector<host::ProjectMember>& members) override;
 
 private:
     Project*& project;

@@ -4,9 +4,11 @@
 #include "host/Host.h"
 #include "workbench/dialogs/DialogManager.h"
 #include "workbench/dialogs/ItemRoles.h"
+#include "workbench/host/LibraryRoles.h"
 #include "workbench/host/PropertyRoles.h"
 #include "workbench/host/RegistrationRole.h"
 #include "workbench/host/SmallRoles.h"
+#include "workbench/host/UserInputRole.h"
 
 #include <memory>
 
@@ -24,7 +26,10 @@ public:
     host::Registration& GetRegistration() override { return registration; }
     host::Resources& GetResources() override { return resources; }
     host::Model& GetModel() override { return model; }
+    host::Attributes& GetAttributes() override { return attributes; }
     host::Databases& GetDatabases() override { return databases; }
+    host::Libraries& GetLibraries() override { return libraries; }
+    host::PlacedObjects& GetPlacedObjects() override { return placedObjects; }
     host::Properties& GetProperties() override { return properties; }
     host::Classifications& GetClassifications() override { return classifications; }
     host::Teamwork& GetTeamwork() override { return teamwork; }
@@ -32,9 +37,13 @@ public:
     host::ProgressWindow& GetProgressWindow() override { return progress; }
     host::Dialogs& GetDialogs() override { return dialogManager; }
     host::DialogItems& GetDialogItems() override { return dialogItems; }
+    host::ItemValues& GetItemValues() override { return itemValues; }
     host::ListLayout& GetListLayout() override { return listLayout; }
     host::ListRows& GetListRows() override { return listRows; }
+    host::ListCells& GetListCells() override { return listCells; }
+    host::ListSelection& GetListSelection() override { return listSelection; }
     host::Alerts& GetAlerts() override { return dialogManager; }
+    host::UserInput& GetUserInput() override { return userInput; }
 
 private:
     std::unique_ptr<Project> ownedProject;
@@ -46,7 +55,10 @@ public:
     RegistrationRole registration;
     ResourcesRole resources;
     ModelRole model;
+    AttributesRole attributes;
     DatabasesRole databases;
+    LibrariesRole libraries;
+    PlacedObjectsRole placedObjects;
     PropertiesRole properties;
     ClassificationsRole classifications;
     TeamworkRole teamwork;
@@ -55,8 +67,12 @@ public:
     OpenDialogs openDialogs;
     DialogManager dialogManager;
     DialogItemsRole dialogItems;
+    ItemValuesRole itemValues;
     ListLayoutRole listLayout;
     ListRowsRole listRows;
+    ListCellsRole listCells;
+    ListSelectionRole listSelection;
+    UserInputRole userInput;
 };
 
 } // namespace workbench

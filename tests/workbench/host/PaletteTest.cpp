@@ -114,9 +114,9 @@ TEST_F(PaletteTest, UpdateResultsReadsTheModelAnew) {
 
 TEST_F(PaletteTest, TheSelectedRowStaysSelected) {
     Toggle();
-    host.listRows.Select(Palette()->id, PaletteItems::Table, 5);
+    host.listSelection.Select(Palette()->id, PaletteItems::Table, 5);
     host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton);
-    EXPECT_EQ(host.listRows.ReadSelected(Palette()->id, PaletteItems::Table), 5);
+    EXPECT_EQ(host.listSelection.ReadFirst(Palette()->id, PaletteItems::Table), 5);
 }
 
 TEST_F(PaletteTest, AMissingServiceLifeIsToldWithTheTextsAsTheyStand) {
