@@ -6,6 +6,7 @@
 #include "host/Host.h"
 #include "host/Values.h"
 
+#include <cstdio>
 #include <exception>
 #include <new>
 #include <string>
@@ -20,6 +21,16 @@ inline void ReportFailure(host::Host* host, const char* callback, const char* re
     } catch (...) {
         return; // no memory for a line of text: there is nobody left to tell
     }
+}
+
+/// The same for what the host answered to an operation whose caller goes on. Success says nothing, and neither does a
+/// command that had nothing to change.
+inline void ReportHostError(host::Host& host, const char* what, host::ErrorCode error) noexcept {
+    if (error == host::NoError || error == host::Errors::UndoEmpty) return;
+    constexpr std::size_t Longest = 48;
+    char reason[Longest];
+    std::snprintf(reason, Longest, "ended with host error %ld", static_cast<long>(error));
+    ReportFailure(&host, what, reason);
 }
 
 /// Runs a callback's body and answers its result; after an exception answers `onOutOfMemory` or `onFailure`.

@@ -16,6 +16,10 @@ std::int16_t CDialogBase::HandleDialogMessage(host::DialogMessage message, host:
     return answer;
 }
 
+std::int16_t CDialogBase::RunModal() {
+    return dialog.IsOpen() ? std::int16_t{0} : host.GetDialogs().RunModal(resource, guid, *this);
+}
+
 bool CDialogBase::OpenAsPalette() {
     if (!dialog.IsOpen()) dialog = host.GetDialogs().OpenPalette(resource, guid, *this);
     return dialog.IsOpen();

@@ -29,6 +29,8 @@ protected:
     virtual std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
                                          const host::DialogMessageData& data) = 0;
 
+    /// Answers the item that closed the dialog; 0, and nothing happens, while it is already open.
+    std::int16_t RunModal();
     bool OpenAsPalette();
     void ClosePalette();
     host::Host& GetHost() const { return host; }

@@ -1,6 +1,7 @@
 #include "General/UInterface.h"
 
 #include "host/Resources.h"
+#include "resources/ResourceIds.h"
 
 #include <algorithm>
 
@@ -8,9 +9,8 @@ namespace General {
 
 namespace {
 
-constexpr std::int16_t UnitPopupItem = 21;
-constexpr std::int16_t ReportListItem = 3;
-constexpr std::int16_t AlertTexts = 32557;
+constexpr std::int16_t UnitPopupItem = ResourceIds::BuildingMaterialsItems::UnitTypePopup;
+constexpr std::int16_t ReportListItem = ResourceIds::MaterialReportItems::Table;
 constexpr std::int16_t EditorMargin = 2;
 
 } // namespace
@@ -55,9 +55,13 @@ void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog) {
 std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,
                        const std::array<std::int16_t, 3>& buttons) {
     host::Resources& resources = host.GetResources();
-    host::Alert alert{type, resources.ReadString(AlertTexts, title), resources.ReadString(AlertTexts, message), {}, {}};
+    host::Alert alert{type,
+                      resources.ReadString(ResourceIds::Report::List, title),
+                      resources.ReadString(ResourceIds::Report::List, message),
+                      {},
+                      {}};
     for (const std::int16_t button : buttons)
-        if (button != NoButton) alert.buttons.push_back(resources.ReadString(AlertTexts, button));
+        if (button != NoButton) alert.buttons.push_back(resources.ReadString(ResourceIds::Report::List, button));
     return host.GetAlerts().Show(alert);
 }
 

@@ -1,4 +1,4 @@
-// Role: texts of the add-on's resources, and the host's own way to write numbers and times.
+// Role: texts of the add-on's resources, and the host's own way to write numbers, times and letters.
 #pragma once
 
 #include "host/Values.h"
@@ -15,6 +15,8 @@ public:
     virtual std::string FormatNumber(double value, std::int16_t formatCode) = 0;
     /// The current local time as the host's time formatter writes it under its flags.
     virtual std::string FormatCurrentTime(std::uint32_t flags) = 0;
+    /// Lower case of every letter that has one, in any script.
+    virtual std::string ToLowerCase(const std::string& text) = 0;
 };
 
 } // namespace host

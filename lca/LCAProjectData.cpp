@@ -1,5 +1,7 @@
 #include "lca/LCAProjectData.h"
 
+#include <algorithm>
+
 namespace lca {
 
 LCAProjectData::LCAProjectData() {
@@ -54,6 +56,18 @@ double LCAProjectData::GetFloorValue(FloorQuantity quantity, FloorSource source)
         return GetFloorValue(FloorQuantity::GrossFloorArea);
     const auto& map = source == FloorSource::EnergyEvaluation ? evaluatedFloorValues : enteredFloorValues;
     return ValueOr(map, quantity, GetPlainValue(quantity));
+}
+
+bool LCAProjectData::IsPhaseUsed(const std::string& code) const {
+    return std::find(usedPhases.begin(), usedPhases.end(), code) != usedPhases.end();
+}
+
+void LCAProjectData::SetPhaseUsed(const std::string& code, bool isUsed) {
+    if (isUsed == IsPhaseUsed(code)) return;
+    if (isUsed)
+        usedPhases.push_back(code);
+    else
+        usedPhases.erase(std::remove(usedPhases.begin(), usedPhases.end(), code), usedPhases.end());
 }
 
 bool operator==(const LCAProjectData& a, const LCAProjectData& b) {

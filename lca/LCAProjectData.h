@@ -43,6 +43,10 @@ public:
         plainValues[static_cast<std::size_t>(quantity)] = value;
     }
 
+    bool IsPhaseUsed(const std::string& code) const;
+    /// A phase that comes into use goes to the end of the list.
+    void SetPhaseUsed(const std::string& code, bool isUsed);
+
     std::uint32_t consideredServiceLifeYears = 50; ///< reference study period
     GWPUnitType standardsUnit = GWPUnitType::PerAreaAndYear;
     std::vector<Standard> standards;

@@ -44,6 +44,34 @@ std::string EncodeMaterialGWP(const MaterialGWP& values) {
     return text;
 }
 
+double GetPhaseGWP(const MaterialGWP& values, std::string_view phase, std::string_view firstUsedPhase) {
+    if (values.plain) return phase == firstUsedPhase ? *values.plain : 0.0;
+    for (const auto& [name, value] : values.byPhase)
+        if (name == phase) return value;
+    return 0.0;
+}
+
+std::string SetPhaseGWP(std::string_view text, std::string_view phase, std::string_view firstUsedPhase, double value) {
+    std::string former(text);
+    if (DecodeMaterialGWP(text).plain) former.insert(0, std::string(firstUsedPhase) + "=");
+    const std::string entry = std::string(phase) + "=" + WriteDecimal(value);
+    std::string result;
+    bool isSet = false;
+    const auto append = [&](std::string_view part) {
+        if (!result.empty()) result += ';';
+        result += part;
+    };
+    for (const std::string_view part : SplitEntries(former)) {
+        const auto parts = SplitEntry(part);
+        const bool isOfPhase = parts && parts->first == phase;
+        if (!isOfPhase) append(part);
+        if (isOfPhase && !isSet) append(entry);
+        isSet = isSet || isOfPhase;
+    }
+    if (!isSet) append(entry);
+    return result;
+}
+
 double SumMaterialGWP(const MaterialGWP& values, const std::vector<std::string>& usedPhases) {
     if (values.plain) return *values.plain;
     double sum = 0.0;

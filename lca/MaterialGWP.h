@@ -22,4 +22,12 @@ std::string EncodeMaterialGWP(const MaterialGWP& values);
 /// GWP per unit: the plain number, or the sum over the used phases; 0 where nothing is given.
 double SumMaterialGWP(const MaterialGWP& values, const std::vector<std::string>& usedPhases);
 
+/// The value of one phase: its entry, or the plain number where the phase is the first of the used ones, else 0.
+/// firstUsedPhase is the used phase that sorts first.
+double GetPhaseGWP(const MaterialGWP& values, std::string_view phase, std::string_view firstUsedPhase);
+
+/// The text with the phase's value set. A plain number becomes the entry of the first used phase; every other part of
+/// the text, readable or not, stays.
+std::string SetPhaseGWP(std::string_view text, std::string_view phase, std::string_view firstUsedPhase, double value);
+
 } // namespace lca

@@ -47,4 +47,13 @@ std::string WriteDecimal(double value) {
     return std::string(buffer, result.ptr);
 }
 
+std::string WriteFixed(double value, int decimals) {
+    char buffer[400];
+    const std::to_chars_result result =
+        std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+    std::string text(buffer, result.ptr);
+    const bool isZero = text.find_first_not_of("-0.") == std::string::npos;
+    return isZero && text.front() == '-' ? text.substr(1) : text;
+}
+
 } // namespace lca

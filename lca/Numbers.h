@@ -18,4 +18,7 @@ std::optional<std::int32_t> ParseWholeNumber(std::string_view text);
 /// Shortest plain form (no exponent) that ParseDecimal reads back to the same value. value must be finite.
 std::string WriteDecimal(double value);
 
+/// With so many decimals, rounded; a value that rounds to zero has no sign.
+std::string WriteFixed(double value, int decimals);
+
 } // namespace lca

@@ -75,13 +75,24 @@ char32_t NextCharacter(const std::string& text, std::size_t& at) {
     return value;
 }
 
-void AppendWide(std::wstring& text, char32_t value) {
-    if (wideIsUtf16 && value >= 0x10000) {
-        text.push_back(static_cast<wchar_t>(0xD800 + ((value - 0x10000) >> 10)));
-        text.push_back(static_cast<wchar_t>(0xDC00 + ((value - 0x10000) & 0x3FF)));
+template <typename Unit>
+void AppendUnits(std::basic_string<Unit>& text, char32_t value) {
+    if (sizeof(Unit) == 2 && value >= 0x10000) {
+        text.push_back(static_cast<Unit>(0xD800 + ((value - 0x10000) >> 10)));
+        text.push_back(static_cast<Unit>(0xDC00 + ((value - 0x10000) & 0x3FF)));
     } else {
-        text.push_back(static_cast<wchar_t>(value));
+        text.push_back(static_cast<Unit>(value));
     }
+}
+
+template <typename Unit>
+std::basic_string<Unit> UnitsFromUtf8(const std::string& text) {
+    std::basic_string<Unit> result;
+    result.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        AppendUnits(result, NextCharacter(text, at));
+    }
+    return result;
 }
 
 } // namespace
@@ -96,12 +107,11 @@ std::string Utf8FromWide(const std::wstring& text) {
 }
 
 std::wstring WideFromUtf8(const std::string& text) {
-    std::wstring result;
-    result.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        AppendWide(result, NextCharacter(text, at));
-    }
-    return result;
+    return UnitsFromUtf8<wchar_t>(text);
+}
+
+std::u16string Utf16FromUtf8(const std::string& text) {
+    return UnitsFromUtf8<char16_t>(text);
 }
 
 } // namespace platform

@@ -16,5 +16,6 @@ namespace platform {
 [[nodiscard]] std::string Utf8FromWide(const std::wstring& text);
 /// Bytes that are no UTF-8 become U+FFFD, one for each byte.
 [[nodiscard]] std::wstring WideFromUtf8(const std::string& text);
+[[nodiscard]] std::u16string Utf16FromUtf8(const std::string& text);
 
 } // namespace platform

@@ -24,4 +24,5 @@ public:
     MaterialCO2ReportDialog materialReportDialog;
     lca::LCAProjectData projectData;    ///< the current project's settings
     lca::MaterialSumTable materialSums; ///< by layer and building material, filled by the GWP calculation
+    std::string lastCalculationText;    ///< when that was; empty until the first one
 };

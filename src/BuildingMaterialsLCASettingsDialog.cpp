@@ -1,11 +1,318 @@
 #include "src/BuildingMaterialsLCASettingsDialog.h"
 
+#include "src/MaterialSwatch.h"
 #include "src/Texts.h"
 
-BuildingMaterialsLCASettingsDialog::BuildingMaterialsLCASettingsDialog(host::Host& host)
-    : CDialogBase(host, ResourceIds::BuildingMaterialsDialog, "{E5880DFD-3C2D-46B4-B5BD-2BE2EF126327}") {}
+#include "General/UInterface.h"
+#include "host/Commands.h"
 
-std::int16_t BuildingMaterialsLCASettingsDialog::HandleItemEvent(host::DialogMessage, std::int16_t,
-                                                                 const host::DialogMessageData&) {
+#include <algorithm>
+
+namespace {
+
+using namespace ResourceIds;
+using namespace ResourceIds::BuildingMaterialsItems;
+
+constexpr std::int16_t SwatchColumn = 1, NameColumn = 2, IdColumn = 3;
+constexpr std::int16_t PhaseColumn = 1, ValueColumn = 2;
+constexpr std::int16_t MinimumHeaderWidth = 20;
+constexpr char NoValue[] = "-";
+
+struct ItemAnchor {
+    std::int16_t item;
+    General::AnchorFactors factors;
+};
+
+constexpr General::AnchorFactors Corner{1, 1, 0, 0}, Bottom{0, 1, 0, 0}, Right{1, 0, 0, 0};
+
+constexpr ItemAnchor Anchors[] = {
+    {OkButton, Corner},          {CancelButton, Corner},          {TeamworkButton, Corner},
+    {TeamworkSeparator, Corner}, {TeamworkIcon, Bottom},          {TeamworkStatusText, Bottom},
+    {TeamworkLabel, Bottom},     {BottomSeparator, {0, 1, 1, 0}}, {MiddleSeparator, {1, 0, 0, 1}},
+    {PhaseList, {1, 0, 0, 1}},   {MaterialList, {0, 0, 1, 1}},    {FilterEdit, {0, 0, 1, 0}},
+    {ClearFilterButton, Right},  {EditableCountText, Right},      {PhasesLabel, Right},
+    {ServiceLifeLabel, Right},   {ServiceLifeEdit, Right},        {ServiceLifeUnit, Right},
+    {UnitTypeLabel, Right},      {UnitTypePopup, Right},
+};
+
+host::ListColumn Column(int begin, int end) {
+    return {static_cast<std::int16_t>(begin), static_cast<std::int16_t>(end), host::TextAlignment::Left,
+            host::Truncation::AtEnd};
+}
+
+} // namespace
+
+BuildingMaterialsLCASettingsDialog::BuildingMaterialsLCASettingsDialog(host::Host& host)
+    : CDialogBase(host, BuildingMaterialsDialog, "{E5880DFD-3C2D-46B4-B5BD-2BE2EF126327}"), anchoring(host),
+      teamwork(host, host::BuildingMaterialsSet, {TeamworkIcon, TeamworkStatusText, TeamworkButton}), records(host) {}
+
+BuildingMaterialsLCASettingsDialog::Answer BuildingMaterialsLCASettingsDialog::Run(lca::LCAProjectData& record) {
+    if (IsOpen()) return Answer::Cancelled;
+    workingCopy = record;
+    projectRecord = &record;
+    const std::int16_t closedBy = RunModal();
+    projectRecord = nullptr;
+    return closedBy == OkButton ? Answer::Accepted : Answer::Cancelled;
+}
+
+host::ErrorCode BuildingMaterialsLCASettingsDialog::ApplyResults() {
+    return GetHost().GetUndoableCommands().Call({}, [&] { return records.StoreChanged(); });
+}
+
+std::int16_t BuildingMaterialsLCASettingsDialog::HandleItemEvent(host::DialogMessage message, std::int16_t item,
+                                                                 const host::DialogMessageData& data) {
+    switch (message) {
+    case host::DialogMessage::Initialise:
+        Initialise();
+        break;
+    case host::DialogMessage::Click:
+        return HandleClick(item);
+    case host::DialogMessage::Change:
+        HandleChange(item);
+        break;
+    case host::DialogMessage::ListCellUpdate:
+        if (item == MaterialList) DrawMaterialCell(data);
+        break;
+    case host::DialogMessage::Resize:
+        Resize();
+        break;
+    case host::DialogMessage::Close:
+        anchoring.Reset();
+        break;
+    default:
+        break;
+    }
     return 0;
+}
+
+void BuildingMaterialsLCASettingsDialog::Initialise() {
+    records.Load();
+    host::ListLayout& layout = GetHost().GetListLayout();
+    layout.SetColumnCount(GetDialog(), MaterialList, IdColumn);
+    layout.SetOwnerDrawn(GetDialog(), MaterialList, SwatchColumn, true);
+    FillMaterials();
+    SetUpPhaseColumns();
+    FillPhases(Fill::Rows);
+    teamwork.ShowInTeamworkOnly(GetDialog(),
+                                {TeamworkButton, TeamworkIcon, TeamworkStatusText, TeamworkLabel, TeamworkSeparator});
+    teamwork.Refresh(GetDialog());
+    RegisterAnchors();
+    GetHost().GetDialogItems().Show(GetDialog(), PhaseValueEdit, false);
+}
+
+void BuildingMaterialsLCASettingsDialog::RegisterAnchors() {
+    anchoring.Reset();
+    for (const ItemAnchor& anchor : Anchors)
+        anchoring.Register(GetDialog(), anchor.item, anchor.factors);
+}
+
+std::int16_t BuildingMaterialsLCASettingsDialog::HandleClick(std::int16_t item) {
+    switch (item) {
+    case OkButton:
+    case CancelButton:
+        return item;
+    case ClearFilterButton:
+        GetHost().GetDialogItems().SetText(GetDialog(), FilterEdit, {});
+        RefillMaterials();
+        break;
+    case TeamworkButton:
+        teamwork.ButtonClicked(GetDialog());
+        break;
+    default:
+        break;
+    }
+    return 0;
+}
+
+void BuildingMaterialsLCASettingsDialog::HandleChange(std::int16_t item) {
+    switch (item) {
+    case FilterEdit:
+        RefillMaterials();
+        break;
+    case MaterialList:
+        TakeMaterialSelection();
+        break;
+    case PhaseList:
+        BindValueEditor();
+        break;
+    case PhaseValueEdit:
+    case ServiceLifeEdit:
+    case UnitTypePopup:
+        ApplyEdit(item);
+        break;
+    default:
+        break;
+    }
+}
+
+void BuildingMaterialsLCASettingsDialog::Resize() {
+    host::Dialogs& dialogs = GetHost().GetDialogs();
+    dialogs.BeginMoveGrow(GetDialog());
+    anchoring.Apply(GetDialog());
+    LayOutMaterialColumns();
+    dialogs.EndMoveGrow(GetDialog());
+}
+
+void BuildingMaterialsLCASettingsDialog::LayOutMaterialColumns() {
+    host::ListLayout& layout = GetHost().GetListLayout();
+    const int width = layout.ReadCellSpace(GetDialog(), MaterialList).width;
+    const host::ListColumn columns[] = {Column(5, 55), Column(56, width - 80), Column(width - 79, width)};
+    const std::string headers[] = {
+        {}, ReadText(GetHost(), BuildingMaterials::NameHeader), ReadText(GetHost(), BuildingMaterials::IdHeader)};
+    for (std::int16_t i = 0; i < IdColumn; ++i) {
+        const auto column = static_cast<std::int16_t>(i + 1);
+        const auto headerWidth = static_cast<std::int16_t>(columns[i].end - columns[i].begin);
+        layout.SetHeader(GetDialog(), MaterialList, column, {headers[i], headerWidth, MinimumHeaderWidth});
+        layout.SetColumn(GetDialog(), MaterialList, column, columns[i]);
+    }
+}
+
+void BuildingMaterialsLCASettingsDialog::SetUpPhaseColumns() {
+    host::ListLayout& layout = GetHost().GetListLayout();
+    layout.SetColumnCount(GetDialog(), PhaseList, ValueColumn);
+    const int width = layout.ReadCellSpace(GetDialog(), PhaseList).width;
+    const host::ListColumn columns[] = {Column(0, width - 260), Column(width - 261, width)};
+    const StringId headers[] = {BuildingMaterials::PhaseHeader, BuildingMaterials::ValueHeader};
+    for (std::int16_t i = 0; i < ValueColumn; ++i) {
+        const auto column = static_cast<std::int16_t>(i + 1);
+        const auto headerWidth = static_cast<std::int16_t>(columns[i].end - columns[i].begin);
+        layout.SetHeader(GetDialog(), PhaseList, column,
+                         {ReadText(GetHost(), headers[i]), headerWidth, MinimumHeaderWidth});
+        layout.SetColumn(GetDialog(), PhaseList, column, columns[i]);
+    }
+}
+
+void BuildingMaterialsLCASettingsDialog::FillMaterials() {
+    LayOutMaterialColumns();
+    host::DialogItems& items = GetHost().GetDialogItems();
+    for (const std::int16_t item : {PhaseList, ServiceLifeEdit, UnitTypePopup})
+        items.Enable(GetDialog(), item, false);
+    items.SetText(GetDialog(), EditableCountText, ReadText(GetHost(), BuildingMaterials::EditableCount));
+    host::Resources& resources = GetHost().GetResources();
+    const std::string filter = resources.ToLowerCase(items.ReadText(GetDialog(), FilterEdit));
+    host::ListRows& rows = GetHost().GetListRows();
+    rows.EnableDrawing(GetDialog(), MaterialList, false);
+    rows.DeleteAll(GetDialog(), MaterialList);
+    for (std::size_t i = 0; i < records.GetCount(); ++i) {
+        const host::BuildingMaterial& material = records.GetMaterial(i);
+        if (!filter.empty() && resources.ToLowerCase(material.name).find(filter) == std::string::npos) continue;
+        const std::int32_t row = rows.Insert(GetDialog(), MaterialList, 0);
+        rows.SetUserData(GetDialog(), MaterialList, row, static_cast<std::int32_t>(i));
+        GetHost().GetListCells().SetText(GetDialog(), MaterialList, row, NameColumn, material.name);
+        GetHost().GetListCells().SetText(GetDialog(), MaterialList, row, IdColumn, material.id);
+    }
+    rows.EnableDrawing(GetDialog(), MaterialList, true);
+}
+
+void BuildingMaterialsLCASettingsDialog::RefillMaterials() {
+    FillMaterials();
+    FillPhases(Fill::Texts);
+    BindValueEditor();
+}
+
+void BuildingMaterialsLCASettingsDialog::DrawMaterialCell(const host::DialogMessageData& cell) {
+    if (cell.column != SwatchColumn) return;
+    if (const std::optional<std::size_t> position = FindPosition(cell.row))
+        DrawMaterialSwatch(GetHost(), records.GetMaterial(*position), cell);
+}
+
+void BuildingMaterialsLCASettingsDialog::FillPhases(Fill fill) {
+    if (projectRecord == nullptr) return;
+    std::sort(projectRecord->usedPhases.begin(), projectRecord->usedPhases.end());
+    workingCopy.usedPhases = projectRecord->usedPhases;
+    host::ListRows& rows = GetHost().GetListRows();
+    host::ListCells& cells = GetHost().GetListCells();
+    const std::int32_t selectedPhase = GetHost().GetListSelection().ReadFirst(GetDialog(), PhaseList);
+    const std::optional<std::size_t> selected = FindFirstSelected();
+    rows.EnableDrawing(GetDialog(), PhaseList, false);
+    if (fill == Fill::Rows) rows.DeleteAll(GetDialog(), PhaseList);
+    std::int32_t row = 0;
+    for (const std::string& phase : workingCopy.usedPhases) {
+        ++row;
+        if (fill == Fill::Rows) rows.Insert(GetDialog(), PhaseList, 0);
+        cells.SetText(GetDialog(), PhaseList, row, PhaseColumn, phase);
+        std::string text = NoValue;
+        if (selected) {
+            const MaterialPhaseValues values = records.Get(*selected, phase, GetFirstUsedPhase());
+            text = FormatNumber(GetHost(), values.gwp);
+            ShowFirstSelected(values);
+        }
+        cells.SetText(GetDialog(), PhaseList, row, ValueColumn, text);
+    }
+    if (fill == Fill::Rows && selectedPhase > 0)
+        GetHost().GetListSelection().Select(GetDialog(), PhaseList, selectedPhase);
+    rows.EnableDrawing(GetDialog(), PhaseList, true);
+}
+
+void BuildingMaterialsLCASettingsDialog::ShowFirstSelected(const MaterialPhaseValues& values) {
+    GetHost().GetItemValues().SetInteger(GetDialog(), ServiceLifeEdit, values.serviceLifeYears);
+    General::SelectPopupByText(GetHost(), GetDialog(), values.unit);
+}
+
+void BuildingMaterialsLCASettingsDialog::TakeMaterialSelection() {
+    const std::size_t count = GetHost().GetListSelection().ListRows(GetDialog(), MaterialList).size();
+    host::DialogItems& items = GetHost().GetDialogItems();
+    items.SetText(GetDialog(), EditableCountText,
+                  ReadText(GetHost(), BuildingMaterials::EditableCount) + std::to_string(count));
+    FillPhases(Fill::Texts);
+    BindValueEditor();
+    for (const std::int16_t item : {PhaseList, ServiceLifeEdit, UnitTypePopup})
+        items.Enable(GetDialog(), item, true);
+}
+
+void BuildingMaterialsLCASettingsDialog::BindValueEditor() {
+    host::ListLayout& layout = GetHost().GetListLayout();
+    const std::optional<std::size_t> selected = FindFirstSelected();
+    const std::string* phase = FindSelectedPhase();
+    if (!selected || phase == nullptr) {
+        layout.BindEditor(GetDialog(), PhaseList, ValueColumn, 0);
+        return;
+    }
+    GetHost().GetItemValues().SetReal(GetDialog(), PhaseValueEdit,
+                                      records.Get(*selected, *phase, GetFirstUsedPhase()).gwp);
+    layout.BindEditor(GetDialog(), PhaseList, ValueColumn, PhaseValueEdit);
+    General::FitListEditors(GetHost(), GetDialog(), PhaseList);
+}
+
+void BuildingMaterialsLCASettingsDialog::ApplyEdit(std::int16_t item) {
+    host::ItemValues& values = GetHost().GetItemValues();
+    const std::string* phase = FindSelectedPhase();
+    MaterialPhaseChange change;
+    if (item == PhaseValueEdit) {
+        if (phase == nullptr) return;
+        change.gwp = values.ReadReal(GetDialog(), PhaseValueEdit);
+    } else if (item == ServiceLifeEdit) {
+        change.serviceLifeYears = values.ReadInteger(GetDialog(), ServiceLifeEdit);
+    } else {
+        const std::vector<std::string> units = values.ListPopUpTexts(GetDialog(), UnitTypePopup);
+        const std::int16_t entry = values.ReadPopUpEntry(GetDialog(), UnitTypePopup);
+        if (entry < 1 || static_cast<std::size_t>(entry) > units.size()) return;
+        change.unit = units[static_cast<std::size_t>(entry - 1)];
+    }
+    const std::string phaseName = phase == nullptr ? std::string() : *phase;
+    for (const std::int32_t row : GetHost().GetListSelection().ListRows(GetDialog(), MaterialList))
+        if (const std::optional<std::size_t> position = FindPosition(row))
+            records.Set(*position, phaseName, GetFirstUsedPhase(), change);
+    FillPhases(Fill::Texts);
+}
+
+std::optional<std::size_t> BuildingMaterialsLCASettingsDialog::FindPosition(std::int32_t row) const {
+    const std::optional<std::int32_t> data = GetHost().GetListRows().ReadUserData(GetDialog(), MaterialList, row);
+    if (!data || *data < 0 || static_cast<std::size_t>(*data) >= records.GetCount()) return std::nullopt;
+    return static_cast<std::size_t>(*data);
+}
+
+std::optional<std::size_t> BuildingMaterialsLCASettingsDialog::FindFirstSelected() const {
+    return FindPosition(GetHost().GetListSelection().ReadFirst(GetDialog(), MaterialList));
+}
+
+const std::string* BuildingMaterialsLCASettingsDialog::FindSelectedPhase() const {
+    const std::int32_t row = GetHost().GetListSelection().ReadFirst(GetDialog(), PhaseList);
+    if (row < 1 || static_cast<std::size_t>(row) > workingCopy.usedPhases.size()) return nullptr;
+    return &workingCopy.usedPhases[static_cast<std::size_t>(row - 1)];
+}
+
+const std::string& BuildingMaterialsLCASettingsDialog::GetFirstUsedPhase() const {
+    static const std::string none;
+    return workingCopy.usedPhases.empty() ? none : workingCopy.usedPhases.front();
 }

@@ -1,16 +1,61 @@
-// Modal dialog of the building materials' life-cycle data. Works on its own copy of the project record.
+// Modal dialog of the building materials' life-cycle data: materials on the left, the values of the selected ones by
+// life-cycle phase on the right. An edit goes into all selected materials; the model is written only after acceptance.
 #pragma once
 
+#include "src/MaterialRecords.h"
+
 #include "General/DialogBase.h"
+#include "General/ResizeAnchoring.h"
+#include "General/TeamworkControl.h"
 #include "lca/LCAProjectData.h"
 
 class BuildingMaterialsLCASettingsDialog : public General::CDialogBase {
 public:
     explicit BuildingMaterialsLCASettingsDialog(host::Host& host);
 
-    lca::LCAProjectData workingCopy;
+    enum class Answer { Cancelled, Accepted };
+    /// Shows the dialog for the phases that the record uses, whose list it sorts.
+    Answer Run(lca::LCAProjectData& record);
+    /// Stores what an accepted run changed, as one undoable command without a name.
+    host::ErrorCode ApplyResults();
+    /// Shows the present reservation; while the dialog is open.
+    void RefreshTeamwork() { teamwork.Refresh(GetDialog()); }
 
 protected:
     std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
                                  const host::DialogMessageData& data) override;
+
+private:
+    /// Whether a fill replaces the rows or only rewrites their texts.
+    enum class Fill { Rows, Texts };
+
+    void Initialise();
+    void RegisterAnchors();
+    std::int16_t HandleClick(std::int16_t item);
+    void HandleChange(std::int16_t item);
+    void Resize();
+
+    void LayOutMaterialColumns();
+    void SetUpPhaseColumns();
+    void FillMaterials();
+    void RefillMaterials();
+    void DrawMaterialCell(const host::DialogMessageData& cell);
+    void FillPhases(Fill fill);
+    void ShowFirstSelected(const MaterialPhaseValues& values);
+    void TakeMaterialSelection();
+    void BindValueEditor();
+    void ApplyEdit(std::int16_t item);
+
+    /// Of a row of the material list; none where the row stands for no material.
+    std::optional<std::size_t> FindPosition(std::int32_t row) const;
+    std::optional<std::size_t> FindFirstSelected() const;
+    /// The phase of the selected row of the phase list; null while none is selected.
+    const std::string* FindSelectedPhase() const;
+    const std::string& GetFirstUsedPhase() const;
+
+    General::ResizeAnchoring anchoring;
+    General::TeamworkControl teamwork;
+    MaterialRecords records;
+    lca::LCAProjectData workingCopy;
+    lca::LCAProjectData* projectRecord = nullptr; ///< of the running dialog
 };

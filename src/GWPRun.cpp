@@ -1,7 +1,8 @@
 #include "src/GWPRun.h"
 
+#include "src/DatabaseScope.h"
 #include "src/LCAProjectDataStore.h"
-#include "src/LCAProperties.h"
+#include "src/MaterialProperties.h"
 
 #include "host/Commands.h"
 #include "host/Model.h"
@@ -14,26 +15,6 @@
 namespace {
 
 constexpr std::size_t ProgressSteps = 20;
-
-/// Makes the floor plan current and the former database again at the end, on all paths.
-class FloorPlanScope {
-public:
-    explicit FloorPlanScope(host::Databases& databases) : databases(databases) {
-        if (databases.ReadCurrentDatabase(former) != host::NoError || former.type == host::DatabaseType::FloorPlan)
-            return;
-        hasChanged = databases.ChangeCurrentDatabase({host::DatabaseType::FloorPlan, {}, {}}) == host::NoError;
-    }
-    ~FloorPlanScope() {
-        if (hasChanged) databases.ChangeCurrentDatabase(former);
-    }
-    FloorPlanScope(const FloorPlanScope&) = delete;
-    FloorPlanScope& operator=(const FloorPlanScope&) = delete;
-
-private:
-    host::Databases& databases;
-    host::Database former;
-    bool hasChanged = false;
-};
 
 /// About twenty updates, whatever the number of elements.
 class Progress {
@@ -60,9 +41,8 @@ private:
 class MaterialCache {
 public:
     MaterialCache(host::Host& host, const LCADefinitions& definitions, const std::vector<std::string>& usedPhases)
-        : host(host), definitions(definitions), usedPhases(usedPhases) {
-        for (std::size_t i = 0; i < lca::FirstElementKey; ++i)
-            guids.push_back(definitions[i] ? definitions[i]->guid : host::Guid());
+        : host(host), properties(host), usedPhases(usedPhases) {
+        properties.Load(definitions);
     }
 
     const lca::MaterialValues& Get(host::AttributeIndex material) {
@@ -77,20 +57,16 @@ private:
         host::BuildingMaterial attribute;
         if (host.GetAttributes().ReadBuildingMaterial(index, attribute) == host::NoError)
             material.densityKgM3 = attribute.densityKgM3;
-        std::vector<host::PropertyValue> read;
-        if (host.GetProperties().ReadMaterialValues(index, guids, read) != host::NoError || read.size() != guids.size())
-            return material;
-        const auto has = [&](std::size_t i) { return read[i].status == host::PropertyStatus::HasValue; };
-        if (has(0)) material.gwpPerUnit = lca::SumMaterialGWP(lca::DecodeMaterialGWP(read[0].value.text), usedPhases);
-        if (has(1)) material.unit = lca::ReadMaterialUnit(GetOptionText(*definitions[1], read[1].value.guid));
-        if (has(2)) material.serviceLifeYears = read[2].value.integer;
+        const MaterialProperties::Values read = properties.Read(index);
+        material.gwpPerUnit = lca::SumMaterialGWP(lca::DecodeMaterialGWP(properties.GetGWPText(read)), usedPhases);
+        material.unit = lca::ReadMaterialUnit(properties.GetUnitText(read));
+        material.serviceLifeYears = properties.GetServiceLife(read);
         return material;
     }
 
     host::Host& host;
-    const LCADefinitions& definitions;
+    MaterialProperties properties;
     const std::vector<std::string>& usedPhases;
-    std::vector<host::Guid> guids;
     std::unordered_map<host::AttributeIndex, lca::MaterialValues> values;
 };
 
@@ -163,7 +139,8 @@ host::ErrorCode RunGWPCalculation(host::Host& host, lca::LCAProjectData& record,
     if (const host::ErrorCode error = LoadProjectData(host, record)) return error;
     LCADefinitions definitions;
     if (const host::ErrorCode error = FindDefinitions(host, definitions)) return error;
-    const FloorPlanScope floorPlan(host.GetDatabases());
+    DatabaseScope database(host.GetDatabases());
+    database.Change({host::DatabaseType::FloorPlan, {}, {}});
     std::vector<host::Guid> elements;
     if (const host::ErrorCode error =
             host.GetModel().ListElements(host::ElementType::All, host::ElementsIn3DFromFloorPlan, elements))

@@ -3,6 +3,7 @@
 #include "src/AddOnContext.h"
 #include "src/LCAProjectDataStore.h"
 #include "src/LCASchema.h"
+#include "src/WindowCommands.h"
 
 #include "General/CallbackGuard.h"
 #include "src/Texts.h"
@@ -55,7 +56,23 @@ void SetHost(host::Host* host) {
 host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
     return Dispatch("menu command", [&](AddOnContext& context) {
         if (command.itemIndex != 1) return;
-        if (command.menuStringList == ResourceIds::Menus::Palette) TogglePalette(context);
+        switch (command.menuStringList) {
+        case ResourceIds::Menus::Palette:
+            TogglePalette(context);
+            break;
+        case ResourceIds::Menus::BuildingMaterials:
+            RunBuildingMaterialsSettings(*currentHost, context);
+            break;
+        case ResourceIds::Menus::ProjectSettings:
+            RunProjectSettings(*currentHost, context);
+            break;
+        case ResourceIds::Menus::MaterialReport:
+            context.mainPalette.CollectElementGWP();
+            RunMaterialReport(context);
+            break;
+        default:
+            break;
+        }
     });
 }
 
@@ -67,6 +84,9 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
         case host::ProjectEvent::Open:
             TakeProject(context, event);
             break;
+        case host::ProjectEvent::WindowChanged:
+            if (context.mainPalette.IsOpen()) context.mainPalette.OnActiveWindowChanged();
+            break;
         default:
             break;
         }
@@ -74,6 +94,14 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
 }
 
 host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
+    Dispatch("reservation change", [](AddOnContext& context) {
+        if (context.mainPalette.IsOpen()) {
+            context.mainPalette.RefreshEditors();
+            context.mainPalette.UpdateSettingsButtonIcon();
+        }
+        if (context.buildingMaterialsDialog.IsOpen()) context.buildingMaterialsDialog.RefreshTeamwork();
+        if (context.settingsDialog.IsOpen()) context.settingsDialog.RefreshTeamwork();
+    });
     return host::NoError;
 }
 

@@ -2,11 +2,15 @@
 
 #include "src/AddOnContext.h"
 #include "src/GWPRun.h"
+#include "src/LCAProjectDataStore.h"
 #include "src/TeamworkRights.h"
+#include "src/WindowCommands.h"
 
 #include "General/CallbackGuard.h"
+#include "General/UInterface.h"
 #include "host/Model.h"
 #include "host/Registration.h"
+#include "host/UserInput.h"
 
 #include "src/Texts.h"
 
@@ -45,7 +49,8 @@ std::int16_t GetSettingsIcon(host::LockableStatus status) {
 } // namespace
 
 MainPalette::MainPalette(host::Host& host)
-    : CDialogBase(host, PaletteDialog, "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}"), anchoring(host), table(host) {}
+    : CDialogBase(host, PaletteDialog, "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}"), anchoring(host), table(host),
+      editors(host) {}
 
 void MainPalette::Open() {
     OpenAsPalette();
@@ -62,7 +67,18 @@ std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int1
         Initialise();
         break;
     case host::DialogMessage::Click:
-        if (item == PaletteItems::UpdateButton) UpdateResults();
+        Click(item, data);
+        break;
+    case host::DialogMessage::DoubleClick:
+        if (item == PaletteItems::Table && data.column == PaletteColourColumn) PickCategoryColour(data.row);
+        break;
+    case host::DialogMessage::Change:
+        if (item == PaletteItems::Table) {
+            RefreshEditors();
+            GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
+        } else {
+            TakeEdit(item);
+        }
         break;
     case host::DialogMessage::ListCellUpdate:
         if (item == PaletteItems::Table) {
@@ -103,7 +119,7 @@ void MainPalette::Initialise() {
     table.SetUp(GetDialog());
     RebuildTable(Rebuild::AllRows);
     table.EnableSwatches();
-    EnablePlacing();
+    OnActiveWindowChanged();
 }
 
 void MainPalette::RegisterAnchors() {
@@ -119,28 +135,98 @@ void MainPalette::Resize() {
     anchoring.Apply(GetDialog());
     dialogs.EndMoveGrow(GetDialog());
     table.LayOutColumns();
+    General::FitListEditors(GetHost(), GetDialog(), PaletteItems::Table);
+    for (const std::int16_t chart : {PaletteItems::PieChart, PaletteItems::BarChart})
+        GetHost().GetDialogItems().Redraw(GetDialog(), chart);
+}
+
+void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) {
+    switch (item) {
+    case PaletteItems::Table:
+        if (data.column == PaletteModeColumn) TogglePercentageMode(data.row);
+        break;
+    case PaletteItems::SettingsButton:
+        RunProjectSettings(GetHost(), *owner);
+        break;
+    case PaletteItems::UpdateButton:
+        UpdateResults();
+        break;
+    case PaletteItems::MaterialReportButton:
+        RunMaterialReport(*owner);
+        break;
+    default:
+        break;
+    }
+}
+
+void MainPalette::TogglePercentageMode(std::int32_t row) {
+    const std::optional<lca::ElementCategory> category = PaletteTable::FindCategory(row);
+    if (!category || *category < lca::ElementCategory::Inventory || !CanChangeProperties(GetHost())) return;
+    bool& isPercentage = owner->projectData.contributionEnabled[*category];
+    isPercentage = !isPercentage;
+    SaveRecord();
+    RebuildTable(Rebuild::TextsOnly);
+    RefreshEditors();
+    GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
+}
+
+void MainPalette::PickCategoryColour(std::int32_t row) {
+    const std::optional<lca::ElementCategory> category = PaletteTable::FindCategory(row);
+    if (!category || !CanChangeProperties(GetHost())) return;
+    constexpr unsigned ToPicker = 8; ///< bits by which the picker's channels are wider
+    std::uint32_t& colour = owner->projectData.elementColours[*category];
+    const auto widen = [&](unsigned shift) {
+        return static_cast<std::uint16_t>(((colour >> shift) & 0xFFU) << ToPicker);
+    };
+    const std::optional<host::PickerColour> picked =
+        GetHost().GetUserInput().PickColour({widen(16), widen(8), widen(0)});
+    if (!picked) return;
+    const auto narrow = [](std::uint16_t channel) { return static_cast<std::uint32_t>(channel) >> ToPicker; };
+    colour = 0xFF000000U | (narrow(picked->red) << 16U) | (narrow(picked->green) << 8U) | narrow(picked->blue);
+    SaveRecord();
+    GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
+    RebuildTable(Rebuild::AllRows);
+}
+
+void MainPalette::TakeEdit(std::int16_t editor) {
+    if (!editors.TakeEdit(editor, owner->projectData)) return;
+    SaveRecord();
+    RebuildTable(Rebuild::TextsOnly);
+    editors.EnableForSelection(owner->projectData);
+    editors.ShowCounterpart(editor, results);
+}
+
+void MainPalette::RefreshEditors() {
+    editors.Refresh(GetDialog(), owner->projectData);
+}
+
+void MainPalette::SaveRecord() {
+    General::ReportHostError(GetHost(), "storing the project settings",
+                             StoreProjectData(GetHost(), owner->projectData));
 }
 
 void MainPalette::CollectElementGWP() {
-    const host::ErrorCode error = RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums);
-    if (error != host::NoError)
-        General::ReportFailure(&GetHost(), "GWP calculation",
-                               ("ended early with host error " + std::to_string(error)).c_str());
+    General::ReportHostError(GetHost(), "GWP calculation",
+                             RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums));
+    owner->lastCalculationText = GetHost().GetResources().FormatCurrentTime(TimeFormatFlags);
 }
 
 void MainPalette::UpdateResults() {
     CollectElementGWP();
     RebuildTable(Rebuild::AllRows);
+    const std::vector<MaterialReportRow> report = BuildMaterialReport(GetHost(), owner->materialSums);
+    UpdateReportObjects(GetHost(), MaterialReportObject, [&](ObjectParameters& parameters) {
+        FillMaterialReport(GetHost(), report, owner->lastCalculationText, parameters);
+    });
 }
 
 void MainPalette::RebuildTable(Rebuild mode) {
-    host::Resources& resources = GetHost().GetResources();
-    lastUpdateText = resources.FormatCurrentTime(TimeFormatFlags);
+    lastUpdateText = GetHost().GetResources().FormatCurrentTime(TimeFormatFlags);
     GetHost().GetDialogItems().SetText(GetDialog(), PaletteItems::LastUpdateTime, lastUpdateText);
     results = lca::ComputeResults(owner->projectData, baseSums);
     WarnOfServiceLives();
-    tableText = lca::BuildTableText(results, table.GetLabels(),
-                                    [&](double value) { return resources.FormatNumber(value, TableNumberFormat); });
+    tableText =
+        lca::BuildTableText(results, table.GetLabels(), [&](double value) { return FormatNumber(GetHost(), value); });
     typeColors = lca::BuildTypeColours(owner->projectData);
     table.Show(tableText, owner->projectData, mode == Rebuild::AllRows);
     for (const std::int16_t item : {PaletteItems::Table, PaletteItems::PieChart, PaletteItems::BarChart})
@@ -161,7 +247,7 @@ void MainPalette::RebuildBarEntries() {
                             lca::GetTotalInUnit(results, owner->projectData.standardsUnit));
 }
 
-void MainPalette::EnablePlacing() {
+void MainPalette::OnActiveWindowChanged() {
     host::Database window;
     GetHost().GetDatabases().ReadFrontWindow(window);
     GetHost().GetDialogItems().Enable(GetDialog(), PaletteItems::PlaceButton,
@@ -175,11 +261,7 @@ void MainPalette::SetMenuText(StringId text) {
 void MainPalette::WarnOfServiceLives() {
     for (const lca::CategoryResult& row : results.categories) {
         if (!row.lacksServiceLife) continue;
-        host::Alert alert;
-        alert.type = host::AlertType::Warning;
-        alert.title = ReadText(GetHost(), Palette::GwpPerAreaPerYearHeader);
-        alert.largeText = ReadText(GetHost(), Palette::ServiceLifeTooShort);
-        alert.buttons = {ReadText(GetHost(), Palette::ColorHeader)};
-        GetHost().GetAlerts().Show(alert);
+        ShowTextAlert(GetHost(), host::AlertType::Warning, Palette::GwpPerAreaPerYearHeader,
+                      Palette::ServiceLifeTooShort, {}, Palette::ColorHeader);
     }
 }

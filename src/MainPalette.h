@@ -2,6 +2,7 @@
 // the table is lca/ResultTable's, the list itself PaletteTable's.
 #pragma once
 
+#include "src/PaletteEditors.h"
 #include "src/PaletteTable.h"
 
 #include "General/DialogBase.h"
@@ -27,14 +28,21 @@ public:
     void Open();
     void Close();
 
-    /// The full recalculation.
+    /// The full recalculation, which also rewrites the placed report objects.
     void UpdateResults();
+    /// The part of it that sums the elements; the record is loaded and the material sums are filled, whether the
+    /// palette is open or not.
+    void CollectElementGWP();
 
     /// Which rows of the list a rebuild replaces.
     enum class Rebuild { AllRows, TextsOnly };
     /// Recomputes table and totals from the present inputs and base sums, and renews the time stamp.
     void RebuildTable(Rebuild mode);
 
+    /// Moves and fills the in-place editors for the selected row.
+    void RefreshEditors();
+    /// Placing is not possible while the front window shows the 3D model.
+    void OnActiveWindowChanged();
     /// In a Teamwork project, shows on "Settings..." who holds the classifications and properties.
     void UpdateSettingsButtonIcon();
 
@@ -51,15 +59,19 @@ private:
     void Initialise();
     void RegisterAnchors();
     void Resize();
-    void CollectElementGWP();
+    void Click(std::int16_t item, const host::DialogMessageData& data);
+    void TogglePercentageMode(std::int32_t row);
+    void PickCategoryColour(std::int32_t row);
+    void TakeEdit(std::int16_t editor);
+    void SaveRecord();
     void RebuildBarEntries();
-    void EnablePlacing();
     void SetMenuText(ResourceIds::StringId text);
     void WarnOfServiceLives();
 
     AddOnContext* owner = nullptr;
     General::ResizeAnchoring anchoring;
     PaletteTable table;
+    PaletteEditors editors;
     lca::BaseSums baseSums;
     lca::Results results;
     std::string lastUpdateText; ///< shown after "Last update from Archicad:"; empty until the first rebuild

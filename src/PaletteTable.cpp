@@ -9,7 +9,6 @@ namespace {
 using namespace ResourceIds;
 
 constexpr std::int16_t ColumnCount = 8;
-constexpr std::int16_t ModeColumn = 4;
 constexpr std::int32_t UnitRow = 1;
 constexpr std::int32_t FirstCategoryRow = 2;
 constexpr std::int32_t TotalRow = 9;
@@ -85,7 +84,7 @@ void PaletteTable::LayOutColumns() {
 }
 
 void PaletteTable::EnableSwatches() {
-    host.GetListLayout().SetOwnerDrawn(palette, PaletteItems::Table, 1, true);
+    host.GetListLayout().SetOwnerDrawn(palette, PaletteItems::Table, PaletteColourColumn, true);
 }
 
 lca::TableLabels PaletteTable::GetLabels() const {
@@ -118,10 +117,16 @@ void PaletteTable::Show(const std::vector<std::string>& tableText, const lca::LC
     rows.EnableDrawing(palette, PaletteItems::Table, true);
 }
 
+std::optional<lca::ElementCategory> PaletteTable::FindCategory(std::int32_t row) {
+    if (row < FirstCategoryRow || row >= TotalRow) return std::nullopt;
+    return static_cast<lca::ElementCategory>(row - FirstCategoryRow);
+}
+
 void PaletteTable::DrawSwatch(const host::DialogMessageData& cell, const std::vector<double>& typeColors) const {
-    const std::int32_t category = cell.row - FirstCategoryRow;
-    const auto first = static_cast<std::size_t>(category) * 3;
-    if (cell.context == nullptr || cell.column != 1 || category < 0 || first + 2 >= typeColors.size()) return;
+    const std::optional<lca::ElementCategory> category = FindCategory(cell.row);
+    if (cell.context == nullptr || cell.column != PaletteColourColumn || !category) return;
+    const auto first = static_cast<std::size_t>(*category) * 3;
+    if (first + 2 >= typeColors.size()) return;
     const auto channel = [&](std::size_t i) { return static_cast<std::uint8_t>(typeColors[first + i]); };
     constexpr int Margin = 2;
     cell.context->FillRectangle(cell.area.left + Margin, cell.area.top + Margin,
@@ -140,11 +145,11 @@ void PaletteTable::InsertRows() {
 
 void PaletteTable::ShowPercentageMode(lca::ElementCategory category, const lca::LCAProjectData& record) {
     const bool isPercentage = lca::ValueOr(record.contributionEnabled, category, false);
-    host.GetListCells().SetIcon(palette, PaletteItems::Table, RowOf(category), ModeColumn,
+    host.GetListCells().SetIcon(palette, PaletteItems::Table, RowOf(category), PaletteModeColumn,
                                 isPercentage ? host::StandardIcon::Checked : host::StandardIcon::Unchecked);
     host.GetDialogItems().Enable(palette, PaletteItems::ServiceLifeEdit, isPercentage);
 }
 
 void PaletteTable::SetCell(std::int32_t row, std::int16_t column, const std::string& text) {
-    if (column != 1) host.GetListCells().SetText(palette, PaletteItems::Table, row, column, text);
+    if (column != PaletteColourColumn) host.GetListCells().SetText(palette, PaletteItems::Table, row, column, text);
 }

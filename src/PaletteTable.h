@@ -7,11 +7,13 @@
 #include "lca/LCAProjectData.h"
 #include "lca/ResultTable.h"
 
+#include <optional>
 #include <string>
 #include <vector>
 
-/// Format code of every number in the table.
-inline constexpr std::int16_t TableNumberFormat = 3;
+/// Columns of the list that take clicks.
+inline constexpr std::int16_t PaletteColourColumn = 1;
+inline constexpr std::int16_t PaletteModeColumn = 4;
 
 class PaletteTable {
 public:
@@ -27,6 +29,8 @@ public:
     lca::TableLabels GetLabels() const;
     /// Shows the 70 texts of the table and the percentage-mode icons; inserts all rows anew or rewrites their texts.
     void Show(const std::vector<std::string>& tableText, const lca::LCAProjectData& record, bool insertsRows);
+    /// The category that a list row shows; none for the rows of units and total.
+    static std::optional<lca::ElementCategory> FindCategory(std::int32_t row);
     /// Draws the owner-drawn cell of column 1: the colour of the row's category.
     void DrawSwatch(const host::DialogMessageData& cell, const std::vector<double>& typeColors) const;
 

@@ -1,13 +1,13 @@
 // The lockable set that guards the add-on's data in a shared project.
 #pragma once
 
+#include "General/TeamworkControl.h"
 #include "host/Host.h"
 #include "host/Teamwork.h"
 
 /// State of the set that holds the LCA schema and the project record.
 inline host::LockableStatus ReadPropertiesStatus(host::Host& host) {
-    host::Teamwork& teamwork = host.GetTeamwork();
-    return teamwork.ReadLockableStatus(teamwork.FindLockableSet(host::ClassificationsAndPropertiesSet));
+    return General::ReadSetStatus(host, host::ClassificationsAndPropertiesSet);
 }
 
 /// Always in a project that is not shared; in a shared one while this user holds the set.

@@ -34,6 +34,7 @@ public:
     std::string ReadString(std::int16_t, std::int16_t) override { return {}; }
     std::string FormatNumber(double, std::int16_t) override { return {}; }
     std::string FormatCurrentTime(std::uint32_t) override { return {}; }
+    std::string ToLowerCase(const std::string& text) override { return text; }
 };
 
 class NullModel : public host::Model {

@@ -1,5 +1,7 @@
-// Names and texts as people write them: folding for comparison, patterns, columns, UTF-8.
+// Texts as people write and read them: patterns, files, columns, numbers.
 #pragma once
+
+#include "workbench/text/Letters.h"
 
 #include <string>
 #include <string_view>
@@ -7,11 +9,6 @@
 
 namespace workbench::cli {
 
-bool IsUtf8(std::string_view text);
-/// Number of code points, which is what a terminal column holds of the names at hand.
-std::size_t CountLetters(std::string_view text);
-/// Lower case of every letter that has one; the text must be UTF-8.
-std::string FoldCase(std::string_view text);
 /// Whole-text match where "*" stands for any run of letters. Both texts folded by the caller.
 bool MatchesPattern(std::string_view text, std::string_view pattern);
 

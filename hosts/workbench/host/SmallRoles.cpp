@@ -1,6 +1,7 @@
 #include "workbench/host/SmallRoles.h"
 
 #include "resources/ResourceData.h"
+#include "workbench/text/Letters.h"
 
 #include <array>
 #include <charconv>
@@ -53,6 +54,10 @@ std::string ResourcesRole::FormatCurrentTime(std::uint32_t) {
     char buffer[32];
     const std::size_t length = std::strftime(buffer, sizeof buffer, "%Y-%m-%d %H:%M:%S", &local);
     return std::string(buffer, length);
+}
+
+std::string ResourcesRole::ToLowerCase(const std::string& text) {
+    return FoldCase(text);
 }
 
 host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t, std::vector<host::Guid>& elements) {

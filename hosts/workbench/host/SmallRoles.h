@@ -15,6 +15,7 @@ public:
     /// Code 3: two decimals, a point, no grouping; every other code the same.
     std::string FormatNumber(double value, std::int16_t formatCode) override;
     std::string FormatCurrentTime(std::uint32_t flags) override;
+    std::string ToLowerCase(const std::string& text) override;
 };
 
 class ModelRole : public host::Model {

@@ -1,0 +1,30 @@
+// Makes other databases current for a while; the former one is current again at the end, on all paths.
+#pragma once
+
+#include "host/Model.h"
+
+class DatabaseScope {
+public:
+    explicit DatabaseScope(host::Databases& databases) : databases(databases) {
+        isKnown = databases.ReadCurrentDatabase(former) == host::NoError;
+        current = former;
+    }
+    ~DatabaseScope() {
+        if (isKnown) Change(former);
+    }
+    DatabaseScope(const DatabaseScope&) = delete;
+    DatabaseScope& operator=(const DatabaseScope&) = delete;
+
+    host::ErrorCode Change(const host::Database& database) {
+        if (isKnown && database.type == current.type && database.id == current.id) return host::NoError;
+        const host::ErrorCode error = databases.ChangeCurrentDatabase(database);
+        if (error == host::NoError) current = database;
+        return error;
+    }
+
+private:
+    host::Databases& databases;
+    host::Database former;
+    host::Database current;
+    bool isKnown = false;
+};

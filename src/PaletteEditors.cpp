@@ -1,0 +1,110 @@
+#include "src/PaletteEditors.h"
+
+#include "src/PaletteTable.h"
+#include "src/TeamworkRights.h"
+
+#include "General/UInterface.h"
+#include "resources/ResourceIds.h"
+
+namespace {
+
+using namespace ResourceIds;
+using lca::ElementCategory;
+
+constexpr std::int16_t ServiceLifeColumn = 3, PercentageColumn = 5, GwpColumn = 6, GwpPerAreaPerYearColumn = 8;
+
+bool HasServiceLife(ElementCategory category) {
+    return category == ElementCategory::Doors || category == ElementCategory::Windows ||
+           category == ElementCategory::Inventory || category == ElementCategory::Installations;
+}
+
+bool HasPercentageMode(ElementCategory category) {
+    return category == ElementCategory::Inventory || category == ElementCategory::Installations ||
+           category == ElementCategory::BuildingProcess;
+}
+
+bool IsPercentage(const lca::LCAProjectData& record, ElementCategory category) {
+    return lca::ValueOr(record.contributionEnabled, category, false);
+}
+
+/// Years x m2 by which a GWP per area and year becomes a GWP.
+double GetAreaYears(const lca::LCAProjectData& record) {
+    return record.consideredServiceLifeYears * record.GetFloorValue(lca::FloorQuantity::ReferenceFloorArea);
+}
+
+} // namespace
+
+void PaletteEditors::Refresh(host::DialogId dialog, const lca::LCAProjectData& record) {
+    palette = dialog;
+    const std::optional<ElementCategory> category = FindSelected();
+    const bool isPercentage = category && IsPercentage(record, *category);
+    const bool hasMode = category && HasPercentageMode(*category);
+    if (category) {
+        host::ItemValues& values = host.GetItemValues();
+        const double fixedGWP = lca::ValueOr(record.contributionGWP, *category, 0.0);
+        const double areaYears = GetAreaYears(record);
+        values.SetInteger(palette, PaletteItems::ServiceLifeEdit, lca::ValueOr(record.elementLives, *category, 0));
+        values.SetReal(palette, PaletteItems::PercentageEdit, lca::ValueOr(record.contributionShare, *category, 0.0));
+        values.SetReal(palette, PaletteItems::FixedGwpEdit, fixedGWP);
+        values.SetReal(palette, PaletteItems::GwpPerAreaPerYearEdit, areaYears == 0.0 ? 0.0 : fixedGWP / areaYears);
+    }
+    Bind(ServiceLifeColumn, PaletteItems::ServiceLifeEdit,
+         category && HasServiceLife(*category) && (!hasMode || isPercentage));
+    Bind(PercentageColumn, PaletteItems::PercentageEdit, hasMode && isPercentage);
+    Bind(GwpColumn, PaletteItems::FixedGwpEdit, hasMode && !isPercentage);
+    Bind(GwpPerAreaPerYearColumn, PaletteItems::GwpPerAreaPerYearEdit, hasMode && !isPercentage);
+    General::FitListEditors(host, palette, PaletteItems::Table);
+    EnableForSelection(record);
+}
+
+void PaletteEditors::EnableForSelection(const lca::LCAProjectData& record) {
+    const bool isAllowed = CanChangeProperties(host);
+    const std::optional<ElementCategory> category = FindSelected();
+    const bool isPercentage = category && IsPercentage(record, *category);
+    host::DialogItems& items = host.GetDialogItems();
+    items.Enable(palette, PaletteItems::ServiceLifeEdit, isAllowed);
+    items.Enable(palette, PaletteItems::PercentageEdit, isAllowed && isPercentage);
+    items.Enable(palette, PaletteItems::FixedGwpEdit, isAllowed && !isPercentage);
+    items.Enable(palette, PaletteItems::GwpPerAreaPerYearEdit, isAllowed && !isPercentage);
+}
+
+bool PaletteEditors::TakeEdit(std::int16_t editor, lca::LCAProjectData& record) const {
+    const std::optional<ElementCategory> category = FindSelected();
+    if (!category) return false;
+    host::ItemValues& values = host.GetItemValues();
+    switch (editor) {
+    case PaletteItems::ServiceLifeEdit:
+        record.elementLives[*category] = values.ReadInteger(palette, editor);
+        return true;
+    case PaletteItems::PercentageEdit:
+        record.contributionShare[*category] = values.ReadReal(palette, editor);
+        return true;
+    case PaletteItems::FixedGwpEdit:
+        record.contributionGWP[*category] = values.ReadReal(palette, editor);
+        return true;
+    case PaletteItems::GwpPerAreaPerYearEdit:
+        record.contributionGWP[*category] = values.ReadReal(palette, editor) * GetAreaYears(record);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void PaletteEditors::ShowCounterpart(std::int16_t editor, const lca::Results& results) const {
+    const std::optional<ElementCategory> category = FindSelected();
+    if (!category) return;
+    const lca::CategoryResult& row = results.Get(*category);
+    host::ItemValues& values = host.GetItemValues();
+    if (editor == PaletteItems::FixedGwpEdit)
+        values.SetReal(palette, PaletteItems::GwpPerAreaPerYearEdit, row.gwpPerAreaPerYear.value_or(0.0));
+    else if (editor == PaletteItems::GwpPerAreaPerYearEdit)
+        values.SetReal(palette, PaletteItems::FixedGwpEdit, row.gwp);
+}
+
+std::optional<ElementCategory> PaletteEditors::FindSelected() const {
+    return PaletteTable::FindCategory(host.GetListSelection().ReadFirst(palette, PaletteItems::Table));
+}
+
+void PaletteEditors::Bind(std::int16_t column, std::int16_t editor, bool isBound) {
+    host.GetListLayout().BindEditor(palette, PaletteItems::Table, column, isBound ? editor : std::int16_t{0});
+}

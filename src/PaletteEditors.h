@@ -1,0 +1,32 @@
+// In-place editing in the palette's table: which editors stand over the selected row, what they show, and how a typed
+// value goes into the record.
+#pragma once
+
+#include "host/Dialogs.h"
+#include "host/Host.h"
+#include "lca/LCAProjectData.h"
+#include "lca/ResultTable.h"
+
+#include <optional>
+
+class PaletteEditors {
+public:
+    explicit PaletteEditors(host::Host& host) : host(host) {}
+
+    /// Places and fills the editors of the selected row.
+    void Refresh(host::DialogId palette, const lca::LCAProjectData& record);
+    /// Enables them as the selected row and the right to change settings want it; a rebuild of the table may have
+    /// changed that.
+    void EnableForSelection(const lca::LCAProjectData& record);
+    /// Puts a changed editor's value into the record; false where no row can be edited with it.
+    bool TakeEdit(std::int16_t editor, lca::LCAProjectData& record) const;
+    /// Of the two editors of a fixed GWP, shows in the other one what the edited one has come to.
+    void ShowCounterpart(std::int16_t editor, const lca::Results& results) const;
+
+private:
+    std::optional<lca::ElementCategory> FindSelected() const;
+    void Bind(std::int16_t column, std::int16_t editor, bool isBound);
+
+    host::Host& host;
+    host::DialogId palette;
+};

@@ -1,0 +1,147 @@
+#include "src/ReportObjects.h"
+
+#include "src/DatabaseScope.h"
+#include "src/Texts.h"
+
+#include "General/CallbackGuard.h"
+#include "host/Commands.h"
+#include "host/UserInput.h"
+#include "platform/Text.h"
+
+#include <algorithm>
+
+namespace {
+
+using namespace ResourceIds;
+
+constexpr char UpdateFlag[] = "addon_update";
+
+constexpr host::DatabaseType ListedDatabases[] = {
+    host::DatabaseType::Worksheet,         host::DatabaseType::Section, host::DatabaseType::Elevation,
+    host::DatabaseType::InteriorElevation, host::DatabaseType::Detail,  host::DatabaseType::Layout,
+    host::DatabaseType::MasterLayout};
+
+host::ObjectParameter* FindParameter(ObjectParameters& parameters, const std::string& name, host::ParameterKind kind,
+                                     bool isArray) {
+    for (host::ObjectParameter& parameter : parameters)
+        if (parameter.name == name && parameter.kind == kind && parameter.isArray == isArray) return &parameter;
+    return nullptr;
+}
+
+/// Sets the rows for so many values and answers how many of them fill whole rows.
+std::size_t SetRows(host::ObjectParameter& parameter, std::size_t valueCount) {
+    parameter.columns = std::max(parameter.columns, 1);
+    parameter.rows = static_cast<std::int32_t>(valueCount) / parameter.columns;
+    return static_cast<std::size_t>(parameter.rows) * static_cast<std::size_t>(parameter.columns);
+}
+
+struct NewObject {
+    host::ObjectElement element;
+    ObjectParameters parameters;
+};
+
+host::ErrorCode ReadNewObject(host::Host& host, host::LibraryPartIndex part, const std::string& favouriteName,
+                              NewObject& object) {
+    host::Favourite favourite;
+    if (!favouriteName.empty() && host.GetLibraries().ReadFavourite(favouriteName, favourite) == host::NoError) {
+        object = {favourite.element, favourite.parameters};
+        return host::NoError;
+    }
+    return host.GetLibraries().ReadDefaults(part, object.element, object.parameters);
+}
+
+bool IsKeptUpToDate(ObjectParameters& parameters) {
+    const host::ObjectParameter* flag = FindParameter(parameters, UpdateFlag, host::ParameterKind::Real, false);
+    return flag != nullptr && flag->real == 1.0;
+}
+
+/// The objects of the current database.
+host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, const ParameterFiller& fill) {
+    std::vector<host::Guid> objects;
+    if (const host::ErrorCode error = host.GetModel().ListElements(host::ElementType::Object, 0, objects)) return error;
+    for (const host::Guid& object : objects) {
+        host::ObjectElement element;
+        ObjectParameters parameters;
+        if (host.GetPlacedObjects().Read(object, element) != host::NoError || !(element.libraryPart == part)) continue;
+        if (host.GetPlacedObjects().ReadParameters(object, parameters) != host::NoError) continue;
+        if (!IsKeptUpToDate(parameters)) continue;
+        fill(parameters);
+        if (const host::ErrorCode error = host.GetPlacedObjects().WriteParameters(object, parameters)) return error;
+    }
+    return host::NoError;
+}
+
+} // namespace
+
+const ReportObjectKind MaterialReportObject = {
+    "{E87C2E41-A5DA-4D30-9833-5BA5C29D91DE}-{1C081D52-65D7-480D-A6BB-B72F3D8A7B0B}",
+    Alerts::MaterialReportObjectMissing, Palette::PlaceMaterialReportPrompt, Palette::PlaceMaterialReportCommand,
+    Palette::UpdateMaterialReportsCommand};
+
+void SetTextArray(ObjectParameters& parameters, const std::string& name, const std::vector<std::string>& texts) {
+    host::ObjectParameter* parameter = FindParameter(parameters, name, host::ParameterKind::Text, true);
+    if (parameter == nullptr) return;
+    parameter->textArray.clear();
+    const std::size_t count = SetRows(*parameter, texts.size());
+    for (std::size_t i = 0; i < count; ++i)
+        // A zero inside a text would end it early and shift all that follow.
+        parameter->textArray.append(platform::Utf16FromUtf8(texts[i].substr(0, texts[i].find('\0')))).push_back(u'\0');
+}
+
+void SetRealArray(ObjectParameters& parameters, const std::string& name, const std::vector<double>& values) {
+    host::ObjectParameter* parameter = FindParameter(parameters, name, host::ParameterKind::Real, true);
+    if (parameter == nullptr) return;
+    const std::size_t count = SetRows(*parameter, values.size());
+    parameter->realArray.assign(values.begin(), values.begin() + static_cast<std::ptrdiff_t>(count));
+}
+
+void SetText(ObjectParameters& parameters, const std::string& name, const std::string& text) {
+    host::ObjectParameter* parameter = FindParameter(parameters, name, host::ParameterKind::Text, false);
+    if (parameter != nullptr) parameter->text = platform::Utf16FromUtf8(text).substr(0, host::ParameterTextLimit);
+}
+
+void PlaceReportObject(host::Host& host, const ReportObjectKind& kind, const std::string& favourite,
+                       const ParameterFiller& fill) {
+    host::LibraryPartIndex part;
+    if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) {
+        ShowTextAlert(host, host::AlertType::Error, Alerts::ErrorTitle, kind.missingPart,
+                      ReadText(host, Alerts::SmallText), Alerts::Ok);
+        return;
+    }
+    NewObject object;
+    if (const host::ErrorCode error = ReadNewObject(host, part, favourite, object))
+        return General::ReportHostError(host, "reading the report object", error);
+    const std::optional<host::Point> point = host.GetUserInput().PickPoint(ReadText(host, kind.prompt));
+    if (!point) return;
+    const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.placeUndoName), [&] {
+        object.element.position = *point;
+        fill(object.parameters);
+        host::Guid created;
+        return host.GetPlacedObjects().Create(object.element, object.parameters, created);
+    });
+    General::ReportHostError(host, "placing the report object", error);
+}
+
+std::vector<host::Database> CollectObjectDatabases(host::Host& host) {
+    std::vector<host::Database> databases = {{host::DatabaseType::FloorPlan, {}, {}}};
+    for (const host::DatabaseType type : ListedDatabases) {
+        std::vector<host::Database> listed;
+        if (host.GetDatabases().ListDatabases(type, listed) == host::NoError)
+            databases.insert(databases.end(), listed.begin(), listed.end());
+    }
+    return databases;
+}
+
+void UpdateReportObjects(host::Host& host, const ReportObjectKind& kind, const ParameterFiller& fill) {
+    const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.updateUndoName), [&] {
+        host::LibraryPartIndex part;
+        if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) return host::NoError;
+        DatabaseScope scope(host.GetDatabases());
+        for (const host::Database& database : CollectObjectDatabases(host)) {
+            if (scope.Change(database) != host::NoError) continue;
+            if (const host::ErrorCode failure = UpdateObjects(host, part, fill)) return failure;
+        }
+        return host::NoError;
+    });
+    General::ReportHostError(host, "updating the report objects", error);
+}
