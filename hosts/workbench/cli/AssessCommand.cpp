@@ -38,11 +38,6 @@ Outcome Prepare(const AssessOptions& options, Preparation& preparation) {
     return {};
 }
 
-bool IsSameFile(const std::string& a, const std::string& b) {
-    std::error_code error;
-    return !a.empty() && !b.empty() && std::filesystem::equivalent(a, b, error);
-}
-
 std::string DescribeSource(ifc::FloorAreaSource source) {
     switch (source) {
     case ifc::FloorAreaSource::None:
@@ -63,6 +58,7 @@ struct Assessment {
     ModelInput input;
     Session session;
     PaletteContent palette;
+    MaterialReportContent materials;   ///< of the material report's dialog; only for JSON
     std::vector<std::string> findings; ///< what --strict stops at
     std::vector<std::string> notes;
 };
@@ -95,6 +91,8 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
     if (Outcome failure = ApplyAll(preparation, assessment)) return failure;
     if (Outcome failure = assessment.session.UpdateResults()) return failure;
     if (Outcome failure = assessment.session.ReadPalette(assessment.palette)) return failure;
+    if (!options.json.empty())
+        if (Outcome failure = assessment.session.ReadMaterialReport(assessment.materials)) return failure;
     if (assessment.input.building) assessment.findings = ListFindings(*assessment.input.building);
     for (std::string& missing : ListMissingValues(assessment.session.GetProject().model))
         assessment.findings.push_back(std::move(missing));
@@ -180,6 +178,7 @@ std::string WriteJson(const AssessOptions& options, Assessment& assessment, cons
     }
     json["total"] = ordered_json::object();
     AddSums(assessment.palette.total, json["total"]);
+    json["materials"] = DescribeMaterials(assessment.materials);
     json["warnings"] = warnings;
     // Names of a damaged model may hold bytes that are no UTF-8.
     return json.dump(2, ' ', false, ordered_json::error_handler_t::replace) + "\n";

@@ -21,6 +21,15 @@ struct AssessOptions {
 };
 
 Outcome RunAssess(const AssessOptions& options);
+struct MaterialReportOptions {
+    std::string model;
+    std::string place;    ///< "X,Y" in metres; empty: not placed
+    std::string favorite; ///< settings for placing; empty: the default ones
+    std::string save;     ///< path of a project file; empty: not saved
+    std::string json;     ///< path, or "-" for standard output; empty: none
+};
+
+Outcome RunMaterialReport(const MaterialReportOptions& options);
 Outcome RunInfo(const std::string& model);
 /// output empty: standard output
 Outcome RunMaterials(const std::string& model, const std::string& output);

@@ -40,6 +40,11 @@ bool IsProjectFile(const std::string& path) {
     return HasExtension(path, ".kvp");
 }
 
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return !a.empty() && !b.empty() && std::filesystem::equivalent(a, b, error);
+}
+
 Outcome OpenModel(const std::string& path, KeepChanges keep, ModelInput& input) {
     if (HasExtension(path, ".ifc")) return ImportIfc(path, input);
     if (!IsProjectFile(path)) return Failure{UsageError, path + ": a model is an .ifc or a .kvp file"};

@@ -19,6 +19,8 @@ struct ModelInput {
 };
 
 bool IsProjectFile(const std::string& path);
+/// Whether both name the same existing file.
+bool IsSameFile(const std::string& a, const std::string& b);
 
 /// Shows a progress bar on a terminal when reading takes longer than a second.
 Outcome OpenModel(const std::string& path, KeepChanges keep, ModelInput& input);

@@ -35,6 +35,39 @@ TableRow ReadRow(const RowState& state) {
     return row;
 }
 
+constexpr std::int16_t LayerColumn = 1, NameColumn = 2, GwpColumn = 3;
+
+void ReadReportRows(const ListState& list, MaterialReportContent& content) {
+    for (const std::int16_t column : {LayerColumn, NameColumn, GwpColumn})
+        content.headers.push_back(list.columns[static_cast<std::size_t>(column - 1)].header.text);
+    std::string layer;
+    for (const RowState& state : list.rows) {
+        if (state.isSeparator) continue;
+        MaterialSumRow row;
+        for (const std::int16_t column : {LayerColumn, NameColumn, GwpColumn})
+            row.cells.push_back(state.cells[static_cast<std::size_t>(column - 1)].text);
+        // Layers are set off from their materials by the style of the number.
+        if (!state.userData)
+            row.kind = MaterialSumRow::Kind::Total;
+        else if (state.cells[GwpColumn - 1].style == host::TextStyle::Plain)
+            row.kind = MaterialSumRow::Kind::Material;
+        if (row.kind == MaterialSumRow::Kind::Layer) layer = row.cells[0];
+        if (row.kind != MaterialSumRow::Kind::Total) row.layer = layer;
+        row.material = row.cells[1];
+        row.gwp = lca::ParseDecimal(row.cells[2]);
+        content.rows.push_back(std::move(row));
+    }
+}
+
+/// Entry of the pop-up that stands for the settings; 0 where there is none of this name.
+std::int16_t FindFavourite(const ItemState& popUp, const std::string& favourite) {
+    if (favourite.empty()) return 1;
+    const std::string text = std::string(Resources::String(MaterialReport::FavoritePrefix)) + favourite;
+    for (std::size_t i = 1; i < popUp.popUpTexts.size(); ++i)
+        if (popUp.popUpTexts[i] == text) return static_cast<std::int16_t>(i + 1);
+    return 0;
+}
+
 } // namespace
 
 Session::Session() : host(std::make_unique<WorkbenchHost>()), module(std::make_unique<Module>(*host)) {
@@ -86,6 +119,38 @@ Outcome Session::ReadPalette(PaletteContent& content) {
         content.categories.push_back(ReadRow(list.rows[static_cast<std::size_t>(row - 1)]));
     content.total = ReadRow(list.rows[TotalRow - 1]);
     content.lastUpdate = host->openDialogs.FindItem(palette->id, PaletteItems::LastUpdateTime)->text;
+    return {};
+}
+
+Outcome Session::ReadMaterialReport(MaterialReportContent& content, const MaterialReportPlacing* placing) {
+    Outcome outcome = Failure{InputUnreadable, "the add-on did not open its material report; build it anew"};
+    const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
+    host->dialogManager.modalUser = [&](host::DialogId dialog) {
+        outcome = UseMaterialReport(dialog, content, placing);
+    };
+    if (placing != nullptr) host->userInput.pointAnswer = [placing](const std::string&) { return placing->point; };
+    if (palette != nullptr) host->dialogManager.Press(palette->id, PaletteItems::MaterialReportButton);
+    host->dialogManager.modalUser = nullptr;
+    host->userInput.pointAnswer = nullptr;
+    return outcome;
+}
+
+Outcome Session::UseMaterialReport(host::DialogId dialog, MaterialReportContent& content,
+                                   const MaterialReportPlacing* placing) {
+    using namespace MaterialReportItems;
+    DialogManager& user = host->dialogManager;
+    ReadReportRows(host->openDialogs.FindItem(dialog, Table)->list, content);
+    if (placing == nullptr) {
+        user.Press(dialog, CloseButton);
+        return {};
+    }
+    const std::int16_t entry = FindFavourite(*host->openDialogs.FindItem(dialog, FavoritePopup), placing->favourite);
+    if (entry == 0)
+        return Failure{UsageError, "--favorite " + placing->favourite +
+                                       ": the project has no favourite of the material report of this name"};
+    user.Choose(dialog, FavoritePopup, entry);
+    if (!user.Press(dialog, PlaceButton))
+        return Failure{InputUnreadable, "the report cannot be placed in the window that is open; open the floor plan"};
     return {};
 }
 

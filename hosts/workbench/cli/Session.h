@@ -5,6 +5,8 @@
 #include "workbench/cli/Outcome.h"
 #include "workbench/host/Module.h"
 
+#include <nlohmann/json_fwd.hpp>
+
 #include <memory>
 #include <optional>
 #include <string>
@@ -31,6 +33,28 @@ struct PaletteContent {
     std::string lastUpdate;
 };
 
+/// One row of the material report's table.
+struct MaterialSumRow {
+    enum class Kind { Layer, Material, Total };
+
+    Kind kind = Kind::Layer;
+    std::string layer; ///< also of a material's row
+    std::string material;
+    std::optional<double> gwp;      ///< kg CO2eq
+    std::vector<std::string> cells; ///< layer, name and GWP as the dialog shows them
+};
+
+struct MaterialReportContent {
+    std::vector<std::string> headers;
+    std::vector<MaterialSumRow> rows; ///< the last is the total
+};
+
+/// Where and with which settings the material report is placed.
+struct MaterialReportPlacing {
+    host::Point point;     ///< metres, in the floor plan
+    std::string favourite; ///< empty: default settings
+};
+
 class Session {
 public:
     Session();
@@ -41,6 +65,9 @@ public:
     /// Chooses "Show palette" and presses "Update results".
     Outcome UpdateResults();
     Outcome ReadPalette(PaletteContent& content);
+    /// Opens the material report from the palette, after UpdateResults, and reads its table; places the report object
+    /// when told where.
+    Outcome ReadMaterialReport(MaterialReportContent& content, const MaterialReportPlacing* placing = nullptr);
 
     WorkbenchHost& GetHost() { return *host; }
     Project& GetProject() { return *host->GetProject(); }
@@ -48,9 +75,15 @@ public:
     const std::vector<std::string>& GetMessages() const { return messages; }
 
 private:
+    Outcome UseMaterialReport(host::DialogId dialog, MaterialReportContent& content,
+                              const MaterialReportPlacing* placing);
+
     std::unique_ptr<WorkbenchHost> host;
     std::unique_ptr<Module> module;
     std::vector<std::string> messages;
 };
+
+/// An entry {layer, material, gwp} for every material of every layer.
+nlohmann::ordered_json DescribeMaterials(const MaterialReportContent& content);
 
 } // namespace workbench::cli

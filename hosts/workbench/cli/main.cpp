@@ -32,6 +32,7 @@ namespace {
 
 struct Arguments {
     AssessOptions assess;
+    MaterialReportOptions materialReport;
     std::string model;
     std::string output;
     std::string json;
@@ -52,6 +53,15 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
     command->add_flag("--quiet", options.isQuiet, "No table, no warnings");
 }
 
+void AddMaterialReport(CLI::App& app, MaterialReportOptions& options) {
+    CLI::App* command = app.add_subcommand("report-materials", "Embodied carbon by layer and building material");
+    command->add_option("MODEL", options.model, "The building: an .ifc or a .kvp file")->required();
+    command->add_option("--place", options.place, "X,Y: place the report object there on the floor plan (metres)");
+    command->add_option("--favorite", options.favorite, "Settings of this favourite for the placed object");
+    command->add_option("--save", options.save, "Save the project to this .kvp file");
+    command->add_option("--json", options.json, "Write the table as JSON to this file, - for standard output");
+}
+
 void AddOverviews(CLI::App& app, Arguments& arguments) {
     const auto addModel = [&](CLI::App* command) {
         command->add_option("MODEL", arguments.model, "The building: an .ifc or a .kvp file")->required();
@@ -67,6 +77,7 @@ void AddOverviews(CLI::App& app, Arguments& arguments) {
 
 Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
     if (app.got_subcommand("assess")) return RunAssess(arguments.assess);
+    if (app.got_subcommand("report-materials")) return RunMaterialReport(arguments.materialReport);
     if (app.got_subcommand("info")) return RunInfo(arguments.model);
     if (app.got_subcommand("materials")) return RunMaterials(arguments.model, arguments.output);
     return RunRecord(arguments.model, arguments.json);
@@ -80,6 +91,7 @@ int Run(int argc, char** argv) {
     app.require_subcommand(1);
     Arguments arguments;
     AddAssess(app, arguments);
+    AddMaterialReport(app, arguments.materialReport);
     AddOverviews(app, arguments);
     try {
         app.parse(argc, argv);

@@ -153,10 +153,11 @@ std::int32_t ListRowsRole::Insert(host::DialogId dialog, std::int16_t item, std:
     if (state == nullptr) return 0;
     std::vector<RowState>& rows = state->list.rows;
     const bool isInside = row >= 1 && static_cast<std::size_t>(row) <= rows.size();
-    const auto position = isInside ? rows.begin() + (row - 1) : rows.end();
+    const std::size_t position = isInside ? static_cast<std::size_t>(row - 1) : rows.size();
     RowState inserted;
     inserted.cells.resize(state->list.columns.size());
-    return static_cast<std::int32_t>(rows.insert(position, std::move(inserted)) - rows.begin()) + 1;
+    rows.insert(rows.begin() + static_cast<std::ptrdiff_t>(position), std::move(inserted));
+    return static_cast<std::int32_t>(position) + 1;
 }
 
 std::int32_t ListRowsRole::InsertSeparator(host::DialogId dialog, std::int16_t item, std::int32_t row) {
