@@ -85,7 +85,12 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
     if (Outcome failure = OpenModel(options.model, keep, assessment.input)) return failure;
     if (Outcome failure = CheckElementSettings(assessment.input.project->model, preparation.elements)) return failure;
     const host::ProjectEvent event = assessment.input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
-    if (Outcome failure = assessment.session.Start(std::move(assessment.input.project), event)) return failure;
+    const bool changesSettings = !preparation.table.GetRows().empty() || !options.sets.empty() ||
+                                 !options.settings.empty() || !options.elements.empty();
+    if (Outcome failure =
+            assessment.session.StartAs(std::move(assessment.input.project), event, options.model, options.as,
+                                       changesSettings ? Purpose::Changing : Purpose::Reading))
+        return failure;
     if (const std::string& failure = assessment.session.GetProject().GetStoreFailure(); !failure.empty())
         return Failure{OutputUnwritable, failure};
     if (Outcome failure = ApplyAll(preparation, assessment)) return failure;

@@ -16,6 +16,7 @@ struct AssessOptions {
     std::vector<std::string> elements;
     std::string save; ///< path of a project file; empty: not saved
     std::string json; ///< path, or "-" for standard output; empty: none
+    std::string as;   ///< login of the member as whom the program acts; empty: nobody
     bool isStrict = false;
     bool isQuiet = false;
 };
@@ -27,9 +28,20 @@ struct MaterialReportOptions {
     std::string favorite; ///< settings for placing; empty: the default ones
     std::string save;     ///< path of a project file; empty: not saved
     std::string json;     ///< path, or "-" for standard output; empty: none
+    std::string as;       ///< login of the member as whom the program acts; empty: nobody
 };
 
 Outcome RunMaterialReport(const MaterialReportOptions& options);
+/// Makes a project shared or adds members, each "login;Full Name".
+Outcome RunShare(const std::string& project, const std::vector<std::string>& members);
+
+struct TeamworkOptions {
+    std::string project;
+    std::string as;                ///< login; empty: only looks
+    std::vector<std::string> sets; ///< whose button is pressed: reserves, requests or releases
+};
+
+Outcome RunTeamwork(const TeamworkOptions& options);
 Outcome RunInfo(const std::string& model);
 /// output empty: standard output
 Outcome RunMaterials(const std::string& model, const std::string& output);

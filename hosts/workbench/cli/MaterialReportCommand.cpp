@@ -84,7 +84,8 @@ Outcome RunMaterialReport(const MaterialReportOptions& options) {
     if (Outcome failure = OpenModel(options.model, keep, input)) return failure;
     const host::ProjectEvent event = input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
     Session session;
-    if (Outcome failure = session.Start(std::move(input.project), event)) return failure;
+    if (Outcome failure = session.StartAs(std::move(input.project), event, options.model, options.as, Purpose::Reading))
+        return failure;
     if (Outcome failure = session.UpdateResults()) return failure;
     MaterialReportContent content;
     if (Outcome failure = Place(session, options, content)) return failure;

@@ -19,7 +19,8 @@ Failure DescribeCode(host::ErrorCode code, const Project& project) {
     if (!project.GetStoreFailure().empty()) return {OutputUnwritable, project.GetStoreFailure()};
     if (code == host::Errors::NoAccessRight)
         return {OutputUnwritable,
-                "the project is shared and its settings are not reserved; reserve them and try again"};
+                "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
+                "teamwork and try again"};
     return {OutputUnwritable, "the project did not take the values (host error " + std::to_string(code) + ")"};
 }
 

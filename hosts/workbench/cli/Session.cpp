@@ -59,6 +59,26 @@ void ReadReportRows(const ListState& list, MaterialReportContent& content) {
     }
 }
 
+/// The dialog in which a set of settings is reserved.
+struct GuardingDialog {
+    const char* setName;
+    std::int16_t menu;
+    std::int16_t statusText;
+    std::int16_t button;
+};
+
+constexpr GuardingDialog GuardingDialogs[] = {
+    {host::BuildingMaterialsSet, Menus::BuildingMaterials, BuildingMaterialsItems::TeamworkStatusText,
+     BuildingMaterialsItems::TeamworkButton},
+    {host::ClassificationsAndPropertiesSet, Menus::ProjectSettings, ProjectSettingsItems::TeamworkStatusText,
+     ProjectSettingsItems::TeamworkButton}};
+
+const GuardingDialog* FindGuardingDialog(const std::string& setName) {
+    for (const GuardingDialog& dialog : GuardingDialogs)
+        if (setName == dialog.setName) return &dialog;
+    return nullptr;
+}
+
 /// Entry of the pop-up that stands for the settings; 0 where there is none of this name.
 std::int16_t FindFavourite(const ItemState& popUp, const std::string& favourite) {
     if (favourite.empty()) return 1;
@@ -74,7 +94,8 @@ Session::Session() : host(std::make_unique<WorkbenchHost>()), module(std::make_u
     host->dialogManager.reportSink = [this](const std::string& line) { messages.push_back(line); };
     host->dialogManager.alertAnswer = [this](const host::Alert& alert) {
         if (messages.empty() || messages.back() != alert.largeText) messages.push_back(alert.largeText);
-        return std::int16_t{1};
+        // Nobody is there to agree: who wants to release presses the set's button.
+        return alert.title == RequestAlertTitle ? std::int16_t{2} : std::int16_t{1};
     };
 }
 
@@ -88,6 +109,38 @@ Outcome Session::Start(std::unique_ptr<Project> project, host::ProjectEvent even
     if (!failure.empty()) return Failure{InputUnreadable, failure};
     host->OpenProject(std::move(project), event);
     return {};
+}
+
+Outcome Session::StartAs(std::unique_ptr<Project> project, host::ProjectEvent event, const std::string& file,
+                         const std::string& login, Purpose purpose) {
+    if (Outcome failure = SelectMember(project->model, file, login, purpose, host->access.userId)) return failure;
+    return Start(std::move(project), event);
+}
+
+Outcome Session::PressTeamworkButton(const std::string& setName) {
+    const GuardingDialog* guarding = FindGuardingDialog(setName);
+    if (guarding == nullptr)
+        return Failure{UsageError, setName + ": the settings to reserve are " + host::BuildingMaterialsSet + " and " +
+                                       host::ClassificationsAndPropertiesSet};
+    UseModal(guarding->menu, [&](host::DialogId dialog) { host->dialogManager.Press(dialog, guarding->button); });
+    const std::string& failure = GetProject().GetStoreFailure();
+    return failure.empty() ? Outcome() : Failure{OutputUnwritable, failure};
+}
+
+std::string Session::ReadTeamworkStatus(const std::string& setName) {
+    std::string status;
+    const GuardingDialog* guarding = FindGuardingDialog(setName);
+    if (guarding == nullptr) return status;
+    UseModal(guarding->menu,
+             [&](host::DialogId dialog) { status = host->dialogItems.ReadText(dialog, guarding->statusText); });
+    std::erase(status, '\n');
+    return status;
+}
+
+void Session::UseModal(std::int16_t menu, const std::function<void(host::DialogId)>& use) {
+    host->dialogManager.modalUser = use;
+    host->registration.ChooseMenu(menu, 1);
+    host->dialogManager.modalUser = nullptr;
 }
 
 Outcome Session::UpdateResults() {

@@ -2,6 +2,7 @@
 // reads what a person sees.
 #pragma once
 
+#include "workbench/cli/Membership.h"
 #include "workbench/cli/Outcome.h"
 #include "workbench/host/Module.h"
 
@@ -62,6 +63,13 @@ public:
 
     /// Loads and starts the add-on, then opens the project as a host does.
     Outcome Start(std::unique_ptr<Project> project, host::ProjectEvent event);
+    /// The same as the member with this login.
+    Outcome StartAs(std::unique_ptr<Project> project, host::ProjectEvent event, const std::string& file,
+                    const std::string& login, Purpose purpose);
+    /// Presses the button that reserves, requests or releases a set of settings, in the dialog that guards it.
+    Outcome PressTeamworkButton(const std::string& setName);
+    /// What that dialog says of the set, in one line.
+    std::string ReadTeamworkStatus(const std::string& setName);
     /// Chooses "Show palette" and presses "Update results".
     Outcome UpdateResults();
     Outcome ReadPalette(PaletteContent& content);
@@ -75,6 +83,7 @@ public:
     const std::vector<std::string>& GetMessages() const { return messages; }
 
 private:
+    void UseModal(std::int16_t menu, const std::function<void(host::DialogId)>& use);
     Outcome UseMaterialReport(host::DialogId dialog, MaterialReportContent& content,
                               const MaterialReportPlacing* placing);
 

@@ -33,6 +33,8 @@ namespace {
 struct Arguments {
     AssessOptions assess;
     MaterialReportOptions materialReport;
+    TeamworkOptions teamwork;
+    std::vector<std::string> members;
     std::string model;
     std::string output;
     std::string json;
@@ -49,6 +51,7 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
         ->allow_extra_args(false);
     command->add_option("--save", options.save, "Save the project to this .kvp file");
     command->add_option("--json", options.json, "Write the results as JSON to this file, - for standard output");
+    command->add_option("--as", options.as, "LOGIN: the member of a shared project who changes it");
     command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing");
     command->add_flag("--quiet", options.isQuiet, "No table, no warnings");
 }
@@ -60,6 +63,23 @@ void AddMaterialReport(CLI::App& app, MaterialReportOptions& options) {
     command->add_option("--favorite", options.favorite, "Settings of this favourite for the placed object");
     command->add_option("--save", options.save, "Save the project to this .kvp file");
     command->add_option("--json", options.json, "Write the table as JSON to this file, - for standard output");
+    command->add_option("--as", options.as, "LOGIN: the member of a shared project who looks at it");
+}
+
+void AddTeamwork(CLI::App& app, Arguments& arguments) {
+    CLI::App* share = app.add_subcommand("share", "Makes a project shared, or adds members to a shared one");
+    share->add_option("PROJECT", arguments.model, "A .kvp file")->required();
+    share->add_option("--member", arguments.members, "LOGIN;FULL NAME of a member")
+        ->required()
+        ->allow_extra_args(false);
+    CLI::App* teamwork = app.add_subcommand("teamwork", "Who holds the settings of a shared project");
+    teamwork->add_option("PROJECT", arguments.teamwork.project, "A .kvp file")->required();
+    teamwork->add_option("--as", arguments.teamwork.as, "LOGIN: the member who acts");
+    teamwork
+        ->add_option("--button", arguments.teamwork.sets,
+                     "BuildingMaterials or ClassificationsAndProperties: reserve, request or release it, as its button "
+                     "says")
+        ->allow_extra_args(false);
 }
 
 void AddOverviews(CLI::App& app, Arguments& arguments) {
@@ -78,6 +98,8 @@ void AddOverviews(CLI::App& app, Arguments& arguments) {
 Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
     if (app.got_subcommand("assess")) return RunAssess(arguments.assess);
     if (app.got_subcommand("report-materials")) return RunMaterialReport(arguments.materialReport);
+    if (app.got_subcommand("share")) return RunShare(arguments.model, arguments.members);
+    if (app.got_subcommand("teamwork")) return RunTeamwork(arguments.teamwork);
     if (app.got_subcommand("info")) return RunInfo(arguments.model);
     if (app.got_subcommand("materials")) return RunMaterials(arguments.model, arguments.output);
     return RunRecord(arguments.model, arguments.json);
@@ -92,6 +114,7 @@ int Run(int argc, char** argv) {
     Arguments arguments;
     AddAssess(app, arguments);
     AddMaterialReport(app, arguments.materialReport);
+    AddTeamwork(app, arguments);
     AddOverviews(app, arguments);
     try {
         app.parse(argc, argv);

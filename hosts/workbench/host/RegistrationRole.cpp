@@ -65,6 +65,11 @@ host::ErrorCode RegistrationRole::RaiseEvent(host::ProjectEvent event) {
     return eventHandler(event, 0);
 }
 
+host::ErrorCode RegistrationRole::RaiseReservationChange(const host::Guid& lockableSet, std::int16_t ownerId) {
+    if (reservationHandler == nullptr || watchedSets.count(lockableSet) == 0) return host::NoError;
+    return reservationHandler(lockableSet, ownerId);
+}
+
 RegistrationRole::Menu* RegistrationRole::FindMenu(std::int16_t menuStringList) {
     for (Menu& menu : menus)
         if (menu.strings == menuStringList) return &menu;

@@ -34,6 +34,9 @@ public:
     /// Tells the installed handler, when it asked for that event.
     host::ErrorCode RaiseEvent(host::ProjectEvent event);
 
+    /// Tells the installed handler, when it watches that set; ownerId 0 is released.
+    host::ErrorCode RaiseReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
+
     struct Menu {
         std::int16_t strings = 0;
         std::int16_t prompts = 0;

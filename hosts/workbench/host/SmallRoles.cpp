@@ -3,23 +3,12 @@
 #include "resources/ResourceData.h"
 #include "workbench/text/Letters.h"
 
-#include <array>
 #include <charconv>
 #include <ctime>
 
 namespace workbench {
 
 namespace {
-
-constexpr std::array<const char*, 2> LockableSets = {host::ClassificationsAndPropertiesSet, host::BuildingMaterialsSet};
-
-/// Identifiers of the sets are their positions; only this host hands them out.
-host::Guid GuidOfSet(std::size_t position) {
-    host::Guid guid;
-    guid.bytes[0] = 0x4B; // never null
-    guid.bytes[15] = static_cast<std::uint8_t>(position);
-    return guid;
-}
 
 host::Shade ToShade(const Shade& shade) {
     return {shade[0], shade[1], shade[2]};
@@ -60,12 +49,19 @@ std::string ResourcesRole::ToLowerCase(const std::string& text) {
     return FoldCase(text);
 }
 
-host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t, std::vector<host::Guid>& elements) {
+host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t filter,
+                                        std::vector<host::Guid>& elements) {
     if (project == nullptr) return host::Errors::NoProject;
     elements.clear();
-    if (type == host::ElementType::All) elements.reserve(project->model.GetElements().size());
-    for (const Element& element : project->model.GetElements())
-        if (type == host::ElementType::All || element.type == type) elements.push_back(element.guid);
+    const bool isOf3D = (filter & host::ElementsIn3DFromFloorPlan) == host::ElementsIn3DFromFloorPlan;
+    if (isOf3D || databases.GetCurrent().type == host::DatabaseType::FloorPlan) {
+        if (type == host::ElementType::All) elements.reserve(project->model.GetElements().size());
+        for (const Element& element : project->model.GetElements())
+            if (type == host::ElementType::All || element.type == type) elements.push_back(element.guid);
+    }
+    if (isOf3D || (type != host::ElementType::All && type != host::ElementType::Object)) return host::NoError;
+    for (const PlacedObject& object : project->model.GetPlacedObjects())
+        if (object.database == databases.GetCurrent().id) elements.push_back(object.guid);
     return host::NoError;
 }
 
@@ -124,62 +120,6 @@ host::ErrorCode AttributesRole::ReadSurfaceColour(host::AttributeIndex index, ho
     if (project == nullptr) return host::Errors::NoProject;
     return ReadAt(project->model.GetSurfaces(), index.value,
                   [&](const Surface& found) { colour = ToShade(found.shade); });
-}
-
-host::ErrorCode DatabasesRole::ReadCurrentDatabase(host::Database& database) {
-    database = {current, {}, {}};
-    return host::NoError;
-}
-
-host::ErrorCode DatabasesRole::ChangeCurrentDatabase(const host::Database& database) {
-    if (database.type != host::DatabaseType::FloorPlan && database.type != host::DatabaseType::Model3D)
-        return host::Errors::BadDatabase;
-    current = database.type;
-    return host::NoError;
-}
-
-host::ErrorCode DatabasesRole::ReadFrontWindow(host::Database& database) {
-    database = {frontWindow, {}, {}};
-    return host::NoError;
-}
-
-host::ErrorCode DatabasesRole::ListDatabases(host::DatabaseType, std::vector<host::Database>& databases) {
-    databases.clear();
-    return host::NoError;
-}
-
-host::Guid TeamworkRole::FindLockableSet(const std::string& name) {
-    for (std::size_t i = 0; i < LockableSets.size(); ++i)
-        if (name == LockableSets[i]) return GuidOfSet(i);
-    return {};
-}
-
-host::LockableStatus TeamworkRole::ReadLockableStatus(const host::Guid& lockableSet) {
-    for (std::size_t i = 0; i < LockableSets.size(); ++i) {
-        if (lockableSet != GuidOfSet(i) || project == nullptr) continue;
-        for (const Reservation& reservation : project->model.reservations)
-            if (reservation.lockableSet == LockableSets[i])
-                return reservation.userId == access.userId ? host::LockableStatus::HeldByMe
-                                                           : host::LockableStatus::HeldByOther;
-        return host::LockableStatus::Free;
-    }
-    return host::LockableStatus::Unknown;
-}
-
-std::vector<std::int16_t> TeamworkRole::ListHolders(const host::Guid&) {
-    return {};
-}
-
-host::ErrorCode TeamworkRole::Reserve(const host::Guid&, host::HostDialogs) {
-    return host::Errors::RefusedCommand;
-}
-
-host::ErrorCode TeamworkRole::Release(const host::Guid&, host::HostDialogs) {
-    return host::Errors::RefusedCommand;
-}
-
-host::ErrorCode TeamworkRole::ListMembers(std::vector<host::ProjectMember>&) {
-    return host::Errors::RefusedCommand;
 }
 
 host::ErrorCode UndoableCommandsRole::Call(const std::string& undoName,

@@ -4,8 +4,7 @@
 #include "host/Commands.h"
 #include "host/Model.h"
 #include "host/Resources.h"
-#include "host/Teamwork.h"
-#include "workbench/host/Access.h"
+#include "workbench/host/DatabasesRole.h"
 
 namespace workbench {
 
@@ -20,7 +19,7 @@ public:
 
 class ModelRole : public host::Model {
 public:
-    explicit ModelRole(Project*& project) : project(project) {}
+    ModelRole(Project*& project, const DatabasesRole& databases) : project(project), databases(databases) {}
 
     host::ErrorCode ListElements(host::ElementType type, std::uint32_t filter,
                                  std::vector<host::Guid>& elements) override;
@@ -30,6 +29,7 @@ public:
 
 private:
     Project*& project;
+    const DatabasesRole& databases;
 };
 
 class AttributesRole : public host::Attributes {
@@ -45,36 +45,6 @@ public:
 
 private:
     Project*& project;
-};
-
-/// A floor plan and a 3D window; the front window is what the user looks at.
-class DatabasesRole : public host::Databases {
-public:
-    host::ErrorCode ReadCurrentDatabase(host::Database& database) override;
-    host::ErrorCode ChangeCurrentDatabase(const host::Database& database) override;
-    host::ErrorCode ReadFrontWindow(host::Database& database) override;
-    host::ErrorCode ListDatabases(host::DatabaseType type, std::vector<host::Database>& databases) override;
-
-    host::DatabaseType current = host::DatabaseType::FloorPlan;
-    host::DatabaseType frontWindow = host::DatabaseType::FloorPlan;
-};
-
-class TeamworkRole : public host::Teamwork {
-public:
-    TeamworkRole(Project*& project, const Access& access) : project(project), access(access) {}
-
-    bool IsTeamworkProject() override { return project != nullptr && project->model.IsShared(); }
-    host::Guid FindLockableSet(const std::string& name) override;
-    bool HasConnection() override { return true; }
-    host::LockableStatus ReadLockableStatus(const host::Guid& lockableSet) override;
-    std::vector<std::int16_t> ListHolders(const host::Guid& lockableSet) override;
-    host::ErrorCode Reserve(const host::Guid& lockableSet, host::HostDialogs dialogs) override;
-    host::ErrorCode Release(const host::Guid& lockableSet, host::HostDialogs dialogs) override;
-    host::ErrorCode ListMembers(std::vector<host::ProjectMember>& members) override;
-
-private:
-    Project*& project;
-    const Access& access;
 };
 
 class UndoableCommandsRole : public host::UndoableCommands {

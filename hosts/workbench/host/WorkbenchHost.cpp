@@ -3,15 +3,17 @@
 namespace workbench {
 
 WorkbenchHost::WorkbenchHost()
-    : access(project), model(project), attributes(project), properties(project, access),
-      classifications(project, access), teamwork(project, access), commands(project), dialogManager(openDialogs),
+    : access(project), databases(project), model(project, databases), attributes(project), libraries(project),
+      placedObjects(project, databases), properties(project, access), classifications(project, access),
+      commands(project), dialogManager(openDialogs), teamwork(project, access, registration, dialogManager),
       dialogItems(openDialogs), itemValues(openDialogs), listLayout(openDialogs), listRows(openDialogs),
       listCells(openDialogs), listSelection(openDialogs), userInput(openDialogs) {}
 
 void WorkbenchHost::OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event) {
     ownedProject = std::move(opened);
     project = ownedProject.get();
-    databases.current = host::DatabaseType::FloorPlan;
+    databases.Reset();
+    teamwork.TakeHolders();
     registration.RaiseEvent(event);
 }
 

@@ -8,6 +8,7 @@
 #include "workbench/host/PropertyRoles.h"
 #include "workbench/host/RegistrationRole.h"
 #include "workbench/host/SmallRoles.h"
+#include "workbench/host/TeamworkRole.h"
 #include "workbench/host/UserInputRole.h"
 
 #include <memory>
@@ -20,6 +21,8 @@ public:
 
     /// Opens a project and raises the event of it; the former one is closed. The palette stays open.
     void OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event);
+    /// What a host does between two actions of the user: learns what other processes have done to a shared project.
+    void TurnEventLoop() { teamwork.TurnEventLoop(); }
     /// Null while none is open.
     Project* GetProject() const { return project; }
 
@@ -54,18 +57,18 @@ public:
     Access access;
     RegistrationRole registration;
     ResourcesRole resources;
+    DatabasesRole databases;
     ModelRole model;
     AttributesRole attributes;
-    DatabasesRole databases;
     LibrariesRole libraries;
     PlacedObjectsRole placedObjects;
     PropertiesRole properties;
     ClassificationsRole classifications;
-    TeamworkRole teamwork;
     UndoableCommandsRole commands;
     ProgressRole progress;
     OpenDialogs openDialogs;
     DialogManager dialogManager;
+    TeamworkRole teamwork;
     DialogItemsRole dialogItems;
     ItemValuesRole itemValues;
     ListLayoutRole listLayout;

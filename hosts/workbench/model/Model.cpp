@@ -33,6 +33,10 @@ const host::Guid& KeyOf(const ClassificationItem& row) {
     return row.item.guid;
 }
 
+const host::Guid& KeyOf(const PlacedObject& row) {
+    return row.guid;
+}
+
 template <typename ListedRow>
 auto FindRow(std::vector<ListedRow>& list, const ListedRow& row) {
     return std::find_if(list.begin(), list.end(), [&](const ListedRow& one) { return KeyOf(one) == KeyOf(row); });
@@ -163,7 +167,8 @@ void Model::Put(const Row& row) {
                           },
                           [&](const host::BuildingMaterial& material) {
                               buildingMaterials[static_cast<std::size_t>(material.index.value - 1)] = material;
-                          }},
+                          },
+                          [&](const PlacedObject& object) { PutRow(placedObjects, object); }},
                row);
 }
 
@@ -182,7 +187,8 @@ void Model::Remove(const Row& row) {
                           [&](const ElementValue& one) {
                               RemoveValue(elementValues, FindElement(one.element), one.definition);
                           },
-                          [](const host::BuildingMaterial&) { /* attributes are never removed */ }},
+                          [](const host::BuildingMaterial&) { /* attributes are never removed */ },
+                          [&](const PlacedObject& object) { RemoveRow(placedObjects, object); }},
                row);
 }
 

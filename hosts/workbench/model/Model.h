@@ -58,9 +58,17 @@ public:
     /// Grows with every change of definitions and classifications, so that callers know when to look again.
     std::uint64_t GetSchemaRevision() const { return schemaRevision; }
 
+    const std::vector<PlacedObject>& GetPlacedObjects() const { return placedObjects; }
+
+    // Laid down when a project is made or read, and by whoever sets up a host's libraries.
+    std::vector<DatabaseRow> databases;
+    std::vector<LibraryPart> libraryParts;
+    std::vector<FavouriteRow> favourites;
+
     // Teamwork: a project is shared when it has members.
     std::vector<Member> members;
-    std::vector<Reservation> reservations;
+    std::vector<Reservation> reservations; ///< at most one a set
+    std::vector<ReservationRequest> requests;
     bool IsShared() const { return !members.empty(); }
 
 private:
@@ -83,6 +91,7 @@ private:
     std::vector<MaterialClassification> materialClassifications;
     std::map<host::AttributeIndex, Values> materialValues;
     std::unordered_map<std::uint32_t, Values> elementValues;
+    std::vector<PlacedObject> placedObjects;
     std::uint64_t schemaRevision = 0;
 };
 

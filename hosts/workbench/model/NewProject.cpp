@@ -1,5 +1,7 @@
 #include "workbench/model/NewProject.h"
 
+#include "workbench/model/ReportLibrary.h"
+
 namespace workbench {
 
 namespace {
@@ -50,6 +52,8 @@ void AddAttributes(Model& model) {
 std::unique_ptr<Project> CreateProject() {
     auto project = std::make_unique<Project>();
     AddAttributes(project->model);
+    AddReportLibrary(project->model);
+    AddDefaultDatabases(project->model);
     const host::ClassificationSystem system{host::CreateGuid(), ElementSystem, "1", {2026, 1, 1}};
     project->model.Apply({{}, system});
     for (const ElementKindName& kind : ElementKinds)

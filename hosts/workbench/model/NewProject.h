@@ -5,7 +5,8 @@
 
 namespace workbench {
 
-/// Pens, fills and surfaces, and the system "Workbench Elements" with an item per kind of element.
+/// Pens, fills and surfaces, the system "Workbench Elements" with an item per kind of element, the report library and
+/// the default databases.
 std::unique_ptr<Project> CreateProject();
 
 /// Item of "Workbench Elements" for a kind of element; null in a project without that system.

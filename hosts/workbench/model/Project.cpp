@@ -72,6 +72,24 @@ host::ErrorCode Project::MoveStep(std::vector<Step>& from, std::vector<Step>& to
     return host::NoError;
 }
 
+bool Project::ReceiveChanges() {
+    if (isInCommand || !store || !store->HasNews()) return false;
+    storeFailure = store->Reload(model);
+    if (!storeFailure.empty()) return false;
+    undoSteps.clear();
+    redoSteps.clear();
+    return true;
+}
+
+bool Project::ChangeTeamwork(const std::function<bool()>& change) {
+    storeFailure.clear();
+    if (store)
+        storeFailure = store->ChangeTeamwork(model, change);
+    else
+        change();
+    return storeFailure.empty();
+}
+
 bool Project::KeepChanges(const std::vector<Change>& changes) {
     storeFailure = store ? store->Keep(changes) : std::string();
     return storeFailure.empty();

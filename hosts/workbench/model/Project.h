@@ -9,12 +9,19 @@
 
 namespace workbench {
 
-/// Keeps each command's changes as one transaction.
+/// Keeps each command's changes as one transaction. The file behind it may be open in other processes too. Operations
+/// answer the empty text on success, else one plain sentence, and then nothing was changed.
 class ChangeStore {
 public:
     virtual ~ChangeStore() = default;
-    /// Empty when the changes are kept; else one plain sentence, and none of them is.
     virtual std::string Keep(const std::vector<Change>& changes) = 0;
+    /// Whether another process has written since the last Reload, or since opening.
+    virtual bool HasNews() = 0;
+    /// Reads the whole model anew.
+    virtual std::string Reload(Model& model) = 0;
+    /// Reads members, reservations and requests into the model, lets the change work on them and, when it answers true,
+    /// writes them; all in one transaction, so that no other process comes between.
+    virtual std::string ChangeTeamwork(Model& model, const std::function<bool()>& change) = 0;
 };
 
 class Project {
@@ -37,6 +44,13 @@ public:
     /// Takes back the last step. UndoEmpty when there is none; General when the store fails, with nothing changed.
     host::ErrorCode Undo();
     host::ErrorCode Redo();
+
+    /// Takes over what other processes have written; the steps that could be taken back are forgotten, as they belong
+    /// to an older state. Nothing happens without news or during a command. Answers whether there was any.
+    bool ReceiveChanges();
+    /// Runs a change of members, reservations or requests against the present state of the file; it answers whether it
+    /// changed any. False when the store failed.
+    bool ChangeTeamwork(const std::function<bool()>& change);
 
     /// Why the store refused last; empty after a success.
     const std::string& GetStoreFailure() const { return storeFailure; }

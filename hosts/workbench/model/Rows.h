@@ -1,6 +1,7 @@
 // The rows of a building model as plain values: what the project file keeps and what a change replaces.
 #pragma once
 
+#include "host/Libraries.h"
 #include "host/Model.h"
 #include "host/Properties.h"
 #include "host/Values.h"
@@ -89,9 +90,53 @@ struct Reservation {
     std::int16_t userId = 0;
 };
 
+/// A member asks the holder of a set to release it.
+struct ReservationRequest {
+    std::string lockableSet;
+    std::int16_t userId = 0;
+
+    friend bool operator==(const ReservationRequest&, const ReservationRequest&) = default;
+};
+
+/// A section, layout and so on; floor plan and 3D model exist without a row.
+struct DatabaseRow {
+    host::DatabaseType type = host::DatabaseType::None;
+    host::Guid guid;
+    std::string name;
+};
+
+struct LibraryPart {
+    std::string identifier; ///< pair of braced identifiers joined by "-"
+    std::string fileName;
+    std::vector<host::ObjectParameter> parameters; ///< with their default values
+};
+
+/// Settings under a name; of an object those of its library part.
+struct FavouriteRow {
+    std::string name;
+    bool isObject = true;
+    std::string libraryPart; ///< identifier
+    double angle = 0.0;      ///< radians
+    double xRatio = 1.0;
+    double yRatio = 1.0;
+    std::vector<host::ObjectParameter> parameters;
+};
+
+/// An object on a drawing. Not a building element: it has no components and no place in the 3D model.
+struct PlacedObject {
+    host::Guid guid;
+    host::Guid database;     ///< null: the floor plan
+    std::string libraryPart; ///< identifier
+    host::Point position;
+    double angle = 0.0; ///< radians
+    double xRatio = 1.0;
+    double yRatio = 1.0;
+    std::vector<host::ObjectParameter> parameters;
+};
+
 /// Everything that a command may change. Which row is meant is told by its key members.
 using Row = std::variant<host::PropertyGroup, host::PropertyDefinition, host::ClassificationSystem, ClassificationItem,
-                         MaterialClassification, MaterialValue, ElementValue, host::BuildingMaterial>;
+                         MaterialClassification, MaterialValue, ElementValue, host::BuildingMaterial, PlacedObject>;
 
 /// One row replaced (both), added (no before) or removed (no after).
 struct Change {

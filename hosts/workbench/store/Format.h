@@ -8,7 +8,7 @@ namespace workbench::ProjectFormat {
 /// "KLVX" in the database header, so that another SQLite file is not taken for a project.
 inline constexpr std::int32_t ApplicationId = 0x4B4C5658;
 /// Raised with every change of the tables; a file of a newer version is refused.
-inline constexpr std::int32_t Version = 1;
+inline constexpr std::int32_t Version = 2;
 
 /// Identifiers are blobs of 16 bytes. Values of properties carry their type (host::ValueType) beside them. `position`
 /// keeps the order in which rows were made.
@@ -47,6 +47,25 @@ CREATE TABLE members (user_id INTEGER PRIMARY KEY, login TEXT NOT NULL UNIQUE, f
 CREATE TABLE reservations (lockable_set TEXT PRIMARY KEY, user_id INTEGER NOT NULL) STRICT, WITHOUT ROWID;
 )sql";
 
+/// What version 2 added. A parameter's owner is "part " or "favourite " and its name, or "object " and its identifier;
+/// its data are UTF-16 code units or doubles, both little-endian.
+inline constexpr char CreateTablesOfVersion2[] = R"sql(
+CREATE TABLE requests (lockable_set TEXT NOT NULL, user_id INTEGER NOT NULL,
+    PRIMARY KEY (lockable_set, user_id)) STRICT, WITHOUT ROWID;
+CREATE TABLE databases (position INTEGER PRIMARY KEY, guid BLOB NOT NULL UNIQUE, type INTEGER NOT NULL,
+    name TEXT NOT NULL) STRICT;
+CREATE TABLE library_parts (position INTEGER PRIMARY KEY, identifier TEXT NOT NULL UNIQUE,
+    file_name TEXT NOT NULL) STRICT;
+CREATE TABLE favourites (position INTEGER PRIMARY KEY, name TEXT NOT NULL UNIQUE, is_object INTEGER NOT NULL,
+    library_part TEXT NOT NULL, angle REAL NOT NULL, x_ratio REAL NOT NULL, y_ratio REAL NOT NULL) STRICT;
+CREATE TABLE placed_objects (position INTEGER PRIMARY KEY, guid BLOB NOT NULL UNIQUE, database BLOB NOT NULL,
+    library_part TEXT NOT NULL, x REAL NOT NULL, y REAL NOT NULL, angle REAL NOT NULL, x_ratio REAL NOT NULL,
+    y_ratio REAL NOT NULL) STRICT;
+CREATE TABLE object_parameters (owner TEXT NOT NULL, position INTEGER NOT NULL, name TEXT NOT NULL,
+    is_text INTEGER NOT NULL, is_array INTEGER NOT NULL, row_count INTEGER NOT NULL, column_count INTEGER NOT NULL,
+    real REAL NOT NULL, data BLOB NOT NULL, PRIMARY KEY (owner, position)) STRICT, WITHOUT ROWID;
+)sql";
+
 inline constexpr const char* TableNames[] = {"layers",
                                              "pens",
                                              "fills",
@@ -64,6 +83,12 @@ inline constexpr const char* TableNames[] = {"layers",
                                              "material_values",
                                              "element_values",
                                              "members",
-                                             "reservations"};
+                                             "reservations",
+                                             "requests",
+                                             "databases",
+                                             "library_parts",
+                                             "favourites",
+                                             "placed_objects",
+                                             "object_parameters"};
 
 } // namespace workbench::ProjectFormat

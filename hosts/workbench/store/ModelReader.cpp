@@ -1,5 +1,8 @@
 #include "workbench/store/ModelReader.h"
 
+#include "workbench/model/ReportLibrary.h"
+#include "workbench/store/ObjectRows.h"
+
 #include <sqlite3.h>
 
 #include <algorithm>
@@ -191,14 +194,8 @@ void ReadValues(SQLite::Database& database, Model& model) {
     }
 }
 
-void ReadTeamwork(SQLite::Database& database, Model& model) {
-    for (SQLite::Statement row(database, "SELECT user_id, login, full_name FROM members ORDER BY user_id");
-         row.executeStep();)
-        model.members.push_back({static_cast<std::int16_t>(row.getColumn(0).getInt()), row.getColumn(1).getString(),
-                                 row.getColumn(2).getString()});
-    for (SQLite::Statement row(database, "SELECT lockable_set, user_id FROM reservations"); row.executeStep();)
-        model.reservations.push_back(
-            {row.getColumn(0).getString(), static_cast<std::int16_t>(row.getColumn(1).getInt())});
+bool HasTablesOfVersion2(SQLite::Database& database) {
+    return database.execAndGet("PRAGMA user_version").getInt() >= 2;
 }
 
 } // namespace
@@ -209,7 +206,29 @@ void ReadModel(SQLite::Database& database, Model& model) {
     ReadDefinitions(database, model);
     ReadElements(database, model);
     ReadValues(database, model);
+    if (HasTablesOfVersion2(database)) {
+        ReadObjectRows(database, model);
+    } else {
+        AddReportLibrary(model);
+        AddDefaultDatabases(model);
+    }
     ReadTeamwork(database, model);
+}
+
+void ReadTeamwork(SQLite::Database& database, Model& model) {
+    model.members.clear();
+    model.reservations.clear();
+    model.requests.clear();
+    for (SQLite::Statement row(database, "SELECT user_id, login, full_name FROM members ORDER BY user_id");
+         row.executeStep();)
+        model.members.push_back({static_cast<std::int16_t>(row.getColumn(0).getInt()), row.getColumn(1).getString(),
+                                 row.getColumn(2).getString()});
+    for (SQLite::Statement row(database, "SELECT lockable_set, user_id FROM reservations"); row.executeStep();)
+        model.reservations.push_back(
+            {row.getColumn(0).getString(), static_cast<std::int16_t>(row.getColumn(1).getInt())});
+    if (!HasTablesOfVersion2(database)) return;
+    for (SQLite::Statement row(database, "SELECT lockable_set, user_id FROM requests"); row.executeStep();)
+        model.requests.push_back({row.getColumn(0).getString(), static_cast<std::int16_t>(row.getColumn(1).getInt())});
 }
 
 } // namespace workbench

@@ -1,6 +1,7 @@
 #include "workbench/store/ModelWriter.h"
 
 #include "workbench/store/Format.h"
+#include "workbench/store/ObjectRows.h"
 
 namespace workbench {
 
@@ -61,15 +62,6 @@ void WriteElements(SQLite::Database& database, const Model& model) {
         for (const host::MaterialComponent& component : model.GetComponents(element))
             componentRow.Run(position, ++part, component.buildingMaterial.value, component.volumeM3, component.areaM2);
     }
-}
-
-void WriteTeamwork(SQLite::Database& database, const Model& model) {
-    Insert member(database, "INSERT INTO members VALUES (?, ?, ?)");
-    for (const Member& row : model.members)
-        member.Run(std::int32_t{row.userId}, row.login, row.fullName);
-    Insert reservation(database, "INSERT INTO reservations VALUES (?, ?)");
-    for (const Reservation& row : model.reservations)
-        reservation.Run(row.lockableSet, std::int32_t{row.userId});
 }
 
 void DeleteByGuid(SQLite::Database& database, const char* query, const host::Guid& guid) {
@@ -189,6 +181,9 @@ struct RowWriter {
     }
     void Remove(const host::BuildingMaterial&) const { /* attributes are never removed */
     }
+
+    void Put(const PlacedObject& row) const { PutPlacedObject(database, row); }
+    void Remove(const PlacedObject& row) const { RemovePlacedObject(database, row); }
 };
 
 void WriteChangeableRows(SQLite::Database& database, const Model& model) {
@@ -211,6 +206,8 @@ void WriteChangeableRows(SQLite::Database& database, const Model& model) {
     for (const auto& [position, values] : model.GetElementValues())
         for (const auto& [definition, value] : values)
             writer.Put(ElementValue{model.GetElements()[position].guid, definition, value});
+    for (const PlacedObject& row : model.GetPlacedObjects())
+        writer.Put(row);
 }
 
 } // namespace
@@ -221,7 +218,29 @@ void WriteModel(SQLite::Database& database, const Model& model) {
     WriteAttributes(database, model);
     WriteElements(database, model);
     WriteChangeableRows(database, model);
+    WriteLibraryRows(database, model);
     WriteTeamwork(database, model);
+}
+
+void WriteTeamwork(SQLite::Database& database, const Model& model) {
+    for (const char* table : {"members", "reservations", "requests"})
+        database.exec(std::string("DELETE FROM ") + table);
+    Insert member(database, "INSERT INTO members VALUES (?, ?, ?)");
+    for (const Member& row : model.members)
+        member.Run(std::int32_t{row.userId}, row.login, row.fullName);
+    Insert reservation(database, "INSERT INTO reservations VALUES (?, ?)");
+    for (const Reservation& row : model.reservations)
+        reservation.Run(row.lockableSet, std::int32_t{row.userId});
+    Insert request(database, "INSERT INTO requests VALUES (?, ?)");
+    for (const ReservationRequest& row : model.requests)
+        request.Run(row.lockableSet, std::int32_t{row.userId});
+}
+
+void UpgradeFormat(SQLite::Database& database, const Model& model) {
+    if (database.execAndGet("PRAGMA user_version").getInt() == ProjectFormat::Version) return;
+    database.exec(ProjectFormat::CreateTablesOfVersion2);
+    database.exec("PRAGMA user_version = " + std::to_string(ProjectFormat::Version));
+    WriteLibraryRows(database, model);
 }
 
 void WriteChange(SQLite::Database& database, const Change& change) {

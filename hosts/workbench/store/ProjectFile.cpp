@@ -30,6 +30,16 @@ std::string CheckFormat(SQLite::Database& database, const fs::path& file) {
     return {};
 }
 
+/// SQLite notices a missing end only where it is read.
+void RequireWholeFile(SQLite::Database& database, const fs::path& file) {
+    const std::int64_t pages = database.execAndGet("PRAGMA page_count").getInt64();
+    const std::int64_t pageSize = database.execAndGet("PRAGMA page_size").getInt64();
+    std::error_code error;
+    const std::uintmax_t size = fs::file_size(file, error);
+    if (error || size < static_cast<std::uintmax_t>(pages * pageSize))
+        throw SQLite::Exception("the file is cut off", SQLITE_CORRUPT);
+}
+
 /// Runs the body; a failure of the database becomes a sentence.
 template <typename Body>
 std::string Describe(const fs::path& file, Body&& body) {
@@ -42,21 +52,80 @@ std::string Describe(const fs::path& file, Body&& body) {
 
 class FileStore : public ChangeStore {
 public:
-    FileStore(SQLite::Database database, fs::path file) : database(std::move(database)), file(std::move(file)) {}
+    FileStore(SQLite::Database opened, fs::path file, const Model& model)
+        : database(std::move(opened)), file(std::move(file)), model(model), seenVersion(ReadDataVersion()) {}
 
     std::string Keep(const std::vector<Change>& changes) override {
-        return Describe(file, [&] {
-            SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+        return Transact([&] {
             for (const Change& change : changes)
                 WriteChange(database, change);
-            transaction.commit();
+            return true;
+        });
+    }
+
+    bool HasNews() override {
+        bool hasNews = false;
+        const std::string failure = Describe(file, [&] {
+            hasNews = ReadDataVersion() != seenVersion;
+            return std::string();
+        });
+        return failure.empty() && hasNews;
+    }
+
+    std::string Reload(Model& reloaded) override {
+        return Describe(file, [&] {
+            Model fresh;
+            SQLite::Transaction snapshot(database);
+            const int version = ReadDataVersion();
+            ReadModel(database, fresh);
+            reloaded = std::move(fresh);
+            seenVersion = version;
             return std::string();
         });
     }
 
+    std::string ChangeTeamwork(Model& changed, const std::function<bool()>& change) override {
+        const Model former = TakeTeamwork(changed);
+        std::string failure = Transact([&] {
+            ReadTeamwork(database, changed);
+            if (!change()) return false;
+            WriteTeamwork(database, changed);
+            return true;
+        });
+        if (!failure.empty()) PutTeamwork(former, changed);
+        return failure;
+    }
+
 private:
+    static Model TakeTeamwork(const Model& source) {
+        Model teamwork;
+        PutTeamwork(source, teamwork);
+        return teamwork;
+    }
+    static void PutTeamwork(const Model& source, Model& target) {
+        target.members = source.members;
+        target.reservations = source.reservations;
+        target.requests = source.requests;
+    }
+
+    /// Changes with every write of another connection.
+    int ReadDataVersion() { return database.execAndGet("PRAGMA data_version").getInt(); }
+
+    /// Runs the body and commits when it answers true.
+    template <typename Body>
+    std::string Transact(Body&& body) {
+        return Describe(file, [&] {
+            SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+            UpgradeFormat(database, model);
+            if (body()) transaction.commit();
+            return std::string();
+        });
+    }
+
     SQLite::Database database;
     fs::path file;
+    const Model& model; ///< of the project that owns this store
+    int seenVersion;
 };
 
 std::string ReplaceProject(const Project& project, const fs::path& file) {
@@ -64,6 +133,7 @@ std::string ReplaceProject(const Project& project, const fs::path& file) {
         SQLite::Database database = OpenDatabase(file, FileAccess::Existing);
         if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
         SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
+        UpgradeFormat(database, project.model);
         WriteModel(database, project.model);
         transaction.commit();
         return std::string();
@@ -102,6 +172,7 @@ std::string CreateProjectFile(const Project& project, const fs::path& file) {
         database.exec("PRAGMA application_id = " + std::to_string(ProjectFormat::ApplicationId));
         database.exec("PRAGMA user_version = " + std::to_string(ProjectFormat::Version));
         database.exec(ProjectFormat::CreateTables);
+        database.exec(ProjectFormat::CreateTablesOfVersion2);
         WriteModel(database, project.model);
         transaction.commit();
         return std::string();
@@ -129,9 +200,11 @@ OpenedProject OpenProjectFile(const fs::path& file, KeepChanges keep) {
         auto project = std::make_unique<Project>();
         {
             SQLite::Transaction snapshot(database);
+            RequireWholeFile(database, file);
             ReadModel(database, project->model);
         }
-        if (keep == KeepChanges::InFile) project->store = std::make_unique<FileStore>(std::move(database), file);
+        if (keep == KeepChanges::InFile)
+            project->store = std::make_unique<FileStore>(std::move(database), file, project->model);
         opened.project = std::move(project);
         return std::string();
     });

@@ -7,6 +7,7 @@
 
 namespace {
 
+using namespace workbench;
 using namespace workbench::cli;
 
 TEST(Text, TellsUtf8) {

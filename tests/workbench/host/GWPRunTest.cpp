@@ -96,13 +96,13 @@ TEST_F(GWPRunTest, WithoutSchemaEverythingIsZero) {
 }
 
 TEST_F(GWPRunTest, RunsOnTheFloorPlanAndComesBack) {
-    host.databases.current = host::DatabaseType::Model3D;
+    host.databases.ChangeCurrentDatabase({host::DatabaseType::Model3D, {}, {}});
     std::vector<host::DatabaseType> seen;
-    host.progress.observer = [&](const auto&) { seen.push_back(host.databases.current); };
+    host.progress.observer = [&](const auto&) { seen.push_back(host.databases.GetCurrent().type); };
     Run();
     ASSERT_FALSE(seen.empty());
     EXPECT_EQ(seen.front(), host::DatabaseType::FloorPlan);
-    EXPECT_EQ(host.databases.current, host::DatabaseType::Model3D);
+    EXPECT_EQ(host.databases.GetCurrent().type, host::DatabaseType::Model3D);
 }
 
 TEST_F(GWPRunTest, TellsItsProgressAboutTwentyTimes) {

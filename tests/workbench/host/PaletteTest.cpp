@@ -98,7 +98,7 @@ TEST_F(PaletteTest, OpensCalculatedAndLaidOut) {
 }
 
 TEST_F(PaletteTest, PlacingIsOffInThe3DWindow) {
-    host.databases.frontWindow = host::DatabaseType::Model3D;
+    host.databases.frontWindow.type = host::DatabaseType::Model3D;
     Toggle();
     EXPECT_FALSE(Item(PaletteItems::PlaceButton).isEnabled);
 }

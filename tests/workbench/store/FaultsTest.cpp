@@ -61,7 +61,7 @@ TEST(StoreFaults, ANewerFormatIsRefusedAndKept) {
     const test::Folder folder;
     const auto file = folder / "a.kvp";
     ASSERT_EQ(SaveProject(*test::MakeProject(3), file), "");
-    SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 2");
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec("PRAGMA user_version = 3");
     const std::string before = test::ReadAll(file);
     EXPECT_TRUE(Says(OpenFailure(file), "newer version"));
     EXPECT_TRUE(Says(SaveProject(*test::MakeProject(1), file), "newer version"));
