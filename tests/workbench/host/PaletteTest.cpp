@@ -1,65 +1,28 @@
 // The palette as a user meets it: through the loaded module, its menu command, its buttons and what it shows.
-#include "resources/ResourceData.h"
 #include "workbench/dialogs/RecordedContext.h"
-#include "workbench/host/Module.h"
 
-#include <gtest/gtest.h>
-
-#include "TestBuilding.h"
+#include "DrivenAddOn.h"
 
 namespace {
 
 using namespace ResourceIds;
 using lca::PropertyKey;
 
-class PaletteTest : public testing::Test {
-protected:
-    void SetUp() override {
-        ASSERT_EQ(module.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx"), "");
-        ASSERT_EQ(module.Start(), "");
-        host.OpenProject(test::MakeBuilding(), host::ProjectEvent::New);
-    }
-    workbench::Model& Model() { return host.GetProject()->model; }
-    void Toggle() { ASSERT_EQ(host.registration.ChooseMenu(Menus::Palette, 1), host::NoError); }
-    workbench::DialogState* Palette() { return host.openDialogs.FindByResource(PaletteDialog); }
-    workbench::ItemState& Item(std::int16_t item) { return *host.openDialogs.FindItem(Palette()->id, item); }
-    std::string Cell(int row, int column) {
-        return Item(PaletteItems::Table)
-            .list.rows.at(static_cast<std::size_t>(row - 1))
-            .cells.at(static_cast<std::size_t>(column - 1))
-            .text;
-    }
-    std::string MenuText() { return host.registration.GetMenus().front().itemText.value_or("?"); }
-    /// Sets a project default as the host's property manager would.
-    void SetDefault(PropertyKey key, host::Variant value) {
-        host::PropertyDefinition definition = test::FindByKey(Model(), key);
-        definition.defaultValue = std::move(value);
-        ASSERT_EQ(host.commands.Call("d", [&] { return host.properties.ChangeDefinition(definition); }), host::NoError);
-    }
-    void SetDoorGWP(double gwp) {
-        const std::vector<host::PropertyValue> values = {
-            test::ValueOf(Model(), PropertyKey::GWP, host::Variant::OfReal(gwp))};
-        ASSERT_EQ(host.commands.Call("e", [&] { return host.properties.WriteElementValues(test::GuidOf(3), values); }),
-                  host::NoError);
-    }
-
-    workbench::WorkbenchHost host;
-    workbench::Module module{host};
-};
+using PaletteTest = test::DrivenAddOn;
 
 TEST_F(PaletteTest, TheMenuCommandTogglesPaletteAndText) {
     EXPECT_EQ(module.GetEnvironment().addOnName, "Kelvarnix");
     EXPECT_EQ(module.GetEnvironment().addOnDescription, "Version: 26.07");
     EXPECT_TRUE(host.registration.IsKeptInMemory());
-    Toggle();
+    TogglePalette();
     ASSERT_NE(Palette(), nullptr);
     EXPECT_EQ(MenuText(), "Hide Palette");
-    Toggle();
+    TogglePalette();
     EXPECT_EQ(Palette(), nullptr);
     EXPECT_EQ(MenuText(), "Show Palette");
     EXPECT_EQ(host.registration.ChooseMenu(Menus::Palette, 2), host::NoError); // the title is no command
     EXPECT_EQ(Palette(), nullptr);
-    Toggle();
+    TogglePalette();
     host.dialogManager.RequestClose(Palette()->id);
     EXPECT_EQ(Palette(), nullptr);
     EXPECT_EQ(MenuText(), "Show Palette");
@@ -67,8 +30,8 @@ TEST_F(PaletteTest, TheMenuCommandTogglesPaletteAndText) {
 
 TEST_F(PaletteTest, OpensCalculatedAndLaidOut) {
     SetDoorGWP(100);
-    Toggle();
-    ASSERT_EQ(Item(PaletteItems::Table).list.rows.size(), 9U);
+    TogglePalette();
+    ASSERT_EQ(PaletteItem(PaletteItems::Table).list.rows.size(), 9U);
     EXPECT_EQ(Cell(1, 3) + Cell(1, 5) + Cell(1, 6) + Cell(1, 7) + Cell(1, 8),
               "(year)(%)(kg CO2-eq)(kg CO2-eq/m2)(kg CO2-eq/m2/a)");
     EXPECT_EQ(Cell(2, 2), "Operational energy use (B6)");
@@ -80,7 +43,7 @@ TEST_F(PaletteTest, OpensCalculatedAndLaidOut) {
     // 200 + 100 x (5 % x 2 + 10 % x 2 + 10 %)
     EXPECT_EQ(Cell(9, 6), "240.00");
     EXPECT_EQ(Cell(9, 3) + Cell(9, 5), "--");
-    const workbench::ListState& list = Item(PaletteItems::Table).list;
+    const workbench::ListState& list = PaletteItem(PaletteItems::Table).list;
     EXPECT_EQ(list.rows[0].status, host::RowStatus::NotSelectable);
     EXPECT_EQ(list.rows[8].style, host::TextStyle::Bold);
     EXPECT_TRUE(list.columns[0].ownerDrawn);
@@ -90,21 +53,21 @@ TEST_F(PaletteTest, OpensCalculatedAndLaidOut) {
     EXPECT_EQ(list.rows[5].cells[3].icon, host::StandardIcon::Checked);
     EXPECT_EQ(list.rows[4].cells[3].icon, host::StandardIcon::None);
     for (const std::int16_t hidden : {1, 2, 3, 4, 12})
-        EXPECT_FALSE(Item(hidden).isVisible) << hidden;
-    EXPECT_EQ(Item(PaletteItems::UpdateButton).icon, Icons::UpdateResults);
-    EXPECT_EQ(Item(PaletteItems::PieChart).background, (host::Colour{255, 255, 255}));
-    EXPECT_TRUE(Item(PaletteItems::PlaceButton).isEnabled);
-    EXPECT_EQ(Item(PaletteItems::LastUpdateTime).text.substr(0, 2), "20");
+        EXPECT_FALSE(PaletteItem(hidden).isVisible) << hidden;
+    EXPECT_EQ(PaletteItem(PaletteItems::UpdateButton).icon, Icons::UpdateResults);
+    EXPECT_EQ(PaletteItem(PaletteItems::PieChart).background, (host::Colour{255, 255, 255}));
+    EXPECT_TRUE(PaletteItem(PaletteItems::PlaceButton).isEnabled);
+    EXPECT_EQ(PaletteItem(PaletteItems::LastUpdateTime).text.substr(0, 2), "20");
 }
 
 TEST_F(PaletteTest, PlacingIsOffInThe3DWindow) {
     host.databases.frontWindow.type = host::DatabaseType::Model3D;
-    Toggle();
-    EXPECT_FALSE(Item(PaletteItems::PlaceButton).isEnabled);
+    TogglePalette();
+    EXPECT_FALSE(PaletteItem(PaletteItems::PlaceButton).isEnabled);
 }
 
 TEST_F(PaletteTest, UpdateResultsReadsTheModelAnew) {
-    Toggle();
+    TogglePalette();
     SetDoorGWP(100);
     SetDefault(PropertyKey::ServiceLife, host::Variant::OfInteger(100));
     EXPECT_EQ(Cell(4, 6), "0.00");
@@ -113,7 +76,7 @@ TEST_F(PaletteTest, UpdateResultsReadsTheModelAnew) {
 }
 
 TEST_F(PaletteTest, TheSelectedRowStaysSelected) {
-    Toggle();
+    TogglePalette();
     host.listSelection.Select(Palette()->id, PaletteItems::Table, 5);
     host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton);
     EXPECT_EQ(host.listSelection.ReadFirst(Palette()->id, PaletteItems::Table), 5);
@@ -121,7 +84,7 @@ TEST_F(PaletteTest, TheSelectedRowStaysSelected) {
 
 TEST_F(PaletteTest, AMissingServiceLifeIsToldWithTheTextsAsTheyStand) {
     SetDefault(PropertyKey::ElementLives, host::Variant::OfText("Doors=0;Windows=25;Inventory=30;Installations=25"));
-    Toggle();
+    TogglePalette();
     ASSERT_EQ(host.dialogManager.shownAlerts.size(), 1U);
     const host::Alert& alert = host.dialogManager.shownAlerts.front();
     EXPECT_EQ(alert.type, host::AlertType::Warning);
@@ -133,13 +96,13 @@ TEST_F(PaletteTest, AMissingServiceLifeIsToldWithTheTextsAsTheyStand) {
 
 TEST_F(PaletteTest, FixedValuesShowTheirIcon) {
     SetDefault(PropertyKey::Contribution, host::Variant::OfText("Inventory_contribution=0;Inventory_gwp=42"));
-    Toggle();
-    EXPECT_EQ(Item(PaletteItems::Table).list.rows[5].cells[3].icon, host::StandardIcon::Unchecked);
+    TogglePalette();
+    EXPECT_EQ(PaletteItem(PaletteItems::Table).list.rows[5].cells[3].icon, host::StandardIcon::Unchecked);
     EXPECT_EQ(Cell(6, 3) + Cell(6, 5) + Cell(6, 6), "--42.00");
 }
 
 TEST_F(PaletteTest, SwatchesHaveTheCategoriesColours) {
-    Toggle();
+    TogglePalette();
     workbench::RecordedContext context;
     for (const int row : {1, 3, 9})
         host.dialogManager.DrawCell(Palette()->id, PaletteItems::Table, row, 1, context);
@@ -148,35 +111,35 @@ TEST_F(PaletteTest, SwatchesHaveTheCategoriesColours) {
 }
 
 TEST_F(PaletteTest, SettingsButtonShowsWhoHoldsTheSettings) {
-    Toggle();
-    EXPECT_EQ(Item(PaletteItems::SettingsButton).icon, 0); // not shared
-    Toggle();
+    TogglePalette();
+    EXPECT_EQ(PaletteItem(PaletteItems::SettingsButton).icon, 0); // not shared
+    TogglePalette();
     Model().members = {{1, "anna", "Anna"}, {2, "ben", ""}};
     host.access.userId = 1;
     for (const auto& [holder, icon] : std::vector<std::pair<int, int>>{{0, 32694}, {1, 32695}, {2, 32693}}) {
         Model().reservations.clear();
         if (holder != 0) Model().reservations = {{"ClassificationsAndProperties", static_cast<std::int16_t>(holder)}};
-        Toggle();
-        EXPECT_EQ(Item(PaletteItems::SettingsButton).icon, icon);
-        Toggle();
+        TogglePalette();
+        EXPECT_EQ(PaletteItem(PaletteItems::SettingsButton).icon, icon);
+        TogglePalette();
     }
 }
 
 TEST_F(PaletteTest, ResizingMovesAndGrowsAndNeverBelowTheMinimum) {
-    Toggle();
+    TogglePalette();
     host.dialogManager.Resize(Palette()->id, {1000, 650});
-    EXPECT_EQ(Item(PaletteItems::UpdateButton).rectangle, (host::Rectangle{680, 620, 150, 22}));
-    EXPECT_EQ(Item(PaletteItems::PieChart).rectangle, (host::Rectangle{10, 260, 375, 330}));
-    EXPECT_EQ(Item(PaletteItems::BarChart).rectangle, (host::Rectangle{395, 260, 595, 330}));
-    const workbench::ListState& list = Item(PaletteItems::Table).list;
+    EXPECT_EQ(PaletteItem(PaletteItems::UpdateButton).rectangle, (host::Rectangle{680, 620, 150, 22}));
+    EXPECT_EQ(PaletteItem(PaletteItems::PieChart).rectangle, (host::Rectangle{10, 260, 375, 330}));
+    EXPECT_EQ(PaletteItem(PaletteItems::BarChart).rectangle, (host::Rectangle{395, 260, 595, 330}));
+    const workbench::ListState& list = PaletteItem(PaletteItems::Table).list;
     EXPECT_GT(list.columns.back().place.end, 900);
     EXPECT_LE(list.columns.back().place.end, 980);
     host.dialogManager.Resize(Palette()->id, {10, 10});
-    EXPECT_GE(Item(PaletteItems::PieChart).rectangle.height, 18);
+    EXPECT_GE(PaletteItem(PaletteItems::PieChart).rectangle.height, 18);
 }
 
 TEST_F(PaletteTest, UnloadingClosesThePalette) {
-    Toggle();
+    TogglePalette();
     module.Unload();
     EXPECT_EQ(Palette(), nullptr);
     EXPECT_TRUE(host.registration.GetMenus().empty());

@@ -1,6 +1,7 @@
-// Projects for the store's tests, and a model as text, so that two can be compared whole.
+// Projects for the store's tests.
 #pragma once
 
+#include "../ModelText.h"
 #include "workbench/model/NewProject.h"
 #include "workbench/store/ProjectFile.h"
 
@@ -8,7 +9,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace test {
 
@@ -37,75 +37,6 @@ inline std::string ReadAll(const std::filesystem::path& file) {
 
 inline void WriteAll(const std::filesystem::path& file, const std::string& content) {
     std::ofstream(file, std::ios::binary) << content;
-}
-
-inline std::string Describe(const host::Variant& value) {
-    std::ostringstream text;
-    text << static_cast<int>(value.type) << ":" << value.integer << ":" << value.real << ":" << value.boolean << ":"
-         << value.text << ":" << host::WriteGuid(value.guid);
-    return text.str();
-}
-
-/// Everything that a project file keeps, in the model's order.
-inline std::string Describe(const workbench::Model& model) {
-    std::ostringstream text;
-    text.precision(17);
-    for (const auto& layer : model.GetLayers())
-        text << "layer " << layer.index.value << " " << layer.name << "\n";
-    for (const auto& pen : model.GetPens())
-        text << "pen " << pen.index.value << " " << pen.shade[0] << " " << pen.shade[1] << " " << pen.shade[2] << "\n";
-    for (const auto& fill : model.GetFills()) {
-        text << "fill " << fill.index.value << " " << fill.name;
-        for (const int byte : fill.pattern)
-            text << " " << byte;
-        text << "\n";
-    }
-    for (const auto& surface : model.GetSurfaces())
-        text << "surface " << surface.index.value << " " << surface.name << " " << surface.shade[1] << "\n";
-    for (const auto& one : model.GetBuildingMaterials())
-        text << "material " << one.index.value << " " << one.name << " " << one.id << " " << one.densityKgM3 << " "
-             << one.cutFill.value << " " << one.cutFillPen << " " << one.cutFillBackgroundPen << " "
-             << one.cutSurface.value << "\n";
-    for (const auto& element : model.GetElements()) {
-        text << "element " << host::WriteGuid(element.guid) << " " << static_cast<int>(element.type) << " "
-             << element.layer.value << " " << host::WriteGuid(element.classification) << " " << element.name << " "
-             << element.kind << " " << element.openingAreaM2;
-        for (const auto& part : model.GetComponents(element))
-            text << " [" << part.buildingMaterial.value << " " << part.volumeM3 << " " << part.areaM2 << "]";
-        text << "\n";
-    }
-    for (const auto& group : model.GetGroups())
-        text << "group " << host::WriteGuid(group.guid) << " " << group.name << "\n";
-    for (const auto& one : model.GetDefinitions()) {
-        text << "definition " << host::WriteGuid(one.guid) << host::WriteGuid(one.group) << one.name << one.description
-             << static_cast<int>(one.valueType) << static_cast<int>(one.collection) << one.editable
-             << Describe(one.defaultValue);
-        for (const auto& item : one.availability)
-            text << " at " << host::WriteGuid(item);
-        for (const auto& option : one.options)
-            text << " option " << host::WriteGuid(option.key) << option.text;
-        text << "\n";
-    }
-    for (const auto& system : model.GetSystems())
-        text << "system " << host::WriteGuid(system.guid) << system.name << system.version << system.date.year << "-"
-             << system.date.month << "-" << system.date.day << "\n";
-    for (const auto& item : model.GetItems())
-        text << "item " << host::WriteGuid(item.item.guid) << item.item.id << item.item.name
-             << host::WriteGuid(item.system) << host::WriteGuid(item.parent) << "\n";
-    for (const auto& one : model.GetMaterialClassifications())
-        text << "classified " << one.material.value << " " << host::WriteGuid(one.item) << "\n";
-    for (const auto& [material, values] : model.GetMaterialValues())
-        for (const auto& [definition, value] : values)
-            text << "value " << material.value << host::WriteGuid(definition) << Describe(value) << "\n";
-    for (std::uint32_t i = 0; i < model.GetElements().size(); ++i)
-        if (const auto* values = model.FindElementValues(i))
-            for (const auto& [definition, value] : *values)
-                text << "element value " << i << host::WriteGuid(definition) << Describe(value) << "\n";
-    for (const auto& member : model.members)
-        text << "member " << member.userId << member.login << member.fullName << "\n";
-    for (const auto& one : model.reservations)
-        text << "reservation " << one.lockableSet << one.userId << "\n";
-    return text.str();
 }
 
 /// A project with at least one row of every kind.
@@ -159,6 +90,21 @@ inline std::unique_ptr<workbench::Project> MakeProject(int elements) {
     }
     model.members = {{1, "anna", "Anna Größe"}, {2, "ben", ""}};
     model.reservations = {{"BuildingMaterials", 2}};
+    model.requests = {{"BuildingMaterials", 1}};
+    model.favourites = {
+        {"Größe 2 \"x\"", true, model.libraryParts[0].identifier, 0.5, 2, 3, model.libraryParts[0].parameters},
+        {"Door", false, "", 0, 1, 1, {}}};
+    PlacedObject object{host::CreateGuid(),
+                        model.databases[1].guid,
+                        model.libraryParts[1].identifier,
+                        {1.5, -2},
+                        0.1,
+                        1,
+                        1,
+                        model.libraryParts[1].parameters};
+    object.parameters[0].textArray = u"LCA \u00e9\0\xd83c\xdfe0\0"; // an accent and a house
+    object.parameters[2].realArray = {1.0 / 3, -0.0, 1e300};
+    model.Apply({{}, object});
     return project;
 }
 
