@@ -6,10 +6,15 @@ namespace workbench {
 
 namespace {
 
+/// Length of the first of an identifier pair. The second is the revision: any of a part's revisions stands for it.
+constexpr std::size_t MainIdentifierLength = 38;
+
 /// An index of 0 where the part is not loaded.
 host::LibraryPartIndex FindPart(const Model& model, const std::string& identifier) {
+    const std::string main = identifier.substr(0, MainIdentifierLength);
     for (std::size_t i = 0; i < model.libraryParts.size(); ++i)
-        if (model.libraryParts[i].identifier == identifier) return {static_cast<std::int32_t>(i + 1)};
+        if (model.libraryParts[i].identifier.substr(0, MainIdentifierLength) == main)
+            return {static_cast<std::int32_t>(i + 1)};
     return {};
 }
 

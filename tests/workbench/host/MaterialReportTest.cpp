@@ -162,6 +162,9 @@ TEST_F(MaterialReportTest, PlacesWithTheDefaultsOrAFavourite) {
     Place(3);
     ASSERT_EQ(Model().GetPlacedObjects().size(), 2U);
     EXPECT_EQ(Model().GetPlacedObjects()[1].xRatio, 2);
+    Place(2);
+    EXPECT_EQ(Model().GetPlacedObjects().size(), 3U);
+    ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
     EXPECT_EQ(Parameter(Model().GetPlacedObjects()[1].guid, "addon_update").real, 0);
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
