@@ -37,4 +37,28 @@ TEST(MaterialGWP, WritesWhatItReads) {
     EXPECT_EQ(lca::EncodeMaterialGWP(lca::DecodeMaterialGWP("")), "");
 }
 
+struct PhaseCase {
+    const char* text;
+    const char* phase;
+    double read;
+    const char* afterSetting2;
+};
+
+TEST(MaterialGWP, ReadsAndSetsOnePhase) {
+    const PhaseCase cases[] = {
+        {"", "C3", 0, "C3=2"},
+        {"241", "A1-A3", 241, "A1-A3=2"},     // a plain number belongs to the first used phase
+        {"0,68", "C3", 0, "A1-A3=0,68;C3=2"}, // and is kept there as it was typed
+        {"A1-A3=1;B6=9;C3=4", "C3", 4, "A1-A3=1;B6=9;C3=2"},
+        {"C3=4;x;A1-A3=1", "D", 0, "C3=4;x;A1-A3=1;D=2"}, // what cannot be read stays
+        {"C3=4;C3=5;D=1", "C3", 5, "C3=2;D=1"},
+        {"12 kg", "C3", 0, "12 kg;C3=2"},
+        {"C3=abc", "C3", 0, "C3=2"},
+    };
+    for (const PhaseCase& one : cases) {
+        EXPECT_EQ(lca::GetPhaseGWP(lca::DecodeMaterialGWP(one.text), one.phase, "A1-A3"), one.read) << one.text;
+        EXPECT_EQ(lca::SetPhaseGWP(one.text, one.phase, "A1-A3", 2), one.afterSetting2) << one.text;
+    }
+}
+
 } // namespace

@@ -48,4 +48,21 @@ TEST(WriteDecimal, IsPlainAndReadsBack) {
     }
 }
 
+TEST(WriteFixed, RoundsAndDropsTheSignOfZero) {
+    const struct {
+        double value;
+        const char* text;
+    } cases[] = {{0, "0.000"},
+                 {-0.0, "0.000"},
+                 {-0.0004, "0.000"},
+                 {-0.0006, "-0.001"},
+                 {1.0005, "1.000"},
+                 {2.0625, "2.062"},
+                 {99999.9996, "100000.000"},
+                 {-12.5, "-12.500"},
+                 {1e21, "1000000000000000000000.000"}};
+    for (const auto& one : cases)
+        EXPECT_EQ(lca::WriteFixed(one.value, 3), one.text);
+}
+
 } // namespace
