@@ -37,6 +37,8 @@ public:
     virtual ~NativeContext() = default;
 
     virtual void FillRectangle(double left, double top, double right, double bottom, const Colour& colour) = 0;
+    /// Lines one pixel wide; those at right and bottom begin there, so that the frame surrounds what is filled up to
+    /// them.
     virtual void FrameRectangle(double left, double top, double right, double bottom, const Colour& colour) = 0;
     /// Draws the image with its top-left pixel at the place, one image pixel a pixel.
     virtual void DrawImage(const NativeImage& image, double left, double top) = 0;

@@ -1,0 +1,38 @@
+// Drawing as pixels: the host's drawing calls painted into an image that can be written as a file.
+#pragma once
+
+#include "host/Drawing.h"
+
+#include <memory>
+#include <string>
+
+class QImage;
+class QPainter;
+
+namespace workbench {
+
+class PaintedContext : public host::NativeContext {
+public:
+    /// A white image of so many drawing pixels, each `scale` image pixels wide and high.
+    PaintedContext(int width, int height, double scale);
+    ~PaintedContext() override;
+    PaintedContext(const PaintedContext&) = delete;
+    PaintedContext& operator=(const PaintedContext&) = delete;
+
+    void FillRectangle(double left, double top, double right, double bottom, const host::Colour& colour) override;
+    void FrameRectangle(double left, double top, double right, double bottom, const host::Colour& colour) override;
+    void DrawImage(const host::NativeImage& image, double left, double top) override;
+
+    /// What is drawn from now on lies so many pixels further right and down, as a cell lies in its list.
+    void SetOrigin(double left, double top);
+    host::Colour GetPixel(int x, int y) const;
+    /// The file name's extension tells the format (.png, .jpg). False when it cannot be written.
+    [[nodiscard]] bool WritePicture(const std::string& path) const;
+
+private:
+    std::unique_ptr<QImage> image;
+    std::unique_ptr<QPainter> painter;
+    double scale;
+};
+
+} // namespace workbench
