@@ -165,6 +165,27 @@ TEST_F(PaletteEditingTest, SettingsButtonOpensTheSettings) {
     EXPECT_TRUE(Press(SettingsButton));
     EXPECT_EQ(Cell(Doors, 6), "4000.00");
     EXPECT_EQ(Default(PropertyKey::ServiceLife).integer, 100);
+    ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
+    Press(UpdateButton);
+    EXPECT_EQ(Cell(Doors, 6), "2000.00");
+}
+
+TEST_F(PaletteEditingTest, MaterialsCountFromTheNextUpdateAndUndoTakesThemBack) {
+    const std::string before = Cell(9, 6);
+    host.dialogManager.modalUser = [&](host::DialogId opened) {
+        using namespace BuildingMaterialsItems;
+        host.dialogManager.SelectRows(opened, MaterialList, {1});
+        host.dialogManager.SelectRows(opened, PhaseList, {1});
+        host.dialogManager.TypeIntoCell(opened, PhaseList, 2, "100");
+        host.dialogManager.Press(opened, OkButton);
+    };
+    ASSERT_EQ(host.registration.ChooseMenu(Menus::BuildingMaterials, 1), host::NoError);
+    EXPECT_EQ(Cell(3, 6), "0.00");
+    Press(UpdateButton);
+    EXPECT_EQ(Cell(3, 6), "200.00"); // 2 m3 of concrete
+    ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
+    Press(UpdateButton);
+    EXPECT_EQ(Cell(9, 6), before);
 }
 
 TEST_F(PaletteEditingTest, PlacingFollowsTheFrontWindow) {
