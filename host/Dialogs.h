@@ -88,7 +88,11 @@ public:
     /// Of an icon item or of a button that carries an icon; `icon` is an icon resource of the add-on.
     virtual void SetIcon(DialogId dialog, std::int16_t item, std::int16_t icon) = 0;
     virtual void SetBackground(DialogId dialog, std::int16_t item, const Colour& colour) = 0;
+    /// A user item gets UserItemUpdate before the call returns.
     virtual void Redraw(DialogId dialog, std::int16_t item) = 0;
+    /// Of lists and user items: off while much changes. Switching it on again draws a list; a user item waits for
+    /// Redraw.
+    virtual void EnableDrawing(DialogId dialog, std::int16_t item, bool enabled) = 0;
 };
 
 /// Values of edits, check boxes and pop-ups.
@@ -174,8 +178,6 @@ public:
     virtual void SetUserData(DialogId dialog, std::int16_t item, std::int32_t row, std::int32_t value) = 0;
     virtual void SetStatus(DialogId dialog, std::int16_t item, std::int32_t row, RowStatus status) = 0;
     virtual void SetStyle(DialogId dialog, std::int16_t item, std::int32_t row, TextStyle style) = 0;
-    /// Off while many rows change; on again redraws.
-    virtual void EnableDrawing(DialogId dialog, std::int16_t item, bool enabled) = 0;
 };
 
 /// Cells of a list box by row and column.

@@ -1,4 +1,5 @@
-// Role: drawing into a cell or user item of a dialog. Coordinates are pixels from the area's top-left corner.
+// Roles: drawing into a cell or user item of a dialog, and measuring what is drawn. Coordinates are pixels from the
+// area's top-left corner, angles radians from the positive x axis towards the positive y axis.
 #pragma once
 
 #include "host/Values.h"
@@ -32,6 +33,23 @@ private:
     std::vector<Colour> pixels; ///< row by row from the top
 };
 
+/// A text in the dialogs' small font.
+struct BoxedText {
+    std::string text;
+    double left = 0.0;
+    double top = 0.0;
+    double right = 0.0;
+    double bottom = 0.0;
+};
+
+struct SlantedText {
+    std::string text;
+    double x = 0.0; ///< where the text begins
+    double y = 0.0;
+    double angle = 0.0;
+    double maximumWidth = 0.0; ///< what is longer goes on in a further line
+};
+
 class NativeContext {
 public:
     virtual ~NativeContext() = default;
@@ -42,6 +60,21 @@ public:
     virtual void FrameRectangle(double left, double top, double right, double bottom, const Colour& colour) = 0;
     /// Draws the image with its top-left pixel at the place, one image pixel a pixel.
     virtual void DrawImage(const NativeImage& image, double left, double top) = 0;
+    /// The area between two radii and their arc.
+    virtual void FillSector(double centreX, double centreY, double radius, double startAngle, double sweep,
+                            const Colour& colour) = 0;
+    /// Centred in the box both ways, also where it is larger than the box.
+    virtual void DrawText(const BoxedText& text, const Colour& colour) = 0;
+    virtual void DrawSlantedText(const SlantedText& text, const Colour& colour) = 0;
+};
+
+/// Of the dialogs' small font, in pixels.
+class TextMeasuring {
+public:
+    virtual ~TextMeasuring() = default;
+
+    virtual double MeasureWidth(const std::string& text) = 0;
+    virtual double ReadCapitalHeight() = 0;
 };
 
 } // namespace host

@@ -25,6 +25,7 @@ class ListCells;
 class ListSelection;
 class Alerts;
 class UserInput;
+class TextMeasuring;
 
 class Host {
 public:
@@ -51,6 +52,7 @@ public:
     virtual ListSelection& GetListSelection() = 0;
     virtual Alerts& GetAlerts() = 0;
     virtual UserInput& GetUserInput() = 0;
+    virtual TextMeasuring& GetTextMeasuring() = 0;
 };
 
 } // namespace host

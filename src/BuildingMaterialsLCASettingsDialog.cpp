@@ -191,7 +191,7 @@ void BuildingMaterialsLCASettingsDialog::FillMaterials() {
     host::Resources& resources = GetHost().GetResources();
     const std::string filter = resources.ToLowerCase(items.ReadText(GetDialog(), FilterEdit));
     host::ListRows& rows = GetHost().GetListRows();
-    rows.EnableDrawing(GetDialog(), MaterialList, false);
+    GetHost().GetDialogItems().EnableDrawing(GetDialog(), MaterialList, false);
     rows.DeleteAll(GetDialog(), MaterialList);
     for (std::size_t i = 0; i < records.GetCount(); ++i) {
         const host::BuildingMaterial& material = records.GetMaterial(i);
@@ -201,7 +201,7 @@ void BuildingMaterialsLCASettingsDialog::FillMaterials() {
         GetHost().GetListCells().SetText(GetDialog(), MaterialList, row, NameColumn, material.name);
         GetHost().GetListCells().SetText(GetDialog(), MaterialList, row, IdColumn, material.id);
     }
-    rows.EnableDrawing(GetDialog(), MaterialList, true);
+    GetHost().GetDialogItems().EnableDrawing(GetDialog(), MaterialList, true);
 }
 
 void BuildingMaterialsLCASettingsDialog::RefillMaterials() {
@@ -224,7 +224,7 @@ void BuildingMaterialsLCASettingsDialog::FillPhases(Fill fill) {
     host::ListCells& cells = GetHost().GetListCells();
     const std::int32_t selectedPhase = GetHost().GetListSelection().ReadFirst(GetDialog(), PhaseList);
     const std::optional<std::size_t> selected = FindFirstSelected();
-    rows.EnableDrawing(GetDialog(), PhaseList, false);
+    GetHost().GetDialogItems().EnableDrawing(GetDialog(), PhaseList, false);
     if (fill == Fill::Rows) rows.DeleteAll(GetDialog(), PhaseList);
     std::int32_t row = 0;
     for (const std::string& phase : workingCopy.usedPhases) {
@@ -241,7 +241,7 @@ void BuildingMaterialsLCASettingsDialog::FillPhases(Fill fill) {
     }
     if (fill == Fill::Rows && selectedPhase > 0)
         GetHost().GetListSelection().Select(GetDialog(), PhaseList, selectedPhase);
-    rows.EnableDrawing(GetDialog(), PhaseList, true);
+    GetHost().GetDialogItems().EnableDrawing(GetDialog(), PhaseList, true);
 }
 
 void BuildingMaterialsLCASettingsDialog::ShowFirstSelected(const MaterialPhaseValues& values) {

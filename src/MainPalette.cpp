@@ -19,6 +19,7 @@ namespace {
 using namespace ResourceIds;
 
 constexpr host::Colour White{255, 255, 255};
+constexpr std::int16_t Charts[] = {PaletteItems::PieChart, PaletteItems::BarChart};
 constexpr std::uint32_t TimeFormatFlags = 528; ///< date and time, as the host's formatter numbers them
 
 struct PaletteAnchor {
@@ -50,7 +51,7 @@ std::int16_t GetSettingsIcon(host::LockableStatus status) {
 
 MainPalette::MainPalette(host::Host& host)
     : CDialogBase(host, PaletteDialog, "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}"), anchoring(host), table(host),
-      editors(host) {}
+      editors(host), charts(host) {}
 
 void MainPalette::Open() {
     OpenAsPalette();
@@ -86,6 +87,9 @@ std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int1
             table.DrawSwatch(data, typeColors);
         }
         break;
+    case host::DialogMessage::UserItemUpdate:
+        DrawChart(item, data);
+        break;
     case host::DialogMessage::Resize:
         Resize();
         break;
@@ -103,13 +107,13 @@ std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int1
 }
 
 void MainPalette::Initialise() {
-    RebuildBarEntries();
+    charts.RebuildBarEntries(results, owner->projectData);
     SetMenuText(PaletteCommand::Hide);
     CollectElementGWP();
     UpdateSettingsButtonIcon();
     RegisterAnchors();
     host::DialogItems& items = GetHost().GetDialogItems();
-    for (const std::int16_t chart : {PaletteItems::PieChart, PaletteItems::BarChart})
+    for (const std::int16_t chart : Charts)
         items.SetBackground(GetDialog(), chart, White);
     for (const std::int16_t hidden :
          {PaletteItems::ServiceLifeEdit, PaletteItems::PercentageEdit, PaletteItems::FixedGwpEdit,
@@ -131,13 +135,18 @@ void MainPalette::RegisterAnchors() {
 
 void MainPalette::Resize() {
     host::Dialogs& dialogs = GetHost().GetDialogs();
+    host::DialogItems& items = GetHost().GetDialogItems();
     dialogs.BeginMoveGrow(GetDialog());
+    for (const std::int16_t chart : Charts)
+        items.EnableDrawing(GetDialog(), chart, false);
     anchoring.Apply(GetDialog());
+    for (const std::int16_t chart : Charts)
+        items.EnableDrawing(GetDialog(), chart, true);
     dialogs.EndMoveGrow(GetDialog());
     table.LayOutColumns();
     General::FitListEditors(GetHost(), GetDialog(), PaletteItems::Table);
-    for (const std::int16_t chart : {PaletteItems::PieChart, PaletteItems::BarChart})
-        GetHost().GetDialogItems().Redraw(GetDialog(), chart);
+    for (const std::int16_t chart : Charts)
+        items.Redraw(GetDialog(), chart);
 }
 
 void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) {
@@ -153,6 +162,9 @@ void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) 
         break;
     case PaletteItems::MaterialReportButton:
         RunMaterialReport(*owner);
+        break;
+    case PaletteItems::PlaceButton:
+        PlaceResultReport();
         break;
     default:
         break;
@@ -214,10 +226,35 @@ void MainPalette::CollectElementGWP() {
 void MainPalette::UpdateResults() {
     CollectElementGWP();
     RebuildTable(Rebuild::AllRows);
-    const std::vector<MaterialReportRow> report = BuildMaterialReport(GetHost(), owner->materialSums);
+    UpdatePlacedReports();
+}
+
+/// The charts have been drawn by now, so that the lists behind them are those of the new results.
+void MainPalette::UpdatePlacedReports() {
+    const std::vector<MaterialReportRow> materials = BuildMaterialReport(GetHost(), owner->materialSums);
     UpdateReportObjects(GetHost(), MaterialReportObject, [&](ObjectParameters& parameters) {
-        FillMaterialReport(GetHost(), report, owner->lastCalculationText, parameters);
+        FillMaterialReport(GetHost(), materials, owner->lastCalculationText, parameters);
     });
+    const ResultReport report = BuildResultReport();
+    UpdateReportObjects(GetHost(), ResultReportObject,
+                        [&](ObjectParameters& parameters) { FillResultReportParameters(report, parameters); });
+}
+
+void MainPalette::PlaceResultReport() {
+    const ResultReport report = BuildResultReport();
+    PlaceReportObject(GetHost(), ResultReportObject, {},
+                      [&](ObjectParameters& parameters) { FillResultReportParameters(report, parameters); });
+}
+
+ResultReport MainPalette::BuildResultReport() const {
+    host::DialogItems& items = GetHost().GetDialogItems();
+    return {{items.ReadText(GetDialog(), PaletteItems::ElementsLabel),
+             items.ReadText(GetDialog(), PaletteItems::PieLabel), items.ReadText(GetDialog(), PaletteItems::BarLabel)},
+            tableText,
+            typeColors,
+            charts.GetPieValues(),
+            charts.GetBarEntries(),
+            lastUpdateText};
 }
 
 void MainPalette::RebuildTable(Rebuild mode) {
@@ -239,12 +276,10 @@ void MainPalette::UpdateSettingsButtonIcon() {
                                        GetSettingsIcon(ReadPropertiesStatus(GetHost())));
 }
 
-void MainPalette::RebuildBarEntries() {
-    barEntries.clear();
-    for (const lca::Standard& standard : owner->projectData.standards)
-        barEntries.emplace_back(standard.name, standard.limit);
-    barEntries.emplace_back(ReadText(GetHost(), Report::ActualImpact),
-                            lca::GetTotalInUnit(results, owner->projectData.standardsUnit));
+void MainPalette::DrawChart(std::int16_t item, const host::DialogMessageData& data) {
+    if (data.context == nullptr) return;
+    if (item == PaletteItems::PieChart) charts.DrawPieChart(*data.context, data.area, results, owner->projectData);
+    if (item == PaletteItems::BarChart) charts.DrawBarChart(*data.context, data.area, results, owner->projectData);
 }
 
 void MainPalette::OnActiveWindowChanged() {

@@ -4,6 +4,8 @@
 
 #include "src/PaletteEditors.h"
 #include "src/PaletteTable.h"
+#include "src/ResultCharts.h"
+#include "src/ResultReport.h"
 
 #include "General/DialogBase.h"
 #include "General/ResizeAnchoring.h"
@@ -12,7 +14,6 @@
 #include "resources/ResourceIds.h"
 
 #include <string>
-#include <utility>
 #include <vector>
 
 class AddOnContext;
@@ -50,6 +51,7 @@ public:
     const std::vector<std::string>& GetTableText() const { return tableText; }
     const std::vector<double>& GetTypeColours() const { return typeColors; }
     const std::string& GetLastUpdateText() const { return lastUpdateText; }
+    const ResultCharts& GetCharts() const { return charts; }
 
 protected:
     std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
@@ -64,7 +66,10 @@ private:
     void PickCategoryColour(std::int32_t row);
     void TakeEdit(std::int16_t editor);
     void SaveRecord();
-    void RebuildBarEntries();
+    void DrawChart(std::int16_t item, const host::DialogMessageData& data);
+    void PlaceResultReport();
+    ResultReport BuildResultReport() const;
+    void UpdatePlacedReports();
     void SetMenuText(ResourceIds::StringId text);
     void WarnOfServiceLives();
 
@@ -77,5 +82,5 @@ private:
     std::string lastUpdateText; ///< shown after "Last update from Archicad:"; empty until the first rebuild
     std::vector<std::string> tableText;
     std::vector<double> typeColors;
-    std::vector<std::pair<std::string, double>> barEntries; ///< the standards' thresholds, then the actual impact
+    ResultCharts charts;
 };

@@ -120,7 +120,7 @@ void MaterialCO2ReportDialog::LayOutTable() {
 void MaterialCO2ReportDialog::FillTable() {
     host::ListRows& list = GetHost().GetListRows();
     host::ListCells& cells = GetHost().GetListCells();
-    list.EnableDrawing(GetDialog(), Table, false);
+    GetHost().GetDialogItems().EnableDrawing(GetDialog(), Table, false);
     list.DeleteAll(GetDialog(), Table);
     for (std::size_t i = 0; i < rows.size(); ++i) {
         const MaterialReportRow& row = rows[i];
@@ -136,7 +136,7 @@ void MaterialCO2ReportDialog::FillTable() {
         cells.SetStyle(GetDialog(), Table, inserted, GwpColumn,
                        isMaterial ? host::TextStyle::Plain : host::TextStyle::Bold);
     }
-    list.EnableDrawing(GetDialog(), Table, true);
+    GetHost().GetDialogItems().EnableDrawing(GetDialog(), Table, true);
 }
 
 void MaterialCO2ReportDialog::FillFavourites() {

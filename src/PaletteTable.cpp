@@ -102,10 +102,9 @@ lca::TableLabels PaletteTable::GetLabels() const {
 
 void PaletteTable::Show(const std::vector<std::string>& tableText, const lca::LCAProjectData& record,
                         bool insertsRows) {
-    host::ListRows& rows = host.GetListRows();
     host::ListSelection& selection = host.GetListSelection();
     const std::int32_t selected = selection.ReadFirst(palette, PaletteItems::Table);
-    rows.EnableDrawing(palette, PaletteItems::Table, false);
+    host.GetDialogItems().EnableDrawing(palette, PaletteItems::Table, false);
     if (insertsRows) InsertRows();
     // The table text begins with the headers, which the list shows as headers.
     for (std::size_t i = lca::TableColumns; i < tableText.size(); ++i)
@@ -114,7 +113,7 @@ void PaletteTable::Show(const std::vector<std::string>& tableText, const lca::LC
          {lca::ElementCategory::Inventory, lca::ElementCategory::Installations, lca::ElementCategory::BuildingProcess})
         ShowPercentageMode(category, record);
     if (selected > 0) selection.Select(palette, PaletteItems::Table, selected);
-    rows.EnableDrawing(palette, PaletteItems::Table, true);
+    host.GetDialogItems().EnableDrawing(palette, PaletteItems::Table, true);
 }
 
 std::optional<lca::ElementCategory> PaletteTable::FindCategory(std::int32_t row) {

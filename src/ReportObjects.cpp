@@ -78,6 +78,10 @@ const ReportObjectKind MaterialReportObject = {
     Alerts::MaterialReportObjectMissing, Palette::PlaceMaterialReportPrompt, Palette::PlaceMaterialReportCommand,
     Palette::UpdateMaterialReportsCommand};
 
+const ReportObjectKind ResultReportObject = {
+    "{BFD2234E-6658-4AC6-9F8E-667246531455}-{3380CEB5-E9DA-4725-AC37-2CCA427100AA}", Alerts::ResultReportObjectMissing,
+    Palette::PlaceResultReportPrompt, Palette::PlaceResultReportCommand, Palette::UpdateResultReportsCommand};
+
 void SetTextArray(ObjectParameters& parameters, const std::string& name, const std::vector<std::string>& texts) {
     host::ObjectParameter* parameter = FindParameter(parameters, name, host::ParameterKind::Text, true);
     if (parameter == nullptr) return;

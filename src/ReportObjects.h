@@ -31,6 +31,7 @@ struct ReportObjectKind {
 };
 
 extern const ReportObjectKind MaterialReportObject;
+extern const ReportObjectKind ResultReportObject;
 
 /// Places one object with the favourite's element and parameters, or the part's defaults where the name is empty or
 /// unknown. A missing part is told in an alert; a cancelled click places nothing.

@@ -168,6 +168,7 @@ public:
     void SetIcon(host::DialogId, std::int16_t, std::int16_t) override {}
     void SetBackground(host::DialogId, std::int16_t, const host::Colour&) override {}
     void Redraw(host::DialogId, std::int16_t) override {}
+    void EnableDrawing(host::DialogId, std::int16_t, bool) override {}
 };
 
 class NullItemValues : public host::ItemValues {
@@ -209,7 +210,6 @@ public:
     void SetUserData(host::DialogId, std::int16_t, std::int32_t, std::int32_t) override {}
     void SetStatus(host::DialogId, std::int16_t, std::int32_t, host::RowStatus) override {}
     void SetStyle(host::DialogId, std::int16_t, std::int32_t, host::TextStyle) override {}
-    void EnableDrawing(host::DialogId, std::int16_t, bool) override {}
 };
 
 class NullListCells : public host::ListCells {
@@ -242,6 +242,12 @@ public:
     void WriteReport(const std::string&) override {}
 };
 
+class NullTextMeasuring : public host::TextMeasuring {
+public:
+    double MeasureWidth(const std::string&) override { return 0.0; }
+    double ReadCapitalHeight() override { return 0.0; }
+};
+
 /// Each role can be replaced by one of the test's own, which must outlive the host.
 class NullHost : public host::Host {
 public:
@@ -266,6 +272,7 @@ public:
     host::ListSelection& GetListSelection() override { return *listSelection; }
     host::Alerts& GetAlerts() override { return *alerts; }
     host::UserInput& GetUserInput() override { return *userInput; }
+    host::TextMeasuring& GetTextMeasuring() override { return *textMeasuring; }
 
 private:
     NullRegistration nullRegistration;
@@ -289,6 +296,7 @@ private:
     NullListSelection nullListSelection;
     NullAlerts nullAlerts;
     NullUserInput nullUserInput;
+    NullTextMeasuring nullTextMeasuring;
 
 public:
     host::Registration* registration = &nullRegistration;
@@ -312,6 +320,7 @@ public:
     host::ListSelection* listSelection = &nullListSelection;
     host::Alerts* alerts = &nullAlerts;
     host::UserInput* userInput = &nullUserInput;
+    host::TextMeasuring* textMeasuring = &nullTextMeasuring;
 };
 
 } // namespace test

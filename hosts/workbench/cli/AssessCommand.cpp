@@ -1,6 +1,7 @@
 #include "workbench/cli/Commands.h"
 #include "workbench/cli/ModelInput.h"
 #include "workbench/cli/ModelSettings.h"
+#include "workbench/cli/Placing.h"
 #include "workbench/cli/Quantities.h"
 #include "workbench/cli/SchemaView.h"
 #include "workbench/cli/Session.h"
@@ -24,6 +25,7 @@ struct Preparation {
 Outcome Prepare(const AssessOptions& options, Preparation& preparation) {
     if (!options.save.empty() && !IsProjectFile(options.save))
         return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
+    if (Outcome failure = CheckPlacing("--place-report", options.placeReport, options.save)) return failure;
     if (!options.materials.empty())
         if (Outcome failure = MaterialTable::Read(options.materials, preparation.table)) return failure;
     if (!options.settings.empty())
@@ -96,6 +98,13 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
     if (Outcome failure = ApplyAll(preparation, assessment)) return failure;
     if (Outcome failure = assessment.session.UpdateResults()) return failure;
     if (Outcome failure = assessment.session.ReadPalette(assessment.palette)) return failure;
+    if (!options.placeReport.empty()) {
+        host::Point point;
+        if (Outcome failure = ParsePoint("--place-report", options.placeReport, point)) return failure;
+        if (Outcome failure = assessment.session.PlaceResultReport(point)) return failure;
+    }
+    if (!options.charts.empty())
+        if (Outcome failure = assessment.session.WriteCharts(options.charts)) return failure;
     if (!options.json.empty())
         if (Outcome failure = assessment.session.ReadMaterialReport(assessment.materials)) return failure;
     if (assessment.input.building) assessment.findings = ListFindings(*assessment.input.building);

@@ -14,9 +14,11 @@ struct AssessOptions {
     std::vector<std::string> sets;
     std::string settings; ///< path of a settings file; empty: none
     std::vector<std::string> elements;
-    std::string save; ///< path of a project file; empty: not saved
-    std::string json; ///< path, or "-" for standard output; empty: none
-    std::string as;   ///< login of the member as whom the program acts; empty: nobody
+    std::string save;        ///< path of a project file; empty: not saved
+    std::string json;        ///< path, or "-" for standard output; empty: none
+    std::string placeReport; ///< "X,Y" in metres: places the result report; empty: not placed
+    std::string charts;      ///< folder for pictures of the two charts; empty: none
+    std::string as;          ///< login of the member as whom the program acts; empty: nobody
     bool isStrict = false;
     bool isQuiet = false;
 };

@@ -1,10 +1,9 @@
 // report-materials: the embodied carbon by layer and building material, and placing its report object.
 #include "workbench/cli/Commands.h"
 #include "workbench/cli/ModelInput.h"
+#include "workbench/cli/Placing.h"
 #include "workbench/cli/Session.h"
 #include "workbench/cli/Text.h"
-
-#include "lca/Numbers.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,23 +11,10 @@ namespace workbench::cli {
 
 namespace {
 
-Outcome ParsePoint(const std::string& text, host::Point& point) {
-    const std::size_t comma = text.find(',');
-    const std::optional<double> x = lca::ParseDecimal(text.substr(0, comma));
-    const std::optional<double> y =
-        comma == std::string::npos ? std::nullopt : lca::ParseDecimal(text.substr(comma + 1));
-    if (!x || !y || text.find(',', comma + 1) != std::string::npos)
-        return Failure{UsageError,
-                       "--place " + text + ": a place is X,Y in metres with decimal points, such as 12.5,-3"};
-    point = {*x, *y};
-    return {};
-}
-
 Outcome CheckOptions(const MaterialReportOptions& options) {
     if (!options.save.empty() && !IsProjectFile(options.save))
         return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
-    if (!options.place.empty() && options.save.empty())
-        return Failure{UsageError, "--place changes the project; name with --save the .kvp file that keeps it"};
+    if (Outcome failure = CheckPlacing("--place", options.place, options.save)) return failure;
     if (options.place.empty() && !options.favorite.empty())
         return Failure{UsageError, "--favorite tells how the report is placed; give --place X,Y too"};
     return {};
@@ -57,7 +43,7 @@ std::string WriteJson(const MaterialReportOptions& options, const MaterialReport
 Outcome Place(Session& session, const MaterialReportOptions& options, MaterialReportContent& content) {
     MaterialReportPlacing placing{{}, options.favorite};
     if (options.place.empty()) return session.ReadMaterialReport(content);
-    if (Outcome failure = ParsePoint(options.place, placing.point)) return failure;
+    if (Outcome failure = ParsePoint("--place", options.place, placing.point)) return failure;
     const std::size_t formerMessages = session.GetMessages().size();
     if (Outcome failure = session.ReadMaterialReport(content, &placing)) return failure;
     if (session.GetMessages().size() == formerMessages) return {};
@@ -75,10 +61,7 @@ nlohmann::ordered_json DescribeMaterials(const MaterialReportContent& content) {
 }
 
 Outcome RunMaterialReport(const MaterialReportOptions& options) {
-    host::Point point;
     if (Outcome failure = CheckOptions(options)) return failure;
-    if (!options.place.empty())
-        if (Outcome failure = ParsePoint(options.place, point)) return failure;
     const KeepChanges keep = IsSameFile(options.model, options.save) ? KeepChanges::InFile : KeepChanges::InMemory;
     ModelInput input;
     if (Outcome failure = OpenModel(options.model, keep, input)) return failure;

@@ -4,6 +4,9 @@
 
 #include "lca/Numbers.h"
 #include "resources/ResourceData.h"
+#include "workbench/images/PaintedContext.h"
+
+#include <filesystem>
 
 namespace workbench::cli {
 
@@ -34,6 +37,8 @@ TableRow ReadRow(const RowState& state) {
     row.gwpPerAreaPerYear = lca::ParseDecimal(row.cells[5]);
     return row;
 }
+
+constexpr double ChartScale = 2.0; ///< pixels of a picture a pixel of the palette, so that it prints sharply
 
 constexpr std::int16_t LayerColumn = 1, NameColumn = 2, GwpColumn = 3;
 
@@ -185,6 +190,42 @@ Outcome Session::ReadMaterialReport(MaterialReportContent& content, const Materi
     if (palette != nullptr) host->dialogManager.Press(palette->id, PaletteItems::MaterialReportButton);
     host->dialogManager.modalUser = nullptr;
     host->userInput.pointAnswer = nullptr;
+    return outcome;
+}
+
+Outcome Session::PlaceResultReport(const host::Point& point) {
+    const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
+    const std::size_t formerMessages = messages.size();
+    host->userInput.pointAnswer = [&](const std::string&) { return std::optional(point); };
+    const bool isPressed = palette != nullptr && host->dialogManager.Press(palette->id, PaletteItems::PlaceButton);
+    host->userInput.pointAnswer = nullptr;
+    if (!isPressed)
+        return Failure{InputUnreadable, "the report cannot be placed in the window that is open; open the floor plan"};
+    if (messages.size() > formerMessages) return Failure{InputUnreadable, messages.back()};
+    return {};
+}
+
+Outcome Session::WriteCharts(const std::string& folder) {
+    std::error_code ignored; // a folder that cannot be made shows when a picture is written
+    std::filesystem::create_directories(folder, ignored);
+    const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
+    if (palette == nullptr) return Failure{InputUnreadable, "the add-on did not open its palette; build it anew"};
+    static PaintedFont font;
+    host->textMeasuring.painter = &font;
+    Outcome outcome;
+    for (const auto& [item, picture] : {std::pair{PaletteItems::PieChart, Report::PieChartFile},
+                                        std::pair{PaletteItems::BarChart, Report::BarChartFile}}) {
+        const host::Rectangle place = host->openDialogs.FindItem(palette->id, item)->rectangle;
+        PaintedContext context(place.width, place.height, ChartScale);
+        host->dialogManager.DrawUserItem(palette->id, item, context);
+        std::filesystem::path file = std::filesystem::path(folder) / std::string(Resources::String(picture));
+        for (const char* extension : {".jpg", ".png"})
+            if (!outcome && !context.WritePicture(file.replace_extension(extension).string()))
+                outcome =
+                    Failure{OutputUnwritable, file.string() + ": the picture cannot be written; check the folder, "
+                                                              "its rights and the disk"};
+    }
+    host->textMeasuring.painter = nullptr;
     return outcome;
 }
 

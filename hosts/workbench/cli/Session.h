@@ -77,6 +77,11 @@ public:
     /// when told where.
     Outcome ReadMaterialReport(MaterialReportContent& content, const MaterialReportPlacing* placing = nullptr);
 
+    /// Presses "Place" in the palette and clicks at the point.
+    Outcome PlaceResultReport(const host::Point& point);
+    /// Writes the palette's charts as PNG and JPEG into the folder, which is made where it is missing.
+    Outcome WriteCharts(const std::string& folder);
+
     WorkbenchHost& GetHost() { return *host; }
     Project& GetProject() { return *host->GetProject(); }
     /// Alerts that were shown and lines of the add-on's report, as sentences.

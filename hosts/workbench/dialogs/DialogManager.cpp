@@ -156,6 +156,16 @@ void DialogManager::RequestClose(host::DialogId dialog) {
     if (state->isModal) state->closedBy = CancelItem;
 }
 
+void DialogManager::DrawUserItem(host::DialogId dialog, std::int16_t item, host::NativeContext& context) {
+    const ItemState* state = dialogs.FindItem(dialog, item);
+    if (state == nullptr || state->kind != Resources::ItemKind::UserItem) return;
+    host::DialogMessageData data;
+    data.area = {0, 0, state->rectangle.width, state->rectangle.height};
+    data.background = state->background;
+    data.context = &context;
+    Send(host::DialogMessage::UserItemUpdate, dialog, item, data);
+}
+
 void DialogManager::DrawCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
                              host::NativeContext& context) {
     const ColumnState* state = dialogs.FindColumn(dialog, item, column);

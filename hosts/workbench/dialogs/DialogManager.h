@@ -47,6 +47,8 @@ public:
     void Resize(host::DialogId dialog, host::Size size);
     /// Presses the close box.
     void RequestClose(host::DialogId dialog);
+    /// Has the handler draw a user item; what the dialog shows stays as it is.
+    void DrawUserItem(host::DialogId dialog, std::int16_t item, host::NativeContext& context);
     /// Has the handler draw an owner-drawn cell.
     void DrawCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column,
                   host::NativeContext& context);

@@ -3,6 +3,7 @@
 
 #include "host/Dialogs.h"
 #include "resources/ResourceData.h"
+#include "workbench/dialogs/RecordedContext.h"
 
 #include <map>
 #include <optional>
@@ -40,8 +41,7 @@ struct ListState {
     std::vector<ColumnState> columns;
     std::vector<RowState> rows;
     std::set<std::int32_t> selected; ///< rows from 1
-    bool isDrawing = true;
-    int clearings = 0; ///< how often all rows were deleted at once
+    int clearings = 0;               ///< how often all rows were deleted at once
 };
 
 struct ItemState {
@@ -57,7 +57,9 @@ struct ItemState {
     bool isChecked = false;
     std::size_t maximumLength = 0; ///< characters of a text edit; 0 is without limit
     ListState list;
-    int redraws = 0; ///< how often it was asked to be drawn anew
+    bool isDrawing = true;
+    int redraws = 0;                  ///< how often it was asked to be drawn anew
+    std::vector<DrawingCall> drawing; ///< what a user item shows
 };
 
 struct DialogState {

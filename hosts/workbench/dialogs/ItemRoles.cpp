@@ -41,7 +41,21 @@ void DialogItemsRole::SetBackground(host::DialogId dialog, std::int16_t item, co
 }
 
 void DialogItemsRole::Redraw(host::DialogId dialog, std::int16_t item) {
-    if (ItemState* state = dialogs.FindItem(dialog, item)) ++state->redraws;
+    ItemState* state = dialogs.FindItem(dialog, item);
+    if (state == nullptr) return;
+    ++state->redraws;
+    if (state->kind != Resources::ItemKind::UserItem || !state->isDrawing || !state->isVisible) return;
+    RecordedContext context;
+    host::DialogMessageData data;
+    data.area = {0, 0, state->rectangle.width, state->rectangle.height};
+    data.background = state->background;
+    data.context = &context;
+    dialogs.Find(dialog)->handler->HandleDialogMessage(host::DialogMessage::UserItemUpdate, dialog, item, data);
+    state->drawing = std::move(context.calls);
+}
+
+void DialogItemsRole::EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) {
+    if (ItemState* state = dialogs.FindItem(dialog, item)) state->isDrawing = enabled;
 }
 
 double ItemValuesRole::ReadReal(host::DialogId dialog, std::int16_t item) {
@@ -202,10 +216,6 @@ void ListRowsRole::SetStatus(host::DialogId dialog, std::int16_t item, std::int3
 
 void ListRowsRole::SetStyle(host::DialogId dialog, std::int16_t item, std::int32_t row, host::TextStyle style) {
     if (RowState* state = dialogs.FindRow(dialog, item, row)) state->style = style;
-}
-
-void ListRowsRole::EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) {
-    if (ItemState* state = dialogs.FindItem(dialog, item)) state->list.isDrawing = enabled;
 }
 
 std::string ListCellsRole::ReadText(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column) {

@@ -18,6 +18,7 @@ public:
     void SetIcon(host::DialogId dialog, std::int16_t item, std::int16_t icon) override;
     void SetBackground(host::DialogId dialog, std::int16_t item, const host::Colour& colour) override;
     void Redraw(host::DialogId dialog, std::int16_t item) override;
+    void EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) override;
 
 private:
     OpenDialogs& dialogs;
@@ -77,7 +78,6 @@ public:
     void SetUserData(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int32_t value) override;
     void SetStatus(host::DialogId dialog, std::int16_t item, std::int32_t row, host::RowStatus status) override;
     void SetStyle(host::DialogId dialog, std::int16_t item, std::int32_t row, host::TextStyle style) override;
-    void EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) override;
 
 private:
     OpenDialogs& dialogs;

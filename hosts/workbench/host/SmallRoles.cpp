@@ -122,6 +122,11 @@ host::ErrorCode AttributesRole::ReadSurfaceColour(host::AttributeIndex index, ho
                   [&](const Surface& found) { colour = ToShade(found.shade); });
 }
 
+double TextMeasuringRole::MeasureWidth(const std::string& text) {
+    return painter == nullptr ? PlainLetterWidth * static_cast<double>(CountLetters(text))
+                              : painter->MeasureWidth(text);
+}
+
 host::ErrorCode UndoableCommandsRole::Call(const std::string& undoName,
                                            const std::function<host::ErrorCode()>& command) {
     return project == nullptr ? host::Errors::NoProject : project->CallUndoable(undoName, command);

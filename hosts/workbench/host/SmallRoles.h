@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Commands.h"
+#include "host/Drawing.h"
 #include "host/Model.h"
 #include "host/Resources.h"
 #include "workbench/host/DatabasesRole.h"
@@ -45,6 +46,19 @@ public:
 
 private:
     Project*& project;
+};
+
+/// Every letter counts alike until a painter with a real font takes over.
+class TextMeasuringRole : public host::TextMeasuring {
+public:
+    double MeasureWidth(const std::string& text) override;
+    double ReadCapitalHeight() override {
+        return painter == nullptr ? PlainCapitalHeight : painter->ReadCapitalHeight();
+    }
+
+    static constexpr double PlainLetterWidth = 6.0; ///< pixels
+    static constexpr double PlainCapitalHeight = 8.0;
+    host::TextMeasuring* painter = nullptr; ///< of whoever paints; outlives its use here
 };
 
 class UndoableCommandsRole : public host::UndoableCommands {

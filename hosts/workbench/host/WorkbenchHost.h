@@ -47,6 +47,7 @@ public:
     host::ListSelection& GetListSelection() override { return listSelection; }
     host::Alerts& GetAlerts() override { return dialogManager; }
     host::UserInput& GetUserInput() override { return userInput; }
+    host::TextMeasuring& GetTextMeasuring() override { return textMeasuring; }
 
 private:
     std::unique_ptr<Project> ownedProject;
@@ -76,6 +77,7 @@ public:
     ListCellsRole listCells;
     ListSelectionRole listSelection;
     UserInputRole userInput;
+    TextMeasuringRole textMeasuring;
 };
 
 } // namespace workbench

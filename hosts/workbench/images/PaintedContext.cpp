@@ -1,8 +1,14 @@
 #include "workbench/images/PaintedContext.h"
 
+#include <QFontMetricsF>
+#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
+#include <QPainterPath>
 #include <QString>
+#include <QTextOption>
+
+#include <cstdio>
 
 namespace workbench {
 
@@ -14,6 +20,30 @@ QColor ToQColor(const host::Colour& colour) {
 
 QRectF ToQRect(double left, double top, double right, double bottom) {
     return QRectF(QPointF(left, top), QPointF(right, bottom));
+}
+
+constexpr double DegreesPerRadian = 180.0 / 3.14159265358979323846;
+constexpr int FontPixels = 11; ///< of the dialogs' small font
+constexpr double SlantedHeight = 200.0;
+
+/// Fonts need an application object, which lives as long as the program.
+void EnsureFonts() {
+    if (QCoreApplication::instance() != nullptr) return;
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // pictures need no screen, and nobody to be told that there is none
+    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
+        if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
+    });
+    static int argumentCount = 1;
+    static char name[] = "kelvarnix";
+    static char* arguments[] = {name, nullptr};
+    static QGuiApplication application(argumentCount, arguments);
+}
+
+QFont MakeFont() {
+    EnsureFonts();
+    QFont font("sans-serif");
+    font.setPixelSize(FontPixels);
+    return font;
 }
 
 } // namespace
@@ -50,6 +80,38 @@ void PaintedContext::DrawImage(const host::NativeImage& picture, double left, do
     painter->drawImage(QPointF(left, top), pixels);
 }
 
+void PaintedContext::FillSector(double centreX, double centreY, double radius, double startAngle, double sweep,
+                                const host::Colour& colour) {
+    const QRectF square = ToQRect(centreX - radius, centreY - radius, centreX + radius, centreY + radius);
+    QPainterPath path(QPointF(centreX, centreY));
+    // Degrees that run counter-clockwise, as they do on paper.
+    path.arcTo(square, -startAngle * DegreesPerRadian, -sweep * DegreesPerRadian);
+    path.closeSubpath();
+    painter->setRenderHint(QPainter::Antialiasing);
+    painter->fillPath(path, ToQColor(colour));
+    painter->setRenderHint(QPainter::Antialiasing, false);
+}
+
+void PaintedContext::DrawText(const host::BoxedText& text, const host::Colour& colour) {
+    painter->setFont(MakeFont());
+    painter->setPen(ToQColor(colour));
+    painter->drawText(ToQRect(text.left, text.top, text.right, text.bottom), Qt::AlignCenter | Qt::TextDontClip,
+                      QString::fromStdString(text.text));
+}
+
+void PaintedContext::DrawSlantedText(const host::SlantedText& text, const host::Colour& colour) {
+    painter->save();
+    painter->translate(text.x, text.y);
+    painter->rotate(text.angle * DegreesPerRadian);
+    painter->setFont(MakeFont());
+    painter->setPen(ToQColor(colour));
+    // A pixel more, so that rounding does not wrap a text of just the allowed width.
+    QTextOption wrapping;
+    wrapping.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    painter->drawText(QRectF(0, 0, text.maximumWidth + 1, SlantedHeight), QString::fromStdString(text.text), wrapping);
+    painter->restore();
+}
+
 void PaintedContext::SetOrigin(double left, double top) {
     painter->resetTransform();
     painter->scale(scale, scale);
@@ -64,6 +126,18 @@ host::Colour PaintedContext::GetPixel(int x, int y) const {
 
 bool PaintedContext::WritePicture(const std::string& path) const {
     return image->save(QString::fromStdString(path));
+}
+
+PaintedFont::PaintedFont() {
+    EnsureFonts();
+}
+
+double PaintedFont::MeasureWidth(const std::string& text) {
+    return QFontMetricsF(MakeFont()).horizontalAdvance(QString::fromStdString(text));
+}
+
+double PaintedFont::ReadCapitalHeight() {
+    return QFontMetricsF(MakeFont()).capHeight();
 }
 
 } // namespace workbench

@@ -22,6 +22,10 @@ public:
     void FillRectangle(double left, double top, double right, double bottom, const host::Colour& colour) override;
     void FrameRectangle(double left, double top, double right, double bottom, const host::Colour& colour) override;
     void DrawImage(const host::NativeImage& image, double left, double top) override;
+    void FillSector(double centreX, double centreY, double radius, double startAngle, double sweep,
+                    const host::Colour& colour) override;
+    void DrawText(const host::BoxedText& text, const host::Colour& colour) override;
+    void DrawSlantedText(const host::SlantedText& text, const host::Colour& colour) override;
 
     /// What is drawn from now on lies so many pixels further right and down, as a cell lies in its list.
     void SetOrigin(double left, double top);
@@ -33,6 +37,16 @@ private:
     std::unique_ptr<QImage> image;
     std::unique_ptr<QPainter> painter;
     double scale;
+};
+
+/// Measures in the font in which PaintedContext writes. Texts need a program-wide set-up, which the first of these
+/// makes and keeps; the machine's own fonts are used.
+class PaintedFont : public host::TextMeasuring {
+public:
+    PaintedFont();
+
+    double MeasureWidth(const std::string& text) override;
+    double ReadCapitalHeight() override;
 };
 
 } // namespace workbench

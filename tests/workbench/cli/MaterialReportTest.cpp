@@ -97,4 +97,23 @@ TEST_F(MaterialReportCommandTest, RefusesWhatItCannotDo) {
     EXPECT_TRUE(Open()->model.GetPlacedObjects().empty());
 }
 
+TEST_F(MaterialReportCommandTest, AssessPlacesTheResultReportAndWritesTheCharts) {
+    ExpectRefusal(Kelvarnix({"assess", project, "--place-report", "1,2"}), 2, "--place-report", "--save");
+    ExpectRefusal(Kelvarnix({"assess", project, "--place-report", "1", "--save", project}), 2, "--place-report 1",
+                  "X,Y");
+    const std::string charts = folder.Path() + "/charts";
+    const clitest::Finished finished =
+        Kelvarnix({"assess", project, "--place-report", "1,2", "--save", project, "--charts", charts, "--quiet"});
+    EXPECT_EQ(finished.code, 0);
+    EXPECT_EQ(finished.errors, "");
+    ASSERT_EQ(Open()->model.GetPlacedObjects().size(), 1U);
+    EXPECT_EQ(Open()->model.GetPlacedObjects()[0].libraryPart, workbench::ResultReportPart);
+    for (const char* name : {"/LCAPieChart", "/LCABarChart"}) {
+        EXPECT_EQ(support::ContentOf(charts + name + ".png").substr(1, 3), "PNG");
+        EXPECT_EQ(support::ContentOf(charts + name + ".jpg").substr(0, 3), "\xFF\xD8\xFF");
+    }
+    ExpectRefusal(Kelvarnix({"assess", project, "--charts", project, "--quiet"}), 5, "LCAPieChart",
+                  "cannot be written");
+}
+
 } // namespace

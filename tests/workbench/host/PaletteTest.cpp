@@ -47,7 +47,7 @@ TEST_F(PaletteTest, OpensCalculatedAndLaidOut) {
     EXPECT_EQ(list.rows[0].status, host::RowStatus::NotSelectable);
     EXPECT_EQ(list.rows[8].style, host::TextStyle::Bold);
     EXPECT_TRUE(list.columns[0].ownerDrawn);
-    EXPECT_TRUE(list.isDrawing);
+    EXPECT_TRUE(PaletteItem(PaletteItems::Table).isDrawing);
     EXPECT_EQ(list.columns[1].header.text, "Type");
     EXPECT_EQ(list.columns[3].header.text, "");
     EXPECT_EQ(list.rows[5].cells[3].icon, host::StandardIcon::Checked);

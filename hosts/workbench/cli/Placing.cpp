@@ -1,0 +1,27 @@
+#include "workbench/cli/Placing.h"
+
+#include "lca/Numbers.h"
+
+namespace workbench::cli {
+
+Outcome ParsePoint(const std::string& option, const std::string& text, host::Point& point) {
+    const std::size_t comma = text.find(',');
+    const std::optional<double> x = lca::ParseDecimal(text.substr(0, comma));
+    const std::optional<double> y =
+        comma == std::string::npos ? std::nullopt : lca::ParseDecimal(text.substr(comma + 1));
+    if (!x || !y || text.find(',', comma + 1) != std::string::npos)
+        return Failure{UsageError,
+                       option + " " + text + ": a place is X,Y in metres with decimal points, such as 12.5,-3"};
+    point = {*x, *y};
+    return {};
+}
+
+Outcome CheckPlacing(const std::string& option, const std::string& place, const std::string& save) {
+    host::Point point;
+    if (place.empty()) return {};
+    if (save.empty())
+        return Failure{UsageError, option + " changes the project; name with --save the .kvp file that keeps it"};
+    return ParsePoint(option, place, point);
+}
+
+} // namespace workbench::cli

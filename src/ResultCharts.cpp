@@ -1,0 +1,78 @@
+#include "src/ResultCharts.h"
+
+#include "src/Texts.h"
+
+#include <cmath>
+
+namespace {
+
+constexpr host::Colour White{255, 255, 255}, Black{0, 0, 0};
+constexpr host::Colour Blue{0, 0, 255}, LightGray{192, 192, 192};
+
+lca::ChartArea ToArea(const host::Rectangle& rectangle) {
+    return {rectangle.left, rectangle.top, rectangle.width, rectangle.height};
+}
+
+void FillBackground(host::NativeContext& context, const host::Rectangle& area) {
+    context.FillRectangle(area.left, area.top, area.left + area.width, area.top + area.height, White);
+}
+
+host::Colour GetColour(const lca::LCAProjectData& record, lca::ElementCategory category) {
+    const std::uint32_t argb = lca::ValueOr(record.elementColours, category, std::uint32_t{0});
+    const auto channel = [&](unsigned shift) { return static_cast<std::uint8_t>(argb >> shift); };
+    return {channel(16), channel(8), channel(0)};
+}
+
+void DrawLabel(host::NativeContext& context, const lca::ChartLabel& label) {
+    context.DrawText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
+}
+
+} // namespace
+
+void ResultCharts::DrawPieChart(host::NativeContext& context, const host::Rectangle& area, const lca::Results& results,
+                                const lca::LCAProjectData& record) {
+    FillBackground(context, area);
+    std::array<double, lca::CategoryCount> gwps{};
+    for (const lca::ElementCategory category : lca::AllCategories)
+        gwps[static_cast<std::size_t>(category)] = results.Get(category).gwp;
+    const lca::PieChart pie = lca::LayOutPieChart(gwps, ToArea(area), MeasureFont());
+    pieValues = pie.shares;
+    for (std::size_t i = 0; i < pie.slices.size(); ++i) {
+        const lca::PieSlice& slice = pie.slices[i];
+        context.FillSector(pie.centreX, pie.centreY, pie.radius, slice.startAngle, slice.sweep,
+                           GetColour(record, lca::AllCategories[i]));
+        DrawLabel(context, slice.label);
+    }
+}
+
+void ResultCharts::DrawBarChart(host::NativeContext& context, const host::Rectangle& area, const lca::Results& results,
+                                const lca::LCAProjectData& record) {
+    FillBackground(context, area);
+    RebuildBarEntries(results, record);
+    lca::SortBarEntries(barEntries);
+    const std::string actualImpact = ReadText(host, ResourceIds::Report::ActualImpact);
+    const auto format = [&](double value) { return FormatNumber(host, value); };
+    for (const lca::ChartBar& bar : lca::LayOutBarChart(barEntries, ToArea(area), MeasureFont(), format)) {
+        // Without a positive reference value heights need not be numbers; then only the texts can be placed.
+        if (std::isfinite(bar.box.top)) {
+            context.FillRectangle(bar.box.left, bar.box.top, bar.box.right, bar.box.bottom,
+                                  bar.name.text == actualImpact ? Blue : LightGray);
+            DrawLabel(context, bar.value);
+        }
+        context.DrawSlantedText({bar.name.text, bar.name.x, bar.name.y, bar.name.angle, bar.name.maximumWidth}, Black);
+    }
+}
+
+void ResultCharts::RebuildBarEntries(const lca::Results& results, const lca::LCAProjectData& record) {
+    barEntries.clear();
+    for (const lca::Standard& standard : record.standards)
+        barEntries.emplace_back(standard.name, standard.limit);
+    barEntries.emplace_back(ReadText(host, ResourceIds::Report::ActualImpact),
+                            lca::GetTotalInUnit(results, record.standardsUnit));
+}
+
+lca::ChartFont ResultCharts::MeasureFont() const {
+    host::TextMeasuring& measuring = host.GetTextMeasuring();
+    return {[&measuring](const std::string& text) { return measuring.MeasureWidth(text); },
+            measuring.ReadCapitalHeight()};
+}

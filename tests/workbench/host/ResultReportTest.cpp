@@ -1,0 +1,165 @@
+// The palette's charts as they are drawn, and the result report object that carries table and charts on drawings.
+#include "workbench/model/ReportLibrary.h"
+
+#include "DrivenAddOn.h"
+
+namespace {
+
+using namespace ResourceIds;
+using namespace ResourceIds::PaletteItems;
+using lca::PropertyKey;
+using Kind = workbench::DrawingCall::Kind;
+using Texts = std::vector<std::string>;
+
+constexpr host::Colour Blue{0, 0, 255}, Grey{192, 192, 192}, White{255, 255, 255};
+
+class ResultReportTest : public test::DrivenAddOn {
+protected:
+    void SetUp() override {
+        DrivenAddOn::SetUp();
+        SetDoorGWP(500); // x 2: 1000; inventory 5 % x 2: 50, installations 10 % x 2: 100, construction 10 %: 50
+        SetDefault(PropertyKey::ReferenceFloorArea, host::Variant::OfReal(100));
+        SetDefault(PropertyKey::GWPStandards, host::Variant::OfText("Low=0.1;Same=0.24;High=0.48"));
+        Reopen();
+        TogglePalette();
+        dialog = Palette()->id;
+    }
+    const std::vector<workbench::DrawingCall>& Drawing(std::int16_t item) { return Item(item).drawing; }
+    /// The texts or colours of the calls of a kind.
+    Texts DrawnTexts(std::int16_t item, Kind kind) {
+        Texts texts;
+        for (const workbench::DrawingCall& call : Drawing(item))
+            if (call.kind == kind) texts.push_back(call.text);
+        return texts;
+    }
+    const host::ObjectParameter& Parameter(const workbench::PlacedObject& object, const std::string& name) {
+        for (const host::ObjectParameter& parameter : object.parameters)
+            if (parameter.name == name) return parameter;
+        throw std::runtime_error(name);
+    }
+    const workbench::PlacedObject& Placed(std::size_t i = 0) { return Model().GetPlacedObjects().at(i); }
+};
+
+Texts Split(const host::ObjectParameter& parameter) {
+    Texts texts(1);
+    for (const char16_t unit : parameter.textArray)
+        if (unit == 0)
+            texts.emplace_back();
+        else
+            texts.back() += static_cast<char>(unit);
+    texts.pop_back();
+    return texts;
+}
+
+TEST_F(ResultReportTest, ThePieShowsTheSharesInTheCategoriesColours) {
+    const std::vector<workbench::DrawingCall>& calls = Drawing(PieChart);
+    ASSERT_EQ(calls.size(), 1U + 14U);
+    EXPECT_EQ(calls[0].kind, Kind::FillRectangle);
+    EXPECT_EQ(calls[0].colour, White);
+    EXPECT_EQ((std::array{calls[0].right, calls[0].bottom}), (std::array{350.0, 230.0}));
+    // 1000, 50, 100 and 50 of 1200
+    EXPECT_EQ(DrawnTexts(PieChart, Kind::Text), (Texts{"0%", "0%", "83%", "0%", "4%", "8%", "4%"}));
+    EXPECT_EQ(calls[5].kind, Kind::Sector); // doors
+    EXPECT_EQ(calls[5].colour, (host::Colour{127, 127, 127}));
+    EXPECT_NEAR(calls[5].sweep, (1000.0 / 1200 * 2 + 0.01) * 3.14159265358979, 1e-9);
+    EXPECT_EQ(calls[5].right - calls[5].left, 2 * 92);
+}
+
+TEST_F(ResultReportTest, TheBarsCompareTheActualImpact) {
+    // 1200 / 100 m2 / 50 a = 0.24: equal to a threshold, and in front of it
+    EXPECT_EQ(DrawnTexts(BarChart, Kind::SlantedText), (Texts{"High", "Actual impact", "Same", "Low"}));
+    EXPECT_EQ(DrawnTexts(BarChart, Kind::Text), (Texts{"0.48", "0.24", "0.24", "0.10"}));
+    std::vector<host::Colour> colours;
+    std::vector<double> heights;
+    for (const workbench::DrawingCall& call : Drawing(BarChart))
+        if (call.kind == Kind::FillRectangle) {
+            colours.push_back(call.colour);
+            heights.push_back(call.bottom - call.top);
+        }
+    EXPECT_EQ(colours, (std::vector{White, Grey, Blue, Grey, Grey}));
+    EXPECT_NEAR(heights.at(2), 38, 1e-9); // half of 230 / 3, whole pixels
+    host.dialogManager.Resize(dialog, {1000, 700});
+    EXPECT_EQ(Drawing(BarChart)[0].right, 520 + 75);
+    EXPECT_EQ(Drawing(PieChart)[0].bottom, 230 + 150);
+}
+
+TEST_F(ResultReportTest, NothingIsDrawnOverTheBackgroundWithoutValues) {
+    SetDoorGWP(0);
+    SetDefault(PropertyKey::GWPStandards, host::Variant::OfText(""));
+    Press(UpdateButton);
+    EXPECT_EQ(Drawing(PieChart).size(), 1U);
+    EXPECT_EQ(Drawing(BarChart).size(), 1U); // no standard to compare with
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{}); };
+    ASSERT_TRUE(Press(PlaceButton));
+    EXPECT_EQ(Parameter(Placed(), "arr_pie_values").rows, 0);
+    EXPECT_EQ(Split(Parameter(Placed(), "arr_bar_texts")), Texts{"Actual impact"});
+}
+
+TEST_F(ResultReportTest, PlacesTheReportAndKeepsItUpToDate) {
+    std::string prompt;
+    host.userInput.pointAnswer = [&](const std::string& text) {
+        prompt = text;
+        return std::optional(host::Point{3, 4});
+    };
+    ASSERT_TRUE(Press(PlaceButton));
+    EXPECT_EQ(prompt, "Click to place the Main Palette GDL Object.");
+    EXPECT_EQ(LastStep(), "Place Main Palette Object");
+    ASSERT_EQ(Model().GetPlacedObjects().size(), 1U);
+    EXPECT_EQ(Placed().libraryPart, workbench::ResultReportPart);
+    EXPECT_EQ(Placed().position.y, 4);
+    EXPECT_EQ(Split(Parameter(Placed(), "arr_palette_names")), (Texts{"LCA Elements", "GWP", "Threshold"}));
+    const host::ObjectParameter& table = Parameter(Placed(), "arr_table_text");
+    EXPECT_EQ(table.rows, 10);
+    EXPECT_EQ(table.columns, 7);
+    const Texts cells = Split(table);
+    ASSERT_EQ(cells.size(), 70U);
+    EXPECT_EQ(cells[0], "Col.");
+    EXPECT_EQ(Texts(cells.begin() + 28, cells.begin() + 35),
+              (Texts{"", "Doors", "25.00", "-", "1000.00", "10.00", "0.20"}));
+    EXPECT_EQ(cells[64], "TOTAL");
+    const host::ObjectParameter& colours = Parameter(Placed(), "arr_type_color");
+    EXPECT_EQ(colours.rows, 7);
+    EXPECT_EQ(colours.realArray[6], 127);
+    EXPECT_EQ(Parameter(Placed(), "arr_pie_colors").realArray.back(), 21);
+    EXPECT_NEAR(Parameter(Placed(), "arr_pie_values").realArray[2], 1000 / 12.0, 1e-9);
+    EXPECT_EQ(Split(Parameter(Placed(), "arr_bar_texts")), (Texts{"High", "Actual impact", "Same", "Low"}));
+    EXPECT_NEAR(Parameter(Placed(), "arr_bar_values").realArray[1], 0.24, 1e-12);
+    ASSERT_TRUE(Press(PlaceButton));
+    workbench::PlacedObject kept = Placed(1);
+    kept.parameters.back().real = 0; // not to be updated
+    host.commands.Call("keep", [&] {
+        host.GetProject()->Record({Placed(1), kept});
+        return host::NoError;
+    });
+    SetDoorGWP(1000);
+    const std::size_t steps = CountSteps();
+    Press(UpdateButton);
+    EXPECT_EQ(LastStep(), "Update all Result Report object");
+    EXPECT_EQ(CountSteps(), steps + 1);
+    EXPECT_EQ(Split(Parameter(Placed(0), "arr_table_text"))[32], "2000.00");
+    EXPECT_EQ(Split(Parameter(Placed(0), "arr_bar_texts"))[0], "Actual impact"); // drawn before the objects are filled
+    EXPECT_NEAR(Parameter(Placed(0), "arr_bar_values").realArray[0], 0.48, 1e-12);
+    EXPECT_EQ(Split(Parameter(Placed(1), "arr_table_text"))[32], "1000.00");
+}
+
+TEST_F(ResultReportTest, ColumnsAreThePartsAndAMissingPartIsTold) {
+    workbench::LibraryPart& part = Model().libraryParts.at(1);
+    part.parameters.at(1).columns = 1; // arr_table_text
+    part.parameters.erase(part.parameters.begin() + 3);
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{}); };
+    ASSERT_TRUE(Press(PlaceButton));
+    EXPECT_EQ(Parameter(Placed(), "arr_table_text").rows, 70);
+    EXPECT_EQ(Parameter(Placed(), "arr_bar_values").rows, 4);
+    Model().libraryParts.pop_back();
+    ASSERT_TRUE(Press(PlaceButton));
+    EXPECT_EQ(Model().GetPlacedObjects().size(), 1U);
+    ASSERT_EQ(host.dialogManager.shownAlerts.size(), 1U);
+    EXPECT_EQ(
+        host.dialogManager.shownAlerts[0].largeText,
+        "Error! Unable to place the LCA Result Report GDL Object.\nThe \"LCA Result Report.gsm\" file is missing in "
+        "the loaded libraries. Please add this file to the Libraries.");
+    Press(UpdateButton); // nothing matches, nobody is told
+    EXPECT_EQ(host.dialogManager.shownAlerts.size(), 1U);
+}
+
+} // namespace
