@@ -16,7 +16,6 @@ using namespace workbench;
 
 constexpr int Materials = 6;
 constexpr int RowHeightPixels = 22;
-constexpr int SwatchWidth = 50;
 constexpr int BarLeft = 80, BarSpacing = 180;
 
 const std::vector<std::vector<double>> BarValues = {

@@ -150,10 +150,12 @@ void DialogManager::Resize(host::DialogId dialog, host::Size size) {
 }
 
 void DialogManager::RequestClose(host::DialogId dialog) {
-    DialogState* state = dialogs.Find(dialog);
-    if (state == nullptr || state->closedBy != 0) return;
+    const DialogState* open = dialogs.Find(dialog);
+    if (open == nullptr || open->closedBy != 0) return;
     Send(host::DialogMessage::CloseRequest, dialog, 0);
-    if (state->isModal) state->closedBy = CancelItem;
+    // A palette may be gone by now.
+    DialogState* state = dialogs.Find(dialog);
+    if (state != nullptr && state->isModal) state->closedBy = CancelItem;
 }
 
 void DialogManager::DrawUserItem(host::DialogId dialog, std::int16_t item, host::NativeContext& context) {

@@ -51,7 +51,7 @@ void DialogItemsRole::Redraw(host::DialogId dialog, std::int16_t item) {
     data.background = state->background;
     data.context = &context;
     dialogs.Find(dialog)->handler->HandleDialogMessage(host::DialogMessage::UserItemUpdate, dialog, item, data);
-    state->drawing = std::move(context.calls);
+    if (ItemState* drawn = dialogs.FindItem(dialog, item)) drawn->drawing = std::move(context.calls);
 }
 
 void DialogItemsRole::EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) {
