@@ -4,6 +4,7 @@
 
 #include "host/Values.h"
 
+#include <functional>
 #include <vector>
 
 namespace host {
@@ -67,6 +68,22 @@ public:
     virtual void DrawText(const BoxedText& text, const Colour& colour) = 0;
     virtual void DrawSlantedText(const SlantedText& text, const Colour& colour) = 0;
 };
+
+/// Pictures that are drawn without a window, and where they are kept.
+class Pictures {
+public:
+    virtual ~Pictures() = default;
+
+    /// Path of one of the host's special folders by its number, UTF-8.
+    virtual ErrorCode ReadSpecialFolder(std::int16_t number, std::string& path) = 0;
+    /// Draws width x height pixels, `scale` times as large in the picture, and writes them as a JPEG file; one of that
+    /// name is replaced.
+    virtual ErrorCode WriteJpeg(const std::string& path, int width, int height, double scale,
+                                const std::function<void(NativeContext&)>& draw) = 0;
+};
+
+/// Of the host's folder for temporary files.
+inline constexpr std::int16_t TemporaryFolder = 7;
 
 /// Of the dialogs' small font, in pixels.
 class TextMeasuring {

@@ -26,6 +26,7 @@ class ListSelection;
 class Alerts;
 class UserInput;
 class TextMeasuring;
+class Pictures;
 
 class Host {
 public:
@@ -53,6 +54,7 @@ public:
     virtual Alerts& GetAlerts() = 0;
     virtual UserInput& GetUserInput() = 0;
     virtual TextMeasuring& GetTextMeasuring() = 0;
+    virtual Pictures& GetPictures() = 0;
 };
 
 } // namespace host

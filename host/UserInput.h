@@ -14,6 +14,14 @@ struct PickerColour {
     std::uint16_t blue = 0;
 };
 
+/// The host's dialog for the name of a new file. Texts are UTF-8.
+struct SaveFileQuestion {
+    std::string title;
+    std::string proposedName;
+    std::string typeManager; ///< name under which the host keeps the file type
+    std::string extension;   ///< without the point
+};
+
 /// Each answers none when the user cancels.
 class UserInput {
 public:
@@ -22,6 +30,8 @@ public:
     virtual std::optional<PickerColour> PickColour(const PickerColour& present) = 0;
     /// A click in the plan, with the prompt in the host's status bar. Not while a modal dialog is open.
     virtual std::optional<Point> PickPoint(const std::string& prompt) = 0;
+    /// The whole path, UTF-8.
+    virtual std::optional<std::string> PickSaveFile(const SaveFileQuestion& question) = 0;
 };
 
 } // namespace host

@@ -3,6 +3,7 @@
 #include "src/AddOnContext.h"
 #include "src/GWPRun.h"
 #include "src/LCAProjectDataStore.h"
+#include "src/ReportCommand.h"
 #include "src/TeamworkRights.h"
 #include "src/WindowCommands.h"
 
@@ -88,7 +89,7 @@ std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int1
         }
         break;
     case host::DialogMessage::UserItemUpdate:
-        DrawChart(item, data);
+        if (data.context != nullptr) DrawChart(item, *data.context, data.area);
         break;
     case host::DialogMessage::Resize:
         Resize();
@@ -159,6 +160,9 @@ void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) 
         break;
     case PaletteItems::UpdateButton:
         UpdateResults();
+        break;
+    case PaletteItems::ReportButton:
+        GenerateReport(GetHost(), *owner);
         break;
     case PaletteItems::MaterialReportButton:
         RunMaterialReport(*owner);
@@ -276,10 +280,9 @@ void MainPalette::UpdateSettingsButtonIcon() {
                                        GetSettingsIcon(ReadPropertiesStatus(GetHost())));
 }
 
-void MainPalette::DrawChart(std::int16_t item, const host::DialogMessageData& data) {
-    if (data.context == nullptr) return;
-    if (item == PaletteItems::PieChart) charts.DrawPieChart(*data.context, data.area, results, owner->projectData);
-    if (item == PaletteItems::BarChart) charts.DrawBarChart(*data.context, data.area, results, owner->projectData);
+void MainPalette::DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area) {
+    if (item == PaletteItems::PieChart) charts.DrawPieChart(context, area, results, owner->projectData);
+    if (item == PaletteItems::BarChart) charts.DrawBarChart(context, area, results, owner->projectData);
 }
 
 void MainPalette::OnActiveWindowChanged() {

@@ -47,6 +47,10 @@ public:
     /// In a Teamwork project, shows on "Settings..." who holds the classifications and properties.
     void UpdateSettingsButtonIcon();
 
+    /// Draws the chart of a user item into an area of any size.
+    void DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area);
+
+    const lca::BaseSums& GetBaseSums() const { return baseSums; }
     const lca::Results& GetResults() const { return results; }
     const std::vector<std::string>& GetTableText() const { return tableText; }
     const std::vector<double>& GetTypeColours() const { return typeColors; }
@@ -66,7 +70,6 @@ private:
     void PickCategoryColour(std::int32_t row);
     void TakeEdit(std::int16_t editor);
     void SaveRecord();
-    void DrawChart(std::int16_t item, const host::DialogMessageData& data);
     void PlaceResultReport();
     ResultReport BuildResultReport() const;
     void UpdatePlacedReports();

@@ -234,6 +234,7 @@ class NullUserInput : public host::UserInput {
 public:
     std::optional<host::PickerColour> PickColour(const host::PickerColour&) override { return {}; }
     std::optional<host::Point> PickPoint(const std::string&) override { return {}; }
+    std::optional<std::string> PickSaveFile(const host::SaveFileQuestion&) override { return {}; }
 };
 
 class NullAlerts : public host::Alerts {
@@ -246,6 +247,15 @@ class NullTextMeasuring : public host::TextMeasuring {
 public:
     double MeasureWidth(const std::string&) override { return 0.0; }
     double ReadCapitalHeight() override { return 0.0; }
+};
+
+class NullPictures : public host::Pictures {
+public:
+    host::ErrorCode ReadSpecialFolder(std::int16_t, std::string&) override { return 0; }
+    host::ErrorCode WriteJpeg(const std::string&, int, int, double,
+                              const std::function<void(host::NativeContext&)>&) override {
+        return 0;
+    }
 };
 
 /// Each role can be replaced by one of the test's own, which must outlive the host.
@@ -273,6 +283,7 @@ public:
     host::Alerts& GetAlerts() override { return *alerts; }
     host::UserInput& GetUserInput() override { return *userInput; }
     host::TextMeasuring& GetTextMeasuring() override { return *textMeasuring; }
+    host::Pictures& GetPictures() override { return *pictures; }
 
 private:
     NullRegistration nullRegistration;
@@ -297,6 +308,7 @@ private:
     NullAlerts nullAlerts;
     NullUserInput nullUserInput;
     NullTextMeasuring nullTextMeasuring;
+    NullPictures nullPictures;
 
 public:
     host::Registration* registration = &nullRegistration;
@@ -321,6 +333,7 @@ public:
     host::Alerts* alerts = &nullAlerts;
     host::UserInput* userInput = &nullUserInput;
     host::TextMeasuring* textMeasuring = &nullTextMeasuring;
+    host::Pictures* pictures = &nullPictures;
 };
 
 } // namespace test

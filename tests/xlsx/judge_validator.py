@@ -1,8 +1,9 @@
-"""Lets the Open XML SDK's validator judge the gallery's workbooks; its findings must be exactly the expected ones.
+"""Lets the Open XML SDK's validator judge workbooks; its findings must be exactly the expected ones.
 
-usage: judge_validator.py FOLDER WORK
-FOLDER  with the workbooks
-WORK    a folder into which the validator is installed once
+usage: judge_validator.py FOLDER WORK [EXPECTED BOOK...]
+FOLDER    with the workbooks
+WORK      a folder into which the validator is installed once
+EXPECTED  a file beside this one with the expected findings; without it the gallery's books and findings
 """
 import json
 import os
@@ -13,7 +14,8 @@ from collections import Counter
 
 FOLDER, WORK = (os.path.abspath(argument) for argument in sys.argv[1:3])
 HERE = os.path.dirname(os.path.abspath(__file__))
-BOOKS = ("gallery", "charts", "styles", "comments", "pictures", "cells")
+EXPECTED = sys.argv[3] if len(sys.argv) > 3 else "expected-findings.txt"
+BOOKS = sys.argv[4:] or ("gallery", "charts", "styles", "comments", "pictures", "cells")
 TIME_LIMIT = 300  # seconds
 
 
@@ -43,7 +45,7 @@ def findings(program, book):
 
 
 def expected():
-    with open(os.path.join(HERE, "expected-findings.txt"), encoding="utf-8") as file:
+    with open(os.path.join(HERE, EXPECTED), encoding="utf-8") as file:
         return [line.strip() for line in file if line.strip() and not line.startswith("#")]
 
 

@@ -25,6 +25,8 @@ struct Preparation {
 Outcome Prepare(const AssessOptions& options, Preparation& preparation) {
     if (!options.save.empty() && !IsProjectFile(options.save))
         return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
+    if (!options.report.empty() && std::filesystem::path(options.report).extension() != ".xlsx")
+        return Failure{UsageError, "--report " + options.report + ": a spreadsheet report ends in .xlsx"};
     if (Outcome failure = CheckPlacing("--place-report", options.placeReport, options.save)) return failure;
     if (!options.materials.empty())
         if (Outcome failure = MaterialTable::Read(options.materials, preparation.table)) return failure;
@@ -103,6 +105,8 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
         if (Outcome failure = ParsePoint("--place-report", options.placeReport, point)) return failure;
         if (Outcome failure = assessment.session.PlaceResultReport(point)) return failure;
     }
+    if (!options.report.empty())
+        if (Outcome failure = assessment.session.GenerateReport(options.report)) return failure;
     if (!options.charts.empty())
         if (Outcome failure = assessment.session.WriteCharts(options.charts)) return failure;
     if (!options.json.empty())

@@ -17,6 +17,7 @@ struct AssessOptions {
     std::string save;        ///< path of a project file; empty: not saved
     std::string json;        ///< path, or "-" for standard output; empty: none
     std::string placeReport; ///< "X,Y" in metres: places the result report; empty: not placed
+    std::string report;      ///< path of the spreadsheet report; empty: none
     std::string charts;      ///< folder for pictures of the two charts; empty: none
     std::string as;          ///< login of the member as whom the program acts; empty: nobody
     bool isStrict = false;

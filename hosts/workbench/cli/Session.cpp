@@ -6,6 +6,7 @@
 #include "resources/ResourceData.h"
 #include "workbench/images/PaintedContext.h"
 
+#include <cstdlib>
 #include <filesystem>
 
 namespace workbench::cli {
@@ -36,6 +37,33 @@ TableRow ReadRow(const RowState& state) {
     row.gwpPerArea = lca::ParseDecimal(row.cells[4]);
     row.gwpPerAreaPerYear = lca::ParseDecimal(row.cells[5]);
     return row;
+}
+
+/// A folder of its own for the chart pictures, gone afterwards.
+class PictureFolder {
+public:
+    PictureFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "kelvarnix-charts-XXXXXX").string();
+        if (mkdtemp(name.data()) != nullptr) path = name;
+    }
+    ~PictureFolder() {
+        std::error_code ignored;
+        if (!path.empty()) std::filesystem::remove_all(path, ignored);
+    }
+    PictureFolder(const PictureFolder&) = delete;
+    PictureFolder& operator=(const PictureFolder&) = delete;
+
+    const std::string& GetPath() const { return path; }
+
+private:
+    std::string path;
+};
+
+bool PaintPicture(const std::string& path, int width, int height, double scale,
+                  const std::function<void(host::NativeContext&)>& draw) {
+    PaintedContext context(width, height, scale);
+    draw(context);
+    return context.WritePicture(path);
 }
 
 constexpr double ChartScale = 2.0; ///< pixels of a picture a pixel of the palette, so that it prints sharply
@@ -98,9 +126,11 @@ std::int16_t FindFavourite(const ItemState& popUp, const std::string& favourite)
 Session::Session() : host(std::make_unique<WorkbenchHost>()), module(std::make_unique<Module>(*host)) {
     host->dialogManager.reportSink = [this](const std::string& line) { messages.push_back(line); };
     host->dialogManager.alertAnswer = [this](const host::Alert& alert) {
-        if (messages.empty() || messages.back() != alert.largeText) messages.push_back(alert.largeText);
+        const bool isBad = alert.type != host::AlertType::Information || alert.title == RequestAlertTitle;
+        if (isBad && (messages.empty() || messages.back() != alert.largeText)) messages.push_back(alert.largeText);
         // Nobody is there to agree: who wants to release presses the set's button.
-        return alert.title == RequestAlertTitle ? std::int16_t{2} : std::int16_t{1};
+        // Nor is there anybody to look at a report that was saved.
+        return alert.type == host::AlertType::Information ? std::int16_t{2} : std::int16_t{1};
     };
 }
 
@@ -203,6 +233,27 @@ Outcome Session::PlaceResultReport(const host::Point& point) {
         return Failure{InputUnreadable, "the report cannot be placed in the window that is open; open the floor plan"};
     if (messages.size() > formerMessages) return Failure{InputUnreadable, messages.back()};
     return {};
+}
+
+Outcome Session::GenerateReport(const std::string& path) {
+    const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
+    if (palette == nullptr) return Failure{InputUnreadable, "the add-on did not open its palette; build it anew"};
+    const PictureFolder pictures;
+    static PaintedFont font;
+    host->pictures.temporaryFolder = pictures.GetPath();
+    host->pictures.painter = PaintPicture;
+    host->textMeasuring.painter = &font;
+    host->userInput.fileAnswer = [&](const host::SaveFileQuestion&) { return std::optional(path); };
+    const std::size_t formerMessages = messages.size();
+    host->dialogManager.Press(palette->id, PaletteItems::ReportButton);
+    host->userInput.fileAnswer = nullptr;
+    host->textMeasuring.painter = nullptr;
+    host->pictures.painter = nullptr;
+    const std::vector<host::Alert>& alerts = host->dialogManager.shownAlerts;
+    if (!alerts.empty() && alerts.back().type == host::AlertType::Information) return {};
+    const std::string reason = messages.size() > formerMessages ? messages.back() : "no report";
+    return Failure{OutputUnwritable, path + ": the report cannot be written (" + reason +
+                                         "); check the folder, its rights and the disk, and close the file elsewhere"};
 }
 
 Outcome Session::WriteCharts(const std::string& folder) {

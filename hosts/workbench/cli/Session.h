@@ -79,6 +79,8 @@ public:
 
     /// Presses "Place" in the palette and clicks at the point.
     Outcome PlaceResultReport(const host::Point& point);
+    /// Presses "Generate LCA report..." and answers the save dialog with the path; the file is not opened.
+    Outcome GenerateReport(const std::string& path);
     /// Writes the palette's charts as PNG and JPEG into the folder, which is made where it is missing.
     Outcome WriteCharts(const std::string& folder);
 

@@ -53,6 +53,7 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
     command->add_option("--json", options.json, "Write the results as JSON to this file, - for standard output");
     command->add_option("--place-report", options.placeReport,
                         "X,Y: place the result report there on the floor plan (metres)");
+    command->add_option("--report", options.report, "Write the spreadsheet report to this .xlsx file");
     command->add_option("--charts", options.charts, "Write pictures of the two charts into this folder");
     command->add_option("--as", options.as, "LOGIN: the member of a shared project who changes it");
     command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing");

@@ -5,6 +5,7 @@
 
 #include <charconv>
 #include <ctime>
+#include <filesystem>
 
 namespace workbench {
 
@@ -125,6 +126,19 @@ host::ErrorCode AttributesRole::ReadSurfaceColour(host::AttributeIndex index, ho
 double TextMeasuringRole::MeasureWidth(const std::string& text) {
     return painter == nullptr ? PlainLetterWidth * static_cast<double>(CountLetters(text))
                               : painter->MeasureWidth(text);
+}
+
+host::ErrorCode PicturesRole::ReadSpecialFolder(std::int16_t number, std::string& path) {
+    if (number != host::TemporaryFolder) return host::Errors::BadParameters;
+    std::error_code error;
+    path = temporaryFolder.empty() ? std::filesystem::temp_directory_path(error).string() : temporaryFolder;
+    return error ? host::Errors::General : host::NoError;
+}
+
+host::ErrorCode PicturesRole::WriteJpeg(const std::string& path, int width, int height, double scale,
+                                        const std::function<void(host::NativeContext&)>& draw) {
+    const bool isWritten = painter && painter(path, width, height, scale, draw);
+    return isWritten ? host::NoError : host::Errors::General;
 }
 
 host::ErrorCode UndoableCommandsRole::Call(const std::string& undoName,

@@ -61,6 +61,19 @@ public:
     host::TextMeasuring* painter = nullptr; ///< of whoever paints; outlives its use here
 };
 
+/// The workbench itself paints nothing; who has a painter lends it.
+class PicturesRole : public host::Pictures {
+public:
+    host::ErrorCode ReadSpecialFolder(std::int16_t number, std::string& path) override;
+    host::ErrorCode WriteJpeg(const std::string& path, int width, int height, double scale,
+                              const std::function<void(host::NativeContext&)>& draw) override;
+
+    using Painter = std::function<bool(const std::string& path, int width, int height, double scale,
+                                       const std::function<void(host::NativeContext&)>& draw)>;
+    Painter painter;             ///< answers whether the picture is written
+    std::string temporaryFolder; ///< empty: the system's
+};
+
 class UndoableCommandsRole : public host::UndoableCommands {
 public:
     explicit UndoableCommandsRole(Project*& project) : project(project) {}

@@ -20,9 +20,14 @@ public:
         return pointAnswer && !dialogs.HasModal() ? pointAnswer(prompt) : std::nullopt;
     }
 
+    std::optional<std::string> PickSaveFile(const host::SaveFileQuestion& question) override {
+        return fileAnswer ? fileAnswer(question) : std::nullopt;
+    }
+
     // Without an answer the user cancels.
     std::function<std::optional<host::PickerColour>(const host::PickerColour&)> colourAnswer;
     std::function<std::optional<host::Point>(const std::string&)> pointAnswer;
+    std::function<std::optional<std::string>(const host::SaveFileQuestion&)> fileAnswer;
 
 private:
     const OpenDialogs& dialogs;

@@ -48,6 +48,7 @@ public:
     host::Alerts& GetAlerts() override { return dialogManager; }
     host::UserInput& GetUserInput() override { return userInput; }
     host::TextMeasuring& GetTextMeasuring() override { return textMeasuring; }
+    host::Pictures& GetPictures() override { return pictures; }
 
 private:
     std::unique_ptr<Project> ownedProject;
@@ -78,6 +79,7 @@ public:
     ListSelectionRole listSelection;
     UserInputRole userInput;
     TextMeasuringRole textMeasuring;
+    PicturesRole pictures;
 };
 
 } // namespace workbench

@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <sys/resource.h>
+
+#include <csignal>
 
 #include "Program.h"
 #include "TestHouse.h"
@@ -114,6 +117,27 @@ TEST_F(MaterialReportCommandTest, AssessPlacesTheResultReportAndWritesTheCharts)
     }
     ExpectRefusal(Kelvarnix({"assess", project, "--charts", project, "--quiet"}), 5, "LCAPieChart",
                   "cannot be written");
+}
+
+TEST_F(MaterialReportCommandTest, AssessWritesTheSpreadsheet) {
+    const std::string report = folder.Path() + "/report.xlsx";
+    const clitest::Finished finished = Kelvarnix({"assess", project, "--report", report, "--quiet"});
+    EXPECT_EQ(finished.code, 0);
+    EXPECT_EQ(finished.errors, "");
+    EXPECT_NE(support::ContentOf(report).find("xl/media/"), std::string::npos);
+    ExpectRefusal(Kelvarnix({"assess", project, "--report", "r.pdf", "--quiet"}), 2, "r.pdf", ".xlsx");
+    const std::string before = support::ContentOf(report);
+    ExpectRefusal(Kelvarnix({"assess", project, "--report", "/none/report.xlsx", "--quiet"}), 5, "/none/report.xlsx",
+                  "The Save faild!");
+    ExpectRefusal(Kelvarnix({"assess", project, "--report", report, "--quiet"},
+                            {{},
+                             [] {
+                                 rlimit limit{4096, 4096}; // no file can become larger, as on a full disk
+                                 std::signal(SIGXFSZ, SIG_IGN);
+                                 return setrlimit(RLIMIT_FSIZE, &limit) == 0;
+                             }}),
+                  5, report, "The Save faild!");
+    EXPECT_EQ(support::ContentOf(report), before);
 }
 
 } // namespace

@@ -1,4 +1,5 @@
 // The palette's charts as they are drawn, and the result report object that carries table and charts on drawings.
+#include "support/TestFolder.h"
 #include "workbench/model/ReportLibrary.h"
 
 #include "DrivenAddOn.h"
@@ -160,6 +161,81 @@ TEST_F(ResultReportTest, ColumnsAreThePartsAndAMissingPartIsTold) {
         "the loaded libraries. Please add this file to the Libraries.");
     Press(UpdateButton); // nothing matches, nobody is told
     EXPECT_EQ(host.dialogManager.shownAlerts.size(), 1U);
+}
+
+class SpreadsheetTest : public ResultReportTest {
+protected:
+    /// Answers the save dialog, and lends a painter that writes a picture's beginning.
+    void SaveAs(const std::string& path) {
+        host.userInput.fileAnswer = [this, path](const host::SaveFileQuestion& question) {
+            asked = question;
+            return path.empty() ? std::nullopt : std::optional(path);
+        };
+        host.pictures.temporaryFolder = folder.Path();
+        host.pictures.painter = [this](const std::string& file, int width, int height, double scale, const auto& draw) {
+            workbench::RecordedContext context;
+            draw(context);
+            pictures.push_back(file.substr(file.rfind('/') + 1) + " " + std::to_string(width) + "x" +
+                               std::to_string(height) + " x" + std::to_string(static_cast<int>(scale)) + " " +
+                               std::to_string(context.calls.size()));
+            std::ofstream(file, std::ios::binary) << "\xFF\xD8\xFF";
+            return true;
+        };
+        host.dialogManager.alertAnswer = [](const host::Alert&) { return std::int16_t{2}; }; // nothing is opened
+        host.dialogManager.shownAlerts.clear();
+        ASSERT_TRUE(Press(ReportButton));
+    }
+    /// The one alert: title, text and buttons.
+    std::string Told() {
+        std::string told;
+        for (const host::Alert& alert : host.dialogManager.shownAlerts) {
+            told += alert.title + "|" + alert.largeText;
+            for (const std::string& button : alert.buttons)
+                told += "|" + button;
+        }
+        return told;
+    }
+
+    support::TestFolder folder;
+    host::SaveFileQuestion asked;
+    Texts pictures;
+};
+
+TEST_F(SpreadsheetTest, AsksWritesAndTells) {
+    const std::string file = folder / "Größe 1.xlsx";
+    SaveAs(file);
+    EXPECT_EQ(asked.title + "|" + asked.proposedName + "|" + asked.typeManager + "|" + asked.extension,
+              "LCA Design report|LCA report.xlsx|MyManager|xlsx");
+    EXPECT_EQ(Told(), "LCA Design report|Saved!|Open Now|Close");
+    EXPECT_EQ(support::ContentOf(file).substr(0, 2), "PK");
+    EXPECT_EQ(pictures, (Texts{"LCAPieChart.jpg 350x230 x2 15", "LCABarChart.jpg 520x230 x2 13"}));
+    EXPECT_EQ(report, Texts());
+}
+
+TEST_F(SpreadsheetTest, SaysWhatWentWrong) {
+    SaveAs("");
+    EXPECT_EQ(Told(), "");
+    EXPECT_TRUE(pictures.empty());
+    for (const char* name : {".xlsx", "a.xls", "12345"}) {
+        SaveAs(folder / name);
+        const bool isShort = std::string(name).size() <= 5;
+        EXPECT_EQ(Told(), isShort ? "Warning|The file could not be saved. \nPlease enter the file name.|OK"
+                                  : "LCA Design report|Saved!|Open Now|Close");
+        EXPECT_EQ(support::ContentOf(folder / name) == "(none)", isShort) << name;
+    }
+    SaveAs(folder / "none/report.xlsx");
+    EXPECT_EQ(Told(), "LCA Design report|The Save faild!|OK");
+}
+
+TEST_F(SpreadsheetTest, IsWrittenWithoutPicturesThatCannotBeDrawn) {
+    SaveAs(folder / "with.xlsx");
+    host.pictures.painter = nullptr;
+    host.userInput.fileAnswer = [&](const auto&) { return std::optional(folder / "without.xlsx"); };
+    ASSERT_TRUE(Press(ReportButton));
+    EXPECT_EQ(host.dialogManager.shownAlerts.back().largeText, "Saved!");
+    EXPECT_NE(support::ContentOf(folder / "with.xlsx").find("xl/media/"), std::string::npos);
+    EXPECT_EQ(support::ContentOf(folder / "without.xlsx").find("xl/media"), std::string::npos);
+    EXPECT_EQ(report.size(), 2U);
 }
 
 } // namespace

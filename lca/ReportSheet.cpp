@@ -1,0 +1,134 @@
+#include "lca/ReportSheet.h"
+
+#include <algorithm>
+
+namespace lca {
+
+namespace {
+
+/// The four numbers of a row that are left blank unless they are above 0.
+struct Inputs {
+    double embodied = 0.0; ///< kg CO2e
+    double percentage = 0.0;
+    double serviceLifeYears = 0.0;
+    double replacements = 0.0;
+};
+
+SheetCell TextCell(CellRole role, std::string text) {
+    return {role, std::move(text), {}};
+}
+
+SheetCell NumberCell(CellRole role, double number) {
+    return {role, {}, number == 0.0 ? 0.0 : number}; // no sign on a zero
+}
+
+SheetCell InputCell(double number) {
+    return number > 0.0 ? NumberCell(CellRole::Number, number) : TextCell(CellRole::Text, {});
+}
+
+CellRole GetLabelRole(ElementCategory category) {
+    return category == ElementCategory::OperatingEmission || category == ElementCategory::BuildingProcess
+               ? CellRole::StageLabel
+               : CellRole::PartLabel;
+}
+
+Inputs WithServiceLife(double embodied, double percentage, double periodYears, double serviceLifeYears) {
+    return {embodied, percentage, serviceLifeYears, periodYears / serviceLifeYears};
+}
+
+Inputs GetInputs(const LCAProjectData& record, const BaseSums& sums, const Results& results, ElementCategory category) {
+    const double period = record.consideredServiceLifeYears;
+    const double life = ValueOr(record.elementLives, category, 0);
+    const double perPeriod = results.Get(category).perPeriodGWP.value_or(0.0);
+    switch (category) {
+    case ElementCategory::OperatingEmission:
+        return {record.GetFloorValue(FloorQuantity::OperationalEmission), 0.0, 0.0, 0.0};
+    case ElementCategory::BuildingComponents:
+        return WithServiceLife(sums.buildingComponents, 0.0, period, period);
+    case ElementCategory::Doors:
+        return WithServiceLife(sums.doors, 0.0, period, life);
+    case ElementCategory::Windows:
+        return WithServiceLife(sums.windows, 0.0, period, life);
+    case ElementCategory::Inventory:
+    case ElementCategory::Installations:
+        return WithServiceLife(perPeriod, ValueOr(record.contributionShare, category, 0.0), period, life);
+    case ElementCategory::BuildingProcess:
+        break;
+    }
+    // The construction process shows the percentage of the installations.
+    return {perPeriod, ValueOr(record.contributionShare, ElementCategory::Installations, 0.0), 0.0, 0.0};
+}
+
+const std::string& GetStageText(const ReportSheetTexts& texts, ElementCategory category) {
+    static const std::string none;
+    switch (category) {
+    case ElementCategory::OperatingEmission:
+        return texts.useStage;
+    case ElementCategory::BuildingComponents:
+        return texts.productStageAndEndOfLife;
+    case ElementCategory::Doors:
+        return texts.countedPhases;
+    case ElementCategory::BuildingProcess:
+        return texts.constructionStage;
+    default:
+        return none;
+    }
+}
+
+SheetRow BuildHeader(const ReportSheetTexts& texts) {
+    SheetRow row;
+    for (std::string header : texts.headers) {
+        std::replace(header.begin(), header.end(), '\r', '\n');
+        row.push_back(TextCell(CellRole::Header, std::move(header)));
+    }
+    return row;
+}
+
+SheetRow BuildRow(CellRole label, const std::string& name, const std::string& stage, const Inputs& inputs) {
+    return {TextCell(label, name),        TextCell(CellRole::Text, stage),    InputCell(inputs.embodied),
+            InputCell(inputs.percentage), InputCell(inputs.serviceLifeYears), InputCell(inputs.replacements)};
+}
+
+} // namespace
+
+std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseSums& sums, const Results& results,
+                                       const ReportSheetTexts& texts) {
+    std::vector<SheetRow> rows = {BuildHeader(texts)};
+    for (const ElementCategory category : AllCategories) {
+        SheetRow row = BuildRow(GetLabelRole(category), texts.categories[static_cast<std::size_t>(category)],
+                                GetStageText(texts, category), GetInputs(record, sums, results, category));
+        const CategoryResult& result = results.Get(category);
+        for (const double number :
+             {result.gwp, result.gwpPerArea.value_or(0.0), result.gwpPerAreaPerYear.value_or(0.0)})
+            row.push_back(NumberCell(CellRole::Number, number));
+        rows.push_back(std::move(row));
+    }
+    SheetRow total = BuildRow(CellRole::TotalLabel, texts.total, {}, {});
+    total.push_back(NumberCell(CellRole::TotalNumber, results.totalGwp));
+    total.push_back(NumberCell(CellRole::TotalNumber, results.totalGwpPerArea));
+    total.push_back(NumberCell(CellRole::TotalPerYear, results.totalGwpPerAreaPerYear));
+    rows.push_back(std::move(total));
+    rows.emplace_back();
+    rows.push_back({TextCell(CellRole::NoteLabel, texts.consideredPeriod),
+                    NumberCell(CellRole::NoteNumber, record.consideredServiceLifeYears)});
+    rows.push_back({TextCell(CellRole::NoteLabel, texts.grossFloorArea),
+                    NumberCell(CellRole::NoteNumber, record.GetFloorValue(FloorQuantity::GrossFloorArea))});
+    return rows;
+}
+
+std::string MakeSheetName(const std::string& name) {
+    constexpr std::size_t LongestName = 31;
+    constexpr char Forbidden[] = "*/:?[\\]";
+    std::string result;
+    std::size_t characters = 0;
+    for (const char letter : name) {
+        const bool startsCharacter = (static_cast<unsigned char>(letter) & 0xC0U) != 0x80U;
+        if (startsCharacter && ++characters > LongestName) break;
+        const bool isForbidden =
+            std::find(Forbidden, Forbidden + sizeof Forbidden - 1, letter) != Forbidden + sizeof Forbidden - 1;
+        result += isForbidden ? '_' : letter;
+    }
+    return result;
+}
+
+} // namespace lca

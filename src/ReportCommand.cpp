@@ -1,0 +1,126 @@
+#include "src/ReportCommand.h"
+
+#include "src/AddOnContext.h"
+#include "src/SpreadsheetReport.h"
+#include "src/Texts.h"
+
+#include "General/CallbackGuard.h"
+#include "General/UInterface.h"
+#include "host/UserInput.h"
+#include "lca/Numbers.h"
+#include "platform/System.h"
+#include "platform/Text.h"
+
+namespace {
+
+using namespace ResourceIds;
+
+constexpr std::size_t LongestRefusedName = 5; ///< no more than the extension
+constexpr char TypeManager[] = "MyManager";
+constexpr char Extension[] = "xlsx";
+constexpr double PictureScale = 2.0; ///< so that the charts print sharply
+constexpr std::int16_t OpenNow = 1;
+constexpr int HeaderCount = 9;
+
+std::vector<std::string> ReadTexts(host::Host& host, StringId first, int count) {
+    std::vector<std::string> texts;
+    for (int i = 0; i < count; ++i)
+        texts.push_back(ReadText(host, first + i));
+    return texts;
+}
+
+lca::ReportSheetTexts ReadSheetTexts(host::Host& host) {
+    lca::ReportSheetTexts texts;
+    texts.headers = ReadTexts(host, ReportColumns::FirstHeader, HeaderCount);
+    for (std::size_t i = 0; i < texts.categories.size(); ++i)
+        texts.categories[i] = ReadText(host, Report::FirstCategoryLabel + static_cast<int>(i));
+    texts.total = ReadText(host, Report::TotalLabel);
+    texts.useStage = ReadText(host, Report::UseStage);
+    texts.productStageAndEndOfLife = ReadText(host, Report::ProductStageAndEndOfLife);
+    texts.countedPhases = ReadText(host, Report::CountedPhases);
+    texts.constructionStage = ReadText(host, Report::ConstructionProcessStage);
+    texts.consideredPeriod = ReadText(host, Report::ConsideredPeriod);
+    texts.grossFloorArea = ReadText(host, Report::GrossFloorArea);
+    return texts;
+}
+
+std::vector<lca::SheetRow> BuildMaterialSheet(host::Host& host, const lca::MaterialSumTable& sums) {
+    using lca::CellRole;
+    std::vector<lca::SheetRow> rows(1);
+    for (const std::string& header : ReadTexts(host, MaterialSheetColumns::LayerHeader, 3))
+        rows.front().push_back({CellRole::Header, header, {}});
+    for (const MaterialReportRow& row : BuildMaterialReport(host, sums)) {
+        const bool isTotal = row.kind == MaterialReportRow::Kind::Total;
+        const bool isMaterial = row.kind == MaterialReportRow::Kind::Material;
+        const CellRole label = isTotal ? CellRole::TotalLabel : isMaterial ? CellRole::Text : CellRole::PartLabel;
+        rows.push_back({{label, row.layer, {}},
+                        {label, row.name, {}},
+                        {isTotal ? CellRole::TotalNumber : CellRole::Number, {}, row.gwp}});
+    }
+    return rows;
+}
+
+/// Empty where the picture could not be written: the report then does without it.
+std::string DrawChart(host::Host& host, MainPalette& palette, std::int16_t item, StringId fileName) {
+    std::string path;
+    host::ErrorCode error = host.GetPictures().ReadSpecialFolder(host::TemporaryFolder, path);
+    if (error == host::NoError) {
+        path.append("/").append(ReadText(host, fileName));
+        const host::Rectangle place = host.GetDialogItems().ReadRectangle(palette.GetDialog(), item);
+        error = host.GetPictures().WriteJpeg(path, place.width, place.height, PictureScale,
+                                             [&](host::NativeContext& context) {
+                                                 palette.DrawChart(item, context, {0, 0, place.width, place.height});
+                                             });
+    }
+    if (error == host::NoError) return path;
+    General::ReportHostError(host, "drawing a chart for the report", error);
+    return {};
+}
+
+SpreadsheetReport BuildReport(host::Host& host, AddOnContext& context) {
+    MainPalette& palette = context.mainPalette;
+    SpreadsheetReport report;
+    report.resultSheetName = lca::MakeSheetName(ReadText(host, Report::ResultSheetName));
+    report.materialSheetName = lca::MakeSheetName(ReadText(host, Report::MaterialSheetName));
+    report.resultColumnWidth = lca::ParseDecimal(ReadText(host, ReportColumns::ColumnWidth)).value_or(0.0);
+    report.resultRows =
+        lca::BuildResultSheet(context.projectData, palette.GetBaseSums(), palette.GetResults(), ReadSheetTexts(host));
+    report.materialRows = BuildMaterialSheet(host, context.materialSums);
+    report.pieChartFile = DrawChart(host, palette, PaletteItems::PieChart, Report::PieChartFile);
+    report.barChartFile = DrawChart(host, palette, PaletteItems::BarChart, Report::BarChartFile);
+    return report;
+}
+
+std::size_t CountNameLetters(const std::string& path) {
+    const std::size_t separator = path.find_last_of("/\\");
+    return platform::Utf16FromUtf8(separator == std::string::npos ? path : path.substr(separator + 1)).size();
+}
+
+} // namespace
+
+void GenerateReport(host::Host& host, AddOnContext& context) {
+    const std::optional<std::string> path = host.GetUserInput().PickSaveFile(
+        {ReadText(host, Report::SaveTitle), ReadText(host, Report::DefaultFileName), TypeManager, Extension});
+    if (!path) return;
+    if (CountNameLetters(*path) <= LongestRefusedName) {
+        ShowTextAlert(host, host::AlertType::Warning, Alerts::WarningTitle, Report::FileNameTooShort, {}, Alerts::Ok);
+        return;
+    }
+    if (!WriteSpreadsheetReport(BuildReport(host, context), *path)) {
+        ShowTextAlert(host, host::AlertType::Error, Report::SaveTitle, Report::SaveFailed, {}, Alerts::Ok);
+        return;
+    }
+    const std::int16_t pressed =
+        General::ShowAlert(host, host::AlertType::Information, Report::SaveTitle.entry, Report::Saved.entry,
+                           {Report::OpenNowButton.entry, Report::CloseButton.entry, General::NoButton});
+    if (pressed != OpenNow) return;
+    if (const std::optional<std::string> narrow = platform::NarrowFromWide(platform::WideFromUtf8(*path)))
+        OpenFileWithShell(*narrow);
+}
+
+void OpenFileWithShell(const std::string& path) {
+    constexpr std::size_t LongestCommandLine = 3500;
+    const std::string commandLine = platform::openFileCommand + ("\"" + path) + "\"";
+    // A longer one has no place in the system's command line; the file is written all the same.
+    if (commandLine.size() < LongestCommandLine) static_cast<void>(platform::StartHidden(commandLine));
+}
