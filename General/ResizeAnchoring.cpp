@@ -50,6 +50,12 @@ void ResizeAnchoring::Apply(host::DialogId dialog) {
                                                            size.height - registeredSize.height));
 }
 
+void ResizeAnchoring::ApplyAtOnce(host::DialogId dialog) {
+    host.GetDialogs().BeginMoveGrow(dialog);
+    Apply(dialog);
+    host.GetDialogs().EndMoveGrow(dialog);
+}
+
 void ResizeAnchoring::Reset() {
     anchors.clear();
     minimumSize = {};

@@ -4,6 +4,7 @@
 #include "host/Dialogs.h"
 #include "host/Host.h"
 
+#include <cstddef>
 #include <vector>
 
 namespace General {
@@ -23,6 +24,11 @@ host::Rectangle ComputeAnchored(const host::Rectangle& registered, const AnchorF
 /// Smallest dialog extent at which an item of this extent, growing by `factor`, keeps 18 pixels (or what it has).
 int ComputeMinimumExtent(int dialogExtent, int itemExtent, double factor);
 
+struct ItemAnchor {
+    std::int16_t item;
+    AnchorFactors factors;
+};
+
 class ResizeAnchoring {
 public:
     explicit ResizeAnchoring(host::Host& host) : host(host) {}
@@ -30,8 +36,17 @@ public:
     /// Remembers the item's present rectangle and raises the dialog's minimum size. All items of one dialog are
     /// registered at one size of it.
     void Register(host::DialogId dialog, std::int16_t item, const AnchorFactors& factors);
+    /// Forgets what was registered before, and registers these.
+    template <std::size_t Count>
+    void RegisterAll(host::DialogId dialog, const ItemAnchor (&items)[Count]) {
+        Reset();
+        for (const ItemAnchor& anchor : items)
+            Register(dialog, anchor.item, anchor.factors);
+    }
     /// Puts every registered item of the dialog where its present size wants it.
     void Apply(host::DialogId dialog);
+    /// Apply between begin and end of a move, so that the items are not drawn one by one.
+    void ApplyAtOnce(host::DialogId dialog);
     void Reset();
 
 private:

@@ -23,6 +23,13 @@ bool SelectPopupByText(host::Host& host, host::DialogId dialog, const std::strin
     return true;
 }
 
+void SetListColumn(host::Host& host, host::DialogId dialog, std::int16_t list, std::int16_t column,
+                   const host::ListColumn& place, const std::string& headerText, std::int16_t minimumHeaderWidth) {
+    const auto width = static_cast<std::int16_t>(place.end - place.begin);
+    host.GetListLayout().SetHeader(dialog, list, column, {headerText, width, minimumHeaderWidth});
+    host.GetListLayout().SetColumn(dialog, list, column, place);
+}
+
 void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list) {
     host::ListLayout& layout = host.GetListLayout();
     const host::Size space = layout.ReadCellSpace(dialog, list);

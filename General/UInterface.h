@@ -12,6 +12,10 @@ namespace General {
 /// it.
 bool SelectPopupByText(host::Host& host, host::DialogId dialog, const std::string& text);
 
+/// Sets place and header of a list column; the header is as wide as the column.
+void SetListColumn(host::Host& host, host::DialogId dialog, std::int16_t list, std::int16_t column,
+                   const host::ListColumn& place, const std::string& headerText, std::int16_t minimumHeaderWidth);
+
 /// Grows every in-place editor that is bound to a column of the list to the column's width (within the list) and the
 /// row's height, each less 2 pixels.
 void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list);

@@ -18,14 +18,9 @@ constexpr std::int16_t PhaseColumn = 1, ValueColumn = 2;
 constexpr std::int16_t MinimumHeaderWidth = 20;
 constexpr char NoValue[] = "-";
 
-struct ItemAnchor {
-    std::int16_t item;
-    General::AnchorFactors factors;
-};
-
 constexpr General::AnchorFactors Corner{1, 1, 0, 0}, Bottom{0, 1, 0, 0}, Right{1, 0, 0, 0};
 
-constexpr ItemAnchor Anchors[] = {
+constexpr General::ItemAnchor Anchors[] = {
     {OkButton, Corner},          {CancelButton, Corner},          {TeamworkButton, Corner},
     {TeamworkSeparator, Corner}, {TeamworkIcon, Bottom},          {TeamworkStatusText, Bottom},
     {TeamworkLabel, Bottom},     {BottomSeparator, {0, 1, 1, 0}}, {MiddleSeparator, {1, 0, 0, 1}},
@@ -96,14 +91,8 @@ void BuildingMaterialsLCASettingsDialog::Initialise() {
     teamwork.ShowInTeamworkOnly(GetDialog(),
                                 {TeamworkButton, TeamworkIcon, TeamworkStatusText, TeamworkLabel, TeamworkSeparator});
     teamwork.Refresh(GetDialog());
-    RegisterAnchors();
+    anchoring.RegisterAll(GetDialog(), Anchors);
     GetHost().GetDialogItems().Show(GetDialog(), PhaseValueEdit, false);
-}
-
-void BuildingMaterialsLCASettingsDialog::RegisterAnchors() {
-    anchoring.Reset();
-    for (const ItemAnchor& anchor : Anchors)
-        anchoring.Register(GetDialog(), anchor.item, anchor.factors);
 }
 
 std::int16_t BuildingMaterialsLCASettingsDialog::HandleClick(std::int16_t item) {
@@ -154,32 +143,23 @@ void BuildingMaterialsLCASettingsDialog::Resize() {
 }
 
 void BuildingMaterialsLCASettingsDialog::LayOutMaterialColumns() {
-    host::ListLayout& layout = GetHost().GetListLayout();
-    const int width = layout.ReadCellSpace(GetDialog(), MaterialList).width;
-    const host::ListColumn columns[] = {Column(5, 55), Column(56, width - 80), Column(width - 79, width)};
-    const std::string headers[] = {
-        {}, ReadText(GetHost(), BuildingMaterials::NameHeader), ReadText(GetHost(), BuildingMaterials::IdHeader)};
-    for (std::int16_t i = 0; i < IdColumn; ++i) {
-        const auto column = static_cast<std::int16_t>(i + 1);
-        const auto headerWidth = static_cast<std::int16_t>(columns[i].end - columns[i].begin);
-        layout.SetHeader(GetDialog(), MaterialList, column, {headers[i], headerWidth, MinimumHeaderWidth});
-        layout.SetColumn(GetDialog(), MaterialList, column, columns[i]);
-    }
+    const int width = GetHost().GetListLayout().ReadCellSpace(GetDialog(), MaterialList).width;
+    const auto set = [&](std::int16_t column, const host::ListColumn& place, const std::string& header) {
+        General::SetListColumn(GetHost(), GetDialog(), MaterialList, column, place, header, MinimumHeaderWidth);
+    };
+    set(SwatchColumn, Column(5, 55), {});
+    set(NameColumn, Column(56, width - 80), ReadText(GetHost(), BuildingMaterials::NameHeader));
+    set(IdColumn, Column(width - 79, width), ReadText(GetHost(), BuildingMaterials::IdHeader));
 }
 
 void BuildingMaterialsLCASettingsDialog::SetUpPhaseColumns() {
     host::ListLayout& layout = GetHost().GetListLayout();
     layout.SetColumnCount(GetDialog(), PhaseList, ValueColumn);
     const int width = layout.ReadCellSpace(GetDialog(), PhaseList).width;
-    const host::ListColumn columns[] = {Column(0, width - 260), Column(width - 261, width)};
-    const StringId headers[] = {BuildingMaterials::PhaseHeader, BuildingMaterials::ValueHeader};
-    for (std::int16_t i = 0; i < ValueColumn; ++i) {
-        const auto column = static_cast<std::int16_t>(i + 1);
-        const auto headerWidth = static_cast<std::int16_t>(columns[i].end - columns[i].begin);
-        layout.SetHeader(GetDialog(), PhaseList, column,
-                         {ReadText(GetHost(), headers[i]), headerWidth, MinimumHeaderWidth});
-        layout.SetColumn(GetDialog(), PhaseList, column, columns[i]);
-    }
+    General::SetListColumn(GetHost(), GetDialog(), PhaseList, PhaseColumn, Column(0, width - 260),
+                           ReadText(GetHost(), BuildingMaterials::PhaseHeader), MinimumHeaderWidth);
+    General::SetListColumn(GetHost(), GetDialog(), PhaseList, ValueColumn, Column(width - 261, width),
+                           ReadText(GetHost(), BuildingMaterials::ValueHeader), MinimumHeaderWidth);
 }
 
 void BuildingMaterialsLCASettingsDialog::FillMaterials() {

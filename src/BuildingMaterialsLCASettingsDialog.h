@@ -30,7 +30,6 @@ private:
     enum class Fill { Rows, Texts };
 
     void Initialise();
-    void RegisterAnchors();
     std::int16_t HandleClick(std::int16_t item);
     void HandleChange(std::int16_t item);
     void Resize();

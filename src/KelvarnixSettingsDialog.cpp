@@ -49,15 +49,10 @@ constexpr Phase PhaseRows[] = {{0, Phases::ProductStage}, {1, Phases::Transport}
 constexpr std::int16_t CheckColumn = 1, CodeColumn = 2, PhaseNameColumn = 3;
 constexpr std::int16_t MinimumHeaderWidth = 20;
 
-struct ItemAnchor {
-    std::int16_t item;
-    General::AnchorFactors factors;
-};
-
 constexpr General::AnchorFactors Corner{1, 1, 0, 0}, Bottom{0, 1, 0, 0}, BottomWide{0, 1, 1, 0}, Wide{0, 0, 1, 0},
     Right{1, 0, 0, 0};
 
-constexpr ItemAnchor Anchors[] = {
+constexpr General::ItemAnchor Anchors[] = {
     {OkButton, Corner},
     {CancelButton, Corner},
     {TeamworkButton, Corner},
@@ -152,7 +147,7 @@ void KelvarnixSettingsDialog::Initialise() {
                             static_cast<std::int16_t>(static_cast<int>(workingCopy.standardsUnit) + 1));
     PlaceTeamworkGroup();
     teamwork.Refresh(GetDialog());
-    RegisterAnchors();
+    anchoring.RegisterAll(GetDialog(), Anchors);
     GetHost().GetDialogItems().Enable(GetDialog(), RemoveButton, false);
 }
 
@@ -171,12 +166,6 @@ void KelvarnixSettingsDialog::PlaceTeamworkGroup() {
     host::Rectangle list = items.ReadRectangle(GetDialog(), StandardList);
     list.height = static_cast<std::int16_t>(list.height + distance);
     items.SetRectangle(GetDialog(), StandardList, list);
-}
-
-void KelvarnixSettingsDialog::RegisterAnchors() {
-    anchoring.Reset();
-    for (const ItemAnchor& anchor : Anchors)
-        anchoring.Register(GetDialog(), anchor.item, anchor.factors);
 }
 
 std::int16_t KelvarnixSettingsDialog::HandleClick(std::int16_t item, const host::DialogMessageData& data) {
@@ -230,10 +219,7 @@ void KelvarnixSettingsDialog::HandleChange(std::int16_t item) {
 }
 
 void KelvarnixSettingsDialog::Resize() {
-    host::Dialogs& dialogs = GetHost().GetDialogs();
-    dialogs.BeginMoveGrow(GetDialog());
-    anchoring.Apply(GetDialog());
-    dialogs.EndMoveGrow(GetDialog());
+    anchoring.ApplyAtOnce(GetDialog());
     LayOutPhaseColumns();
     standards.LayOutColumns();
 }

@@ -26,7 +26,6 @@ protected:
 private:
     void Initialise();
     void PlaceTeamworkGroup();
-    void RegisterAnchors();
     std::int16_t HandleClick(std::int16_t item, const host::DialogMessageData& data);
     void HandleChange(std::int16_t item);
     void Resize();

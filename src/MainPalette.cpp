@@ -23,12 +23,7 @@ constexpr host::Colour White{255, 255, 255};
 constexpr std::int16_t Charts[] = {PaletteItems::PieChart, PaletteItems::BarChart};
 constexpr std::uint32_t TimeFormatFlags = 528; ///< date and time, as the host's formatter numbers them
 
-struct PaletteAnchor {
-    std::int16_t item;
-    General::AnchorFactors factors;
-};
-
-constexpr PaletteAnchor Anchors[] = {
+constexpr General::ItemAnchor Anchors[] = {
     {PaletteItems::Table, {0, 0, 1, 0}},          {PaletteItems::BarLabel, {0.25, 0, 0, 0}},
     {PaletteItems::SettingsButton, {0, 1, 0, 0}}, {PaletteItems::UpdateButton, {1, 1, 0, 0}},
     {PaletteItems::ReportButton, {1, 1, 0, 0}},   {PaletteItems::LastUpdateLabel, {1, 1, 0, 0}},
@@ -129,9 +124,7 @@ void MainPalette::Initialise() {
 
 void MainPalette::RegisterAnchors() {
     GetHost().GetDialogs().SetMinimumSize(GetDialog(), {PaletteMinimumWidth, PaletteMinimumHeight});
-    anchoring.Reset();
-    for (const PaletteAnchor& anchor : Anchors)
-        anchoring.Register(GetDialog(), anchor.item, anchor.factors);
+    anchoring.RegisterAll(GetDialog(), Anchors);
 }
 
 void MainPalette::Resize() {

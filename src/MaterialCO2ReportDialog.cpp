@@ -24,12 +24,7 @@ constexpr host::Colour ZeroLine{128, 128, 128};
 /// Of the part's identifier pair only the first is compared, so that a favourite of another revision is offered too.
 constexpr std::size_t MainIdentifierLength = 38;
 
-struct ItemAnchor {
-    std::int16_t item;
-    General::AnchorFactors factors;
-};
-
-constexpr ItemAnchor Anchors[] = {
+constexpr General::ItemAnchor Anchors[] = {
     {PlaceButton, {1, 1, 0, 0}}, {CloseButton, {1, 1, 0, 0}}, {FavoritePopup, {1, 1, 0, 0}}, {Table, {0, 0, 1, 1}}};
 
 bool IsReportFavourite(const host::Favourite& favourite) {
@@ -91,9 +86,7 @@ void MaterialCO2ReportDialog::Initialise() {
     host::Database window;
     GetHost().GetDatabases().ReadFrontWindow(window);
     GetHost().GetDialogItems().Enable(GetDialog(), PlaceButton, window.type != host::DatabaseType::Model3D);
-    anchoring.Reset();
-    for (const ItemAnchor& anchor : Anchors)
-        anchoring.Register(GetDialog(), anchor.item, anchor.factors);
+    anchoring.RegisterAll(GetDialog(), Anchors);
 }
 
 /// The names share what the numbers and the bars leave.
@@ -152,10 +145,7 @@ void MaterialCO2ReportDialog::FillFavourites() {
 }
 
 void MaterialCO2ReportDialog::Resize() {
-    host::Dialogs& dialogs = GetHost().GetDialogs();
-    dialogs.BeginMoveGrow(GetDialog());
-    anchoring.Apply(GetDialog());
-    dialogs.EndMoveGrow(GetDialog());
+    anchoring.ApplyAtOnce(GetDialog());
     LayOutTable();
 }
 
