@@ -3,9 +3,11 @@
 #include "src/AddOnContext.h"
 #include "src/LCAProjectDataStore.h"
 #include "src/LCASchema.h"
+#include "src/SystemStart.h"
 #include "src/WindowCommands.h"
 
 #include "General/CallbackGuard.h"
+#include "platform/Text.h"
 #include "src/Texts.h"
 
 namespace {
@@ -31,6 +33,13 @@ void TogglePalette(AddOnContext& context) {
         context.mainPalette.Close();
     else
         context.mainPalette.Open();
+}
+
+void OpenInformation() {
+    const std::wstring address = platform::WideFromUtf8(ReadText(*currentHost, ResourceIds::Web::InformationAddress));
+    const std::optional<std::string> narrow = platform::NarrowFromWide(address);
+    if (!narrow || !OpenWithSystemStart(*narrow))
+        General::ReportFailure(currentHost, "opening the web page", "the system has no program for it");
 }
 
 /// The record always starts from the model's values, which need the definitions that carry them.
@@ -65,6 +74,9 @@ host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
             break;
         case ResourceIds::Menus::ProjectSettings:
             RunProjectSettings(*currentHost, context);
+            break;
+        case ResourceIds::Menus::Information:
+            OpenInformation();
             break;
         case ResourceIds::Menus::MaterialReport:
             context.mainPalette.CollectElementGWP();

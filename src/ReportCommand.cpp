@@ -2,13 +2,13 @@
 
 #include "src/AddOnContext.h"
 #include "src/SpreadsheetReport.h"
+#include "src/SystemStart.h"
 #include "src/Texts.h"
 
 #include "General/CallbackGuard.h"
 #include "General/UInterface.h"
 #include "host/UserInput.h"
 #include "lca/Numbers.h"
-#include "platform/System.h"
 #include "platform/Text.h"
 
 namespace {
@@ -114,13 +114,7 @@ void GenerateReport(host::Host& host, AddOnContext& context) {
         General::ShowAlert(host, host::AlertType::Information, Report::SaveTitle.entry, Report::Saved.entry,
                            {Report::OpenNowButton.entry, Report::CloseButton.entry, General::NoButton});
     if (pressed != OpenNow) return;
-    if (const std::optional<std::string> narrow = platform::NarrowFromWide(platform::WideFromUtf8(*path)))
-        OpenFileWithShell(*narrow);
-}
-
-void OpenFileWithShell(const std::string& path) {
-    constexpr std::size_t LongestCommandLine = 3500;
-    const std::string commandLine = platform::openFileCommand + ("\"" + path) + "\"";
-    // A longer one has no place in the system's command line; the file is written all the same.
-    if (commandLine.size() < LongestCommandLine) static_cast<void>(platform::StartHidden(commandLine));
+    const std::optional<std::string> narrow = platform::NarrowFromWide(platform::WideFromUtf8(*path));
+    if (!narrow || !OpenFileWithShell(*narrow))
+        General::ReportFailure(&host, "opening the report", "the system has no program for it; open the file itself");
 }
