@@ -45,6 +45,8 @@ struct TeamworkOptions {
 };
 
 Outcome RunTeamwork(const TeamworkOptions& options);
+/// database  its name; empty: the floor plan
+Outcome RunDrawing(const std::string& model, const std::string& database, const std::string& png);
 Outcome RunInfo(const std::string& model);
 /// output empty: standard output
 Outcome RunMaterials(const std::string& model, const std::string& output);

@@ -35,6 +35,8 @@ struct Arguments {
     MaterialReportOptions materialReport;
     TeamworkOptions teamwork;
     std::vector<std::string> members;
+    std::string database;
+    std::string png;
     std::string model;
     std::string output;
     std::string json;
@@ -86,6 +88,13 @@ void AddTeamwork(CLI::App& app, Arguments& arguments) {
         ->allow_extra_args(false);
 }
 
+void AddDrawing(CLI::App& app, Arguments& arguments) {
+    CLI::App* command = app.add_subcommand("drawing", "A picture of a database with its placed objects");
+    command->add_option("MODEL", arguments.model, "The project: a .kvp file")->required();
+    command->add_option("--database", arguments.database, "Its name, such as \"Layout 1\"; without it the floor plan");
+    command->add_option("--png", arguments.png, "Write the picture to this file")->required();
+}
+
 void AddOverviews(CLI::App& app, Arguments& arguments) {
     const auto addModel = [&](CLI::App* command) {
         command->add_option("MODEL", arguments.model, "The building: an .ifc or a .kvp file")->required();
@@ -102,6 +111,7 @@ void AddOverviews(CLI::App& app, Arguments& arguments) {
 Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
     if (app.got_subcommand("assess")) return RunAssess(arguments.assess);
     if (app.got_subcommand("report-materials")) return RunMaterialReport(arguments.materialReport);
+    if (app.got_subcommand("drawing")) return RunDrawing(arguments.model, arguments.database, arguments.png);
     if (app.got_subcommand("share")) return RunShare(arguments.model, arguments.members);
     if (app.got_subcommand("teamwork")) return RunTeamwork(arguments.teamwork);
     if (app.got_subcommand("info")) return RunInfo(arguments.model);
@@ -119,6 +129,7 @@ int Run(int argc, char** argv) {
     AddAssess(app, arguments);
     AddMaterialReport(app, arguments.materialReport);
     AddTeamwork(app, arguments);
+    AddDrawing(app, arguments);
     AddOverviews(app, arguments);
     try {
         app.parse(argc, argv);

@@ -118,6 +118,12 @@ void PaintedContext::SetOrigin(double left, double top) {
     painter->translate(left, top);
 }
 
+void PaintedContext::SetPlacement(double left, double top, double angle, double xRatio, double yRatio) {
+    SetOrigin(left, top);
+    painter->rotate(-angle * DegreesPerRadian);
+    painter->scale(xRatio, yRatio);
+}
+
 host::Colour PaintedContext::GetPixel(int x, int y) const {
     const QColor colour = image->pixelColor(x, y);
     return {static_cast<std::uint8_t>(colour.red()), static_cast<std::uint8_t>(colour.green()),

@@ -29,6 +29,8 @@ public:
 
     /// What is drawn from now on lies so many pixels further right and down, as a cell lies in its list.
     void SetOrigin(double left, double top);
+    /// The same turned by an angle, counter-clockwise as on a plan, and stretched.
+    void SetPlacement(double left, double top, double angle, double xRatio, double yRatio);
     host::Colour GetPixel(int x, int y) const;
     /// The file name's extension tells the format (.png, .jpg). False when it cannot be written.
     [[nodiscard]] bool WritePicture(const std::string& path) const;

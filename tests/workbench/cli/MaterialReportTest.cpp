@@ -140,4 +140,21 @@ TEST_F(MaterialReportCommandTest, AssessWritesTheSpreadsheet) {
     EXPECT_EQ(support::ContentOf(report), before);
 }
 
+TEST_F(MaterialReportCommandTest, DrawingShowsWhatIsPlaced) {
+    const std::string png = folder.Path() + "/plan.png";
+    const clitest::Finished empty = Kelvarnix({"drawing", project, "--png", png, "--database", "Layout 1"});
+    EXPECT_EQ(empty.code, 0);
+    EXPECT_TRUE(clitest::Contains(empty.errors, "nothing is placed there")) << empty.errors;
+    const std::string nothing = support::ContentOf(png);
+    ASSERT_EQ(Kelvarnix({"assess", project, "--place-report", "0,20", "--save", project, "--quiet"}).code, 0);
+    const clitest::Finished drawn = Kelvarnix({"drawing", project, "--png", png});
+    EXPECT_EQ(drawn.code, 0);
+    EXPECT_EQ(drawn.errors, "");
+    EXPECT_GT(support::ContentOf(png).size(), nothing.size() * 10);
+    ExpectRefusal(Kelvarnix({"drawing", project, "--png", png, "--database", "Attic"}), 2, "Attic",
+                  "Floor plan, Section A");
+    ExpectRefusal(Kelvarnix({"drawing", project, "--png", "/none/plan.png"}), 5, "/none/plan.png", "cannot be written");
+    ExpectRefusal(Kelvarnix({"drawing", project, "--png", folder.Path() + "/plan.xyz"}), 5, "plan.xyz", ".png");
+}
+
 } // namespace

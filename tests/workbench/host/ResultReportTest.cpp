@@ -238,4 +238,15 @@ TEST_F(SpreadsheetTest, IsWrittenWithoutPicturesThatCannotBeDrawn) {
     EXPECT_EQ(report.size(), 2U);
 }
 
+TEST_F(SpreadsheetTest, TenThousandLayersFit) {
+    constexpr int Layers = 10000;
+    for (int i = 0; i < Layers; ++i)
+        test::AddElement(Model(), 1000 + i, host::ElementType::Wall, Model().AddLayer("Layer " + std::to_string(i)),
+                         {{test::Concrete, 1, 1}});
+    Press(UpdateButton);
+    SaveAs(folder / "many.xlsx");
+    EXPECT_EQ(Told(), "LCA Design report|Saved!|Open Now|Close");
+    EXPECT_GT(support::ContentOf(folder / "many.xlsx").size(), 100000U);
+}
+
 } // namespace
