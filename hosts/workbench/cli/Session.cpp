@@ -43,8 +43,9 @@ TableRow ReadRow(const RowState& state) {
 class PictureFolder {
 public:
     PictureFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "kelvarnix-charts-XXXXXX").string();
-        if (mkdtemp(name.data()) != nullptr) path = name;
+        std::error_code error;
+        std::string name = (std::filesystem::temp_directory_path(error) / "kelvarnix-charts-XXXXXX").string();
+        if (!error && mkdtemp(name.data()) != nullptr) path = name;
     }
     ~PictureFolder() {
         std::error_code ignored;
@@ -53,6 +54,7 @@ public:
     PictureFolder(const PictureFolder&) = delete;
     PictureFolder& operator=(const PictureFolder&) = delete;
 
+    /// Empty where none could be made: there is then no folder in which a picture could be written.
     const std::string& GetPath() const { return path; }
 
 private:
