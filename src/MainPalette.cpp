@@ -183,7 +183,7 @@ void MainPalette::PickCategoryColour(std::int32_t row) {
     const std::optional<lca::ElementCategory> category = PaletteTable::FindCategory(row);
     if (!category || !CanChangeProperties(GetHost())) return;
     constexpr unsigned ToPicker = 8; ///< bits by which the picker's channels are wider
-    std::uint32_t& colour = owner->projectData.elementColours[*category];
+    const std::uint32_t colour = lca::ValueOr(owner->projectData.elementColours, *category, std::uint32_t{0});
     const auto widen = [&](unsigned shift) {
         return static_cast<std::uint16_t>(((colour >> shift) & 0xFFU) << ToPicker);
     };
@@ -191,7 +191,8 @@ void MainPalette::PickCategoryColour(std::int32_t row) {
         GetHost().GetUserInput().PickColour({widen(16), widen(8), widen(0)});
     if (!picked) return;
     const auto narrow = [](std::uint16_t channel) { return static_cast<std::uint32_t>(channel) >> ToPicker; };
-    colour = 0xFF000000U | (narrow(picked->red) << 16U) | (narrow(picked->green) << 8U) | narrow(picked->blue);
+    owner->projectData.elementColours[*category] =
+        0xFF000000U | (narrow(picked->red) << 16U) | (narrow(picked->green) << 8U) | narrow(picked->blue);
     SaveRecord();
     GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
     RebuildTable(Rebuild::AllRows);
