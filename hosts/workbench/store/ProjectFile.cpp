@@ -50,10 +50,16 @@ std::string Describe(const fs::path& file, Body&& body) {
     }
 }
 
+/// Changes with every write of another connection.
+int ReadDataVersion(SQLite::Database& database) {
+    return database.execAndGet("PRAGMA data_version").getInt();
+}
+
 class FileStore : public ChangeStore {
 public:
-    FileStore(SQLite::Database opened, fs::path file, const Model& model)
-        : database(std::move(opened)), file(std::move(file)), model(model), seenVersion(ReadDataVersion()) {}
+    /// seenVersion  read before the model was, so that a write in between is noticed
+    FileStore(SQLite::Database opened, fs::path file, const Model& model, int seenVersion)
+        : database(std::move(opened)), file(std::move(file)), model(model), seenVersion(seenVersion) {}
 
     std::string Keep(const std::vector<Change>& changes) override {
         return Transact([&] {
@@ -66,7 +72,7 @@ public:
     bool HasNews() override {
         bool hasNews = false;
         const std::string failure = Describe(file, [&] {
-            hasNews = ReadDataVersion() != seenVersion;
+            hasNews = ReadDataVersion(database) != seenVersion;
             return std::string();
         });
         return failure.empty() && hasNews;
@@ -75,8 +81,8 @@ public:
     std::string Reload(Model& reloaded) override {
         return Describe(file, [&] {
             Model fresh;
+            const int version = ReadDataVersion(database);
             SQLite::Transaction snapshot(database);
-            const int version = ReadDataVersion();
             ReadModel(database, fresh);
             reloaded = std::move(fresh);
             seenVersion = version;
@@ -107,9 +113,6 @@ private:
         target.reservations = source.reservations;
         target.requests = source.requests;
     }
-
-    /// Changes with every write of another connection.
-    int ReadDataVersion() { return database.execAndGet("PRAGMA data_version").getInt(); }
 
     /// Runs the body and commits when it answers true.
     template <typename Body>
@@ -198,13 +201,14 @@ OpenedProject OpenProjectFile(const fs::path& file, KeepChanges keep) {
         SQLite::Database database = OpenDatabase(file, FileAccess::Existing);
         if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
         auto project = std::make_unique<Project>();
+        const int version = ReadDataVersion(database);
         {
             SQLite::Transaction snapshot(database);
             RequireWholeFile(database, file);
             ReadModel(database, project->model);
         }
         if (keep == KeepChanges::InFile)
-            project->store = std::make_unique<FileStore>(std::move(database), file, project->model);
+            project->store = std::make_unique<FileStore>(std::move(database), file, project->model, version);
         opened.project = std::move(project);
         return std::string();
     });
