@@ -116,6 +116,10 @@ std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseS
     return rows;
 }
 
+std::string MakeCellText(const std::string& text) {
+    return text.rfind('=', 0) == 0 ? " " + text : text;
+}
+
 std::string MakeSheetName(const std::string& name) {
     constexpr std::size_t LongestName = 31;
     constexpr char Forbidden[] = "*/:?[\\]";

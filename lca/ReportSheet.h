@@ -53,6 +53,9 @@ struct ReportSheetTexts {
 std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseSums& sums, const Results& results,
                                        const ReportSheetTexts& texts);
 
+/// The text as a cell can hold it: one that begins with "=" gets a blank before it, because it would be a formula.
+std::string MakeCellText(const std::string& text);
+
 /// Characters that a sheet's name cannot hold become "_"; at most 31 characters are kept.
 std::string MakeSheetName(const std::string& name);
 

@@ -167,7 +167,7 @@ private:
             if (cell.number)
                 sheet.AddCell(*cell.number, style);
             else
-                sheet.AddCell(cell.text, style);
+                sheet.AddCell(lca::MakeCellText(cell.text), style);
         }
         sheet.EndRow();
     }

@@ -102,6 +102,12 @@ TEST(ResultSheet, APeriodOfZeroLeavesTheReplacementsBlank) {
     EXPECT_EQ(Show(rows[3][5]), "-");
 }
 
+TEST(CellText, IsNeverAFormula) {
+    EXPECT_EQ(lca::MakeCellText("=SUM(A1:A9)"), " =SUM(A1:A9)");
+    EXPECT_EQ(lca::MakeCellText("a=b"), "a=b");
+    EXPECT_EQ(lca::MakeCellText(""), "");
+}
+
 TEST(SheetName, HoldsWhatASheetNameCan) {
     const struct {
         std::string name;
