@@ -5,6 +5,8 @@
 #include "src/SpreadsheetStyles.h"
 #include "xlsx/Workbook.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
 #include <optional>
 
@@ -19,23 +21,46 @@ struct SheetSizes {
 };
 
 constexpr SheetSizes ResultSizes{13, 48, 30}, MaterialSizes{11, 26, 18};
-constexpr double MaterialWidths[] = {34, 46, 22}; ///< letters
+/// Letters.
+constexpr double MaterialWidths[] = {34, 46, 22}, WidestColumn = 90;
+constexpr std::size_t ColumnMargin = 2;
 
 /// Below the rows the legend stands in the first column, and the pictures beside it, in the proportions of the
-/// palette's charts. Pictures begin at columns and have absolute sizes, because readers differ in how wide a column's
-/// letter is.
-constexpr unsigned PieColumn = 1, BarColumn = 4; ///< from 0
+/// palette's charts. Their places are told in absolute lengths, because readers differ in how wide a letter of a column
+/// is: the first column is some 215 pixels wide here and 280 there.
+constexpr unsigned PieColumn = 1, BarColumn = 4; ///< of their titles, from 0
 constexpr std::int64_t EmuPerPixel = Xlsx::emuPerInch / 96;
-constexpr std::int64_t PictureHeight = 424 * EmuPerPixel; ///< as high as the columns are wide for both
+constexpr std::int64_t PictureHeight = 424 * EmuPerPixel; ///< both then end with the last column
+constexpr std::int64_t PieLeft = 285 * EmuPerPixel;
 constexpr Xlsx::AnchorSize PieSize{PictureHeight * 350 / 230, PictureHeight};
 constexpr Xlsx::AnchorSize BarSize{PictureHeight * 520 / 230, PictureHeight};
 constexpr double PictureHeightPoints = static_cast<double>(PictureHeight) / Xlsx::emuPerPoint;
 constexpr double LegendRowHeight = 22, FillerRowHeight = 15; ///< points
 
+/// Points from the sheet's top to the pictures: the rows, a gap, and the titles.
+double FindPictureTop(const std::vector<lca::SheetRow>& rows) {
+    return ResultSizes.headerHeight + ResultSizes.rowHeight * static_cast<double>(rows.size() - 1) + FillerRowHeight +
+           ResultSizes.rowHeight;
+}
+
 bool IsThere(const ReportPicture& picture) {
     const std::optional<std::string> path = platform::NarrowFromWide(platform::WideFromUtf8(picture.file));
     const std::optional<platform::FileFacts> facts = path ? platform::FactsOf(*path) : std::nullopt;
     return facts && (facts->attributes & platform::Directory) == 0;
+}
+
+/// As wide as the longest text wants, within bounds.
+std::vector<Xlsx::ColumnWidth> FitColumns(const std::vector<lca::SheetRow>& rows) {
+    std::vector<Xlsx::ColumnWidth> widths;
+    for (unsigned column = 0; column < std::size(MaterialWidths); ++column) {
+        double width = MaterialWidths[column];
+        for (const lca::SheetRow& row : rows) {
+            const std::size_t letters = platform::WideFromUtf8(row[column].text).size();
+            width = std::max(width, std::min(static_cast<double>(letters + ColumnMargin), WidestColumn));
+        }
+        widths.push_back({column + 1, column + 1, width});
+    }
+    return widths;
 }
 
 class ReportWriter {
@@ -59,13 +84,8 @@ private:
     }
 
     void WriteMaterials(const SpreadsheetReport& report) {
-        std::vector<Xlsx::ColumnWidth> widths;
-        for (const double width : MaterialWidths) {
-            const auto column = static_cast<unsigned>(widths.size() + 1);
-            widths.push_back({column, column, width});
-        }
-        Xlsx::CWorksheet& sheet =
-            workbook.AddSheet(report.materialSheetName, widths, {Xlsx::FrozenPane{1, 0}, Xlsx::PageScale::FitWidth});
+        Xlsx::CWorksheet& sheet = workbook.AddSheet(report.materialSheetName, FitColumns(report.materialRows),
+                                                    {Xlsx::FrozenPane{1, 0}, Xlsx::PageScale::FitWidth});
         WriteRows(sheet, report.materialRows, MaterialSizes);
         RepeatHeader(report.materialSheetName);
     }
@@ -119,9 +139,9 @@ private:
         sheet.BeginRow(FillerRowHeight);
         WriteTitles(sheet, hasPie ? report.pieChart.title : std::string(),
                     hasBars ? report.barChart.title : std::string());
-        const auto firstRow = static_cast<unsigned>(report.resultRows.size() + 2); // from 0
-        if (hasPie) AddPicture(sheet, report.pieChart, {{PieColumn, firstRow}, PieSize});
-        if (hasBars) AddPicture(sheet, report.barChart, {{BarColumn, firstRow}, BarSize});
+        const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::emuPerPoint);
+        if (hasPie) AddPicture(sheet, report.pieChart, {PieLeft, top, PieSize});
+        if (hasBars) AddPicture(sheet, report.barChart, {PieLeft + PieSize.width, top, BarSize});
         double height = 0;
         if (hasPie) height = WriteLegend(sheet, report.legend);
         // The page to be printed reaches as far down as the pictures.
@@ -152,7 +172,7 @@ private:
         return false;
     }
 
-    void AddPicture(Xlsx::CWorksheet& sheet, const ReportPicture& picture, const Xlsx::OneCellAnchor& place) {
+    void AddPicture(Xlsx::CWorksheet& sheet, const ReportPicture& picture, const Xlsx::AbsoluteAnchor& place) {
         workbook.AddPicture(sheet, platform::WideFromUtf8(picture.file), Xlsx::ImageKind::Jpeg, place);
     }
 

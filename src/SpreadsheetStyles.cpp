@@ -97,7 +97,7 @@ Xlsx::Style MakeCellStyle(CellRole role, int fontPoints) {
         style.alignment.horizontal = Xlsx::HorizontalAlignment::Left;
         break;
     }
-    style.alignment.wrapsText = role == CellRole::Header || role == CellRole::NumberHeader || role == CellRole::Text;
+    style.alignment.wrapsText = role == CellRole::Header || role == CellRole::NumberHeader;
     SetColours(style, role);
     return style;
 }
