@@ -62,9 +62,11 @@ PieChart LayOutPieChart(const std::array<double, CategoryCount>& gwps, const Cha
 }
 
 void SortBarEntries(std::vector<BarEntry>& entries) {
-    std::reverse(entries.begin(), entries.end()); // so that equal values end in the reverse of their order
-    std::stable_sort(entries.begin(), entries.end(),
-                     [](const BarEntry& a, const BarEntry& b) { return a.second > b.second; });
+    // By insertion, which comes to an end in a told order also where a value is no number.
+    for (auto entry = entries.begin(); entry != entries.end(); ++entry) {
+        const auto isNotAbove = [&](const BarEntry& earlier) { return earlier.second <= entry->second; };
+        std::rotate(std::find_if(entries.begin(), entry, isNotAbove), entry, entry + 1);
+    }
 }
 
 std::vector<ChartBar> LayOutBarChart(const std::vector<BarEntry>& sorted, const ChartArea& area, const ChartFont& font,

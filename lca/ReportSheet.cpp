@@ -6,6 +6,8 @@ namespace lca {
 
 namespace {
 
+constexpr std::size_t TextColumns = 2; ///< the others hold numbers
+
 /// The four numbers of a row that are left blank unless they are above 0.
 struct Inputs {
     double embodied = 0.0; ///< kg CO2e
@@ -79,7 +81,8 @@ SheetRow BuildHeader(const ReportSheetTexts& texts) {
     SheetRow row;
     for (std::string header : texts.headers) {
         std::replace(header.begin(), header.end(), '\r', '\n');
-        row.push_back(TextCell(CellRole::Header, std::move(header)));
+        const CellRole role = row.size() < TextColumns ? CellRole::Header : CellRole::NumberHeader;
+        row.push_back(TextCell(role, std::move(header)));
     }
     return row;
 }
@@ -110,7 +113,7 @@ std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseS
     rows.push_back(std::move(total));
     rows.emplace_back();
     rows.push_back({TextCell(CellRole::NoteLabel, texts.consideredPeriod),
-                    NumberCell(CellRole::NoteNumber, record.consideredServiceLifeYears)});
+                    NumberCell(CellRole::NoteYears, record.consideredServiceLifeYears)});
     rows.push_back({TextCell(CellRole::NoteLabel, texts.grossFloorArea),
                     NumberCell(CellRole::NoteNumber, record.GetFloorValue(FloorQuantity::GrossFloorArea))});
     return rows;

@@ -14,16 +14,19 @@
 namespace lca {
 
 enum class CellRole {
-    Header,
-    StageLabel, ///< operation and construction process
-    PartLabel,  ///< building components to installations
+    Header,       ///< of a column of texts
+    NumberHeader, ///< of a column of numbers
+    StageLabel,   ///< operation and construction process
+    PartLabel,    ///< building components to installations
     TotalLabel,
     Text, ///< also of a number that is not shown
     Number,
+    PartNumber,  ///< of a row that sums up the rows below it
     TotalNumber, ///< GWP and GWP per area of the total
     TotalPerYear,
     NoteLabel, ///< below the table
-    NoteNumber
+    NoteNumber,
+    NoteYears ///< a whole number
 };
 
 /// Without text and number the cell is styled and has no value.

@@ -44,18 +44,28 @@ lca::ReportSheetTexts ReadSheetTexts(host::Host& host) {
     return texts;
 }
 
+/// Of a row's texts and of its number.
+std::pair<lca::CellRole, lca::CellRole> GetRoles(MaterialReportRow::Kind kind) {
+    using lca::CellRole;
+    switch (kind) {
+    case MaterialReportRow::Kind::Layer:
+        return {CellRole::PartLabel, CellRole::PartNumber};
+    case MaterialReportRow::Kind::Total:
+        return {CellRole::TotalLabel, CellRole::TotalNumber};
+    default:
+        return {CellRole::Text, CellRole::Number};
+    }
+}
+
 std::vector<lca::SheetRow> BuildMaterialSheet(host::Host& host, const lca::MaterialSumTable& sums) {
     using lca::CellRole;
     std::vector<lca::SheetRow> rows(1);
-    for (const std::string& header : ReadTexts(host, MaterialSheetColumns::LayerHeader, 3))
+    for (const std::string& header : ReadTexts(host, MaterialSheetColumns::LayerHeader, 2))
         rows.front().push_back({CellRole::Header, header, {}});
+    rows.front().push_back({CellRole::NumberHeader, ReadText(host, MaterialSheetColumns::LayerHeader + 2), {}});
     for (const MaterialReportRow& row : BuildMaterialReport(host, sums)) {
-        const bool isTotal = row.kind == MaterialReportRow::Kind::Total;
-        const bool isMaterial = row.kind == MaterialReportRow::Kind::Material;
-        const CellRole label = isTotal ? CellRole::TotalLabel : isMaterial ? CellRole::Text : CellRole::PartLabel;
-        rows.push_back({{label, row.layer, {}},
-                        {label, row.name, {}},
-                        {isTotal ? CellRole::TotalNumber : CellRole::Number, {}, row.gwp}});
+        const auto [label, number] = GetRoles(row.kind);
+        rows.push_back({{label, row.layer, {}}, {label, row.name, {}}, {number, {}, row.gwp}});
     }
     return rows;
 }
@@ -77,6 +87,14 @@ std::string DrawChart(host::Host& host, MainPalette& palette, std::int16_t item,
     return {};
 }
 
+std::vector<LegendEntry> BuildLegend(host::Host& host, const lca::LCAProjectData& record) {
+    std::vector<LegendEntry> legend;
+    for (const lca::ElementCategory category : lca::AllCategories)
+        legend.push_back({ReadText(host, Report::FirstCategoryLabel + static_cast<int>(category)),
+                          lca::ValueOr(record.elementColours, category, std::uint32_t{0})});
+    return legend;
+}
+
 SpreadsheetReport BuildReport(host::Host& host, AddOnContext& context) {
     MainPalette& palette = context.mainPalette;
     SpreadsheetReport report;
@@ -86,8 +104,12 @@ SpreadsheetReport BuildReport(host::Host& host, AddOnContext& context) {
     report.resultRows =
         lca::BuildResultSheet(context.projectData, palette.GetBaseSums(), palette.GetResults(), ReadSheetTexts(host));
     report.materialRows = BuildMaterialSheet(host, context.materialSums);
-    report.pieChartFile = DrawChart(host, palette, PaletteItems::PieChart, Report::PieChartFile);
-    report.barChartFile = DrawChart(host, palette, PaletteItems::BarChart, Report::BarChartFile);
+    const auto readLabel = [&](std::int16_t item) { return host.GetDialogItems().ReadText(palette.GetDialog(), item); };
+    report.pieChart = {readLabel(PaletteItems::PieLabel),
+                       DrawChart(host, palette, PaletteItems::PieChart, Report::PieChartFile)};
+    report.barChart = {readLabel(PaletteItems::BarLabel),
+                       DrawChart(host, palette, PaletteItems::BarChart, Report::BarChartFile)};
+    report.legend = BuildLegend(host, context.projectData);
     return report;
 }
 
@@ -106,7 +128,10 @@ void GenerateReport(host::Host& host, AddOnContext& context) {
         ShowTextAlert(host, host::AlertType::Warning, Alerts::WarningTitle, Report::FileNameTooShort, {}, Alerts::Ok);
         return;
     }
-    if (!WriteSpreadsheetReport(BuildReport(host, context), *path)) {
+    const ReportOutcome outcome = WriteSpreadsheetReport(BuildReport(host, context), *path);
+    if (outcome == ReportOutcome::WrittenWithoutPicture)
+        General::ReportFailure(&host, "writing the report", "a chart's picture is not there; it is left out");
+    if (outcome == ReportOutcome::Failed) {
         ShowTextAlert(host, host::AlertType::Error, Report::SaveTitle, Report::SaveFailed, {}, Alerts::Ok);
         return;
     }

@@ -1,118 +1,75 @@
 #include "src/SpreadsheetReport.h"
 
+#include "platform/Files.h"
 #include "platform/Text.h"
+#include "src/SpreadsheetStyles.h"
 #include "xlsx/Workbook.h"
 
+#include <algorithm>
+#include <iterator>
 #include <map>
+#include <optional>
 
 namespace {
 
 using lca::CellRole;
 
-constexpr char HeaderFill[] = "FF274B5A", HeaderText[] = "FFFFFFFF";
-constexpr char StageFill[] = "FFF3E3D3", PartFill[] = "FFDCE9F2", TotalFill[] = "FF274B5A", TotalText[] = "FFFFFFFF";
-constexpr char PerYearFill[] = "FF2B82E2";
-constexpr char LineColour[] = "FFB7C4CB", NoteColour[] = "FF5A6B73";
 /// Points. The result sheet's wide columns shrink on a printed page, so its letters are larger.
 struct SheetSizes {
     int font;
     double headerHeight, rowHeight;
 };
 
-constexpr SheetSizes ResultSizes{14, 50, 32}, MaterialSizes{11, 26, 18};
-constexpr double PictureRowHeight = 15;           ///< points
-constexpr double MaterialWidths[] = {34, 46, 22}; ///< letters
+constexpr SheetSizes ResultSizes{13, 48, 30}, MaterialSizes{11, 26, 18};
+/// Letters.
+constexpr double MaterialWidths[] = {34, 46, 22}, WidestColumn = 90;
+constexpr std::size_t ColumnMargin = 2;
 
-/// The pictures stand side by side below the rows, in the proportions of the palette's charts. Their places are told in
-/// absolute lengths, because readers differ in how wide a letter of a column is.
+/// Below the rows the legend stands in the first column, and the pictures beside it, in the proportions of the
+/// palette's charts. Their places are told in absolute lengths, because readers differ in how wide a letter of a column
+/// is: the first column is some 215 pixels wide here and 280 there.
+constexpr unsigned PieColumn = 1, BarColumn = 4; ///< of their titles, from 0
 constexpr std::int64_t EmuPerPixel = Xlsx::emuPerInch / 96;
-constexpr std::int64_t PictureHeight = 480 * EmuPerPixel;
-constexpr std::int64_t PieWidth = PictureHeight * 350 / 230, BarWidth = PictureHeight * 520 / 230;
-constexpr std::int64_t PictureGap = 60 * EmuPerPixel;
-constexpr int PictureRows = 25; ///< as many as the pictures are high
+constexpr std::int64_t PictureHeight = 424 * EmuPerPixel; ///< both then end with the last column
+constexpr std::int64_t PieLeft = 285 * EmuPerPixel;
+constexpr Xlsx::AnchorSize PieSize{PictureHeight * 350 / 230, PictureHeight};
+constexpr Xlsx::AnchorSize BarSize{PictureHeight * 520 / 230, PictureHeight};
+constexpr double PictureHeightPoints = static_cast<double>(PictureHeight) / Xlsx::emuPerPoint;
+constexpr double LegendRowHeight = 22, FillerRowHeight = 15; ///< points
 
-Xlsx::Style MakeBase() {
-    Xlsx::Style style;
-    style.alignment.vertical = Xlsx::VerticalAlignment::Centre;
-    style.border.bottom = {Xlsx::BorderLine::Thin, LineColour};
-    return style;
+/// Points from the sheet's top to the pictures: the rows, a gap, and the titles.
+double FindPictureTop(const std::vector<lca::SheetRow>& rows) {
+    return ResultSizes.headerHeight + ResultSizes.rowHeight * static_cast<double>(rows.size() - 1) + FillerRowHeight +
+           ResultSizes.rowHeight;
 }
 
-void SetFill(Xlsx::Style& style, const char* fill) {
-    style.fill = {Xlsx::FillPattern::Solid, fill, ""};
+bool IsThere(const ReportPicture& picture) {
+    const std::optional<std::string> path = platform::NarrowFromWide(platform::WideFromUtf8(picture.file));
+    const std::optional<platform::FileFacts> facts = path ? platform::FactsOf(*path) : std::nullopt;
+    return facts && (facts->attributes & platform::Directory) == 0;
 }
 
-void SetFont(Xlsx::Style& style, const char* colour, unsigned attributes) {
-    style.font.attributes = attributes;
-    if (colour == nullptr) return;
-    style.font.colourSource = Xlsx::FontColour::Given;
-    style.font.colour = colour;
-}
-
-void SetNumber(Xlsx::Style& style, unsigned decimals) {
-    style.numberFormat.id = Xlsx::firstCustomFormat;
-    style.numberFormat.kind = Xlsx::NumberKind::Plain;
-    style.numberFormat.decimals = decimals;
-    style.numberFormat.hasThousandsSeparator = true;
-    style.alignment.horizontal = Xlsx::HorizontalAlignment::Right;
-}
-
-Xlsx::Style MakeStyle(CellRole role) {
-    Xlsx::Style style = MakeBase();
-    switch (role) {
-    case CellRole::Header:
-        SetFill(style, HeaderFill);
-        SetFont(style, HeaderText, Xlsx::Bold);
-        style.alignment.horizontal = Xlsx::HorizontalAlignment::Centre;
-        style.alignment.wrapsText = true;
-        break;
-    case CellRole::StageLabel:
-        SetFill(style, StageFill);
-        SetFont(style, nullptr, Xlsx::Bold);
-        break;
-    case CellRole::PartLabel:
-        SetFill(style, PartFill);
-        SetFont(style, nullptr, Xlsx::Bold);
-        break;
-    case CellRole::TotalLabel:
-        SetFill(style, TotalFill);
-        SetFont(style, TotalText, Xlsx::Bold);
-        break;
-    case CellRole::Text:
-        break;
-    case CellRole::Number:
-        SetNumber(style, 2);
-        break;
-    case CellRole::TotalNumber:
-        SetNumber(style, 2);
-        SetFill(style, TotalFill);
-        SetFont(style, TotalText, Xlsx::Bold);
-        break;
-    case CellRole::TotalPerYear:
-        SetNumber(style, 2);
-        SetFill(style, PerYearFill);
-        SetFont(style, TotalText, Xlsx::Bold);
-        break;
-    case CellRole::NoteLabel:
-        style.border = {};
-        SetFont(style, NoteColour, 0);
-        break;
-    case CellRole::NoteNumber:
-        SetNumber(style, 2);
-        style.border = {};
-        style.alignment.horizontal = Xlsx::HorizontalAlignment::Left;
-        SetFont(style, NoteColour, 0);
-        break;
+/// As wide as the longest text wants, within bounds.
+std::vector<Xlsx::ColumnWidth> FitColumns(const std::vector<lca::SheetRow>& rows) {
+    std::vector<Xlsx::ColumnWidth> widths;
+    for (unsigned column = 0; column < std::size(MaterialWidths); ++column) {
+        double width = MaterialWidths[column];
+        for (const lca::SheetRow& row : rows) {
+            const std::size_t letters = platform::WideFromUtf8(row[column].text).size();
+            width = std::max(width, std::min(static_cast<double>(letters + ColumnMargin), WidestColumn));
+        }
+        widths.push_back({column + 1, column + 1, width});
     }
-    return style;
+    return widths;
 }
 
 class ReportWriter {
 public:
-    bool Write(const SpreadsheetReport& report, const std::string& path) {
+    ReportOutcome Write(const SpreadsheetReport& report, const std::string& path) {
         WriteResults(report);
         WriteMaterials(report);
-        return workbook.Save(platform::WideFromUtf8(path));
+        if (!workbook.Save(platform::WideFromUtf8(path))) return ReportOutcome::Failed;
+        return isPictureMissing ? ReportOutcome::WrittenWithoutPicture : ReportOutcome::Written;
     }
 
 private:
@@ -123,25 +80,14 @@ private:
         Xlsx::CWorksheet& sheet = workbook.AddSheet(report.resultSheetName, widths, {{}, Xlsx::PageScale::FitWidth});
         SetPage(sheet);
         WriteRows(sheet, report.resultRows, ResultSizes);
-        // The page to be printed reaches as far down as the pictures.
-        for (int i = 0; i < PictureRows; ++i)
-            sheet.BeginRow(PictureRowHeight);
-        const double tableHeight =
-            ResultSizes.headerHeight + ResultSizes.rowHeight * static_cast<double>(report.resultRows.size() - 1);
-        const auto top = static_cast<std::int64_t>((tableHeight + PictureRowHeight) * Xlsx::emuPerPoint);
-        AddPicture(sheet, report.pieChartFile, {0, top, {PieWidth, PictureHeight}});
-        AddPicture(sheet, report.barChartFile, {PieWidth + PictureGap, top, {BarWidth, PictureHeight}});
+        WritePictures(sheet, report);
     }
 
     void WriteMaterials(const SpreadsheetReport& report) {
-        std::vector<Xlsx::ColumnWidth> widths;
-        for (const double width : MaterialWidths) {
-            const auto column = static_cast<unsigned>(widths.size() + 1);
-            widths.push_back({column, column, width});
-        }
-        Xlsx::CWorksheet& sheet =
-            workbook.AddSheet(report.materialSheetName, widths, {Xlsx::FrozenPane{1, 0}, Xlsx::PageScale::FitWidth});
+        Xlsx::CWorksheet& sheet = workbook.AddSheet(report.materialSheetName, FitColumns(report.materialRows),
+                                                    {Xlsx::FrozenPane{1, 0}, Xlsx::PageScale::FitWidth});
         WriteRows(sheet, report.materialRows, MaterialSizes);
+        RepeatHeader(report.materialSheetName);
     }
 
     static void SetPage(Xlsx::CWorksheet& sheet) {
@@ -152,46 +98,91 @@ private:
         sheet.SetPageSetup(page);
     }
 
+    /// Each printed page of the second sheet begins with its header row.
+    void RepeatHeader(const std::string& sheetName) {
+        std::string formula = "'";
+        for (const char letter : sheetName)
+            formula.append(letter == '\'' ? 2 : 1, letter);
+        workbook.DefineName({"_xlnm.Print_Titles", formula.append("'!$1:$1"), {}, 1});
+    }
+
     void WriteRows(Xlsx::CWorksheet& sheet, const std::vector<lca::SheetRow>& rows, const SheetSizes& sizes) {
         double height = sizes.headerHeight;
         for (const lca::SheetRow& row : rows) {
-            WriteRow(sheet, row, sizes, height);
+            sheet.BeginRow(height);
+            for (const lca::SheetCell& cell : row)
+                AddCell(sheet, cell, GetStyle(cell.role, sizes.font));
             height = sizes.rowHeight;
         }
     }
 
-    void WriteRow(Xlsx::CWorksheet& sheet, const lca::SheetRow& row, const SheetSizes& sizes, double height) {
-        sheet.BeginRow(height);
-        for (const lca::SheetCell& cell : row) {
-            const unsigned style = GetStyle(cell.role, sizes.font);
-            if (cell.number)
-                sheet.AddCell(*cell.number, style);
-            else
-                sheet.AddCell(lca::MakeCellText(cell.text), style);
-        }
-        sheet.EndRow();
+    static void AddCell(Xlsx::CWorksheet& sheet, const lca::SheetCell& cell, unsigned style) {
+        if (cell.number)
+            sheet.AddCell(*cell.number, style);
+        else
+            AddText(sheet, cell.text, style);
+    }
+
+    static void AddText(Xlsx::CWorksheet& sheet, const std::string& text, unsigned style) {
+        sheet.AddCell(lca::MakeCellText(text), style);
     }
 
     unsigned GetStyle(CellRole role, int fontSize) {
         const auto [entry, isNew] = styles.try_emplace({role, fontSize}, 0);
-        if (isNew) {
-            Xlsx::Style style = MakeStyle(role);
-            style.font.sizePoints = fontSize;
-            entry->second = workbook.AddStyle(style);
-        }
+        if (isNew) entry->second = workbook.AddStyle(MakeCellStyle(role, fontSize));
         return entry->second;
     }
 
-    void AddPicture(Xlsx::CWorksheet& sheet, const std::string& file, const Xlsx::AbsoluteAnchor& place) {
-        if (!file.empty()) workbook.AddPicture(sheet, platform::WideFromUtf8(file), Xlsx::ImageKind::Jpeg, place);
+    void WritePictures(Xlsx::CWorksheet& sheet, const SpreadsheetReport& report) {
+        const bool hasPie = TakesPicture(report.pieChart), hasBars = TakesPicture(report.barChart);
+        if (!hasPie && !hasBars) return;
+        sheet.BeginRow(FillerRowHeight);
+        WriteTitles(sheet, hasPie ? report.pieChart.title : std::string(),
+                    hasBars ? report.barChart.title : std::string());
+        const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::emuPerPoint);
+        if (hasPie) AddPicture(sheet, report.pieChart, {PieLeft, top, PieSize});
+        if (hasBars) AddPicture(sheet, report.barChart, {PieLeft + PieSize.width, top, BarSize});
+        double height = 0;
+        if (hasPie) height = WriteLegend(sheet, report.legend);
+        // The page to be printed reaches as far down as the pictures.
+        for (; height < PictureHeightPoints; height += FillerRowHeight)
+            sheet.BeginRow(FillerRowHeight);
+    }
+
+    void WriteTitles(Xlsx::CWorksheet& sheet, const std::string& pie, const std::string& bars) {
+        const unsigned style = workbook.AddStyle(MakePictureTitleStyle(ResultSizes.font));
+        sheet.BeginRow(ResultSizes.rowHeight);
+        for (unsigned column = 0; column <= BarColumn; ++column)
+            AddText(sheet, column == PieColumn ? pie : column == BarColumn ? bars : std::string(), style);
+    }
+
+    /// returns  its height in points
+    double WriteLegend(Xlsx::CWorksheet& sheet, const std::vector<LegendEntry>& legend) {
+        for (const LegendEntry& entry : legend) {
+            sheet.BeginRow(LegendRowHeight);
+            AddText(sheet, entry.name, workbook.AddStyle(MakeLegendStyle(entry.argb, ResultSizes.font)));
+        }
+        return LegendRowHeight * static_cast<double>(legend.size());
+    }
+
+    bool TakesPicture(const ReportPicture& picture) {
+        if (picture.file.empty()) return false;
+        if (IsThere(picture)) return true;
+        isPictureMissing = true;
+        return false;
+    }
+
+    void AddPicture(Xlsx::CWorksheet& sheet, const ReportPicture& picture, const Xlsx::AbsoluteAnchor& place) {
+        workbook.AddPicture(sheet, platform::WideFromUtf8(picture.file), Xlsx::ImageKind::Jpeg, place);
     }
 
     Xlsx::CWorkbook workbook;
     std::map<std::pair<CellRole, int>, unsigned> styles; ///< by role and letter size
+    bool isPictureMissing = false;
 };
 
 } // namespace
 
-bool WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path) {
+ReportOutcome WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path) {
     return ReportWriter().Write(report, path);
 }

@@ -1,11 +1,23 @@
-// Writes the spreadsheet report: the result sheet with the chart pictures, and the material sheet. Content comes as
-// cells; here are fonts, fills, widths, heights and the page.
+// Writes the spreadsheet report: the result sheet with the chart pictures and a legend, and the material sheet. Content
+// comes as cells; here are fonts, fills, widths, heights and the page.
 #pragma once
 
 #include "lca/ReportSheet.h"
 
+#include <cstdint>
 #include <string>
 #include <vector>
+
+struct ReportPicture {
+    std::string title;
+    std::string file; ///< UTF-8 path of a JPEG file; empty leaves picture and title out
+};
+
+/// A category and the colour of its slice of the pie.
+struct LegendEntry {
+    std::string name;
+    std::uint32_t argb = 0;
+};
 
 struct SpreadsheetReport {
     std::string resultSheetName;
@@ -13,10 +25,16 @@ struct SpreadsheetReport {
     double resultColumnWidth = 0.0; ///< letters
     std::vector<lca::SheetRow> resultRows;
     std::vector<lca::SheetRow> materialRows; ///< layer, name, GWP
-    // JPEG files; an empty path leaves the picture out.
-    std::string pieChartFile;
-    std::string barChartFile;
+    ReportPicture pieChart;
+    ReportPicture barChart;
+    std::vector<LegendEntry> legend; ///< of the pie, and left out with it
 };
 
-/// path is UTF-8. False when the file could not be written; one of that name is then as it was.
-[[nodiscard]] bool WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path);
+enum class ReportOutcome {
+    Written,
+    WrittenWithoutPicture, ///< the file of a picture is not there
+    Failed                 ///< a file that had this name before is as it was
+};
+
+/// path is UTF-8. A text that begins with "=" gets a blank before it, because it would be a formula.
+[[nodiscard]] ReportOutcome WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path);

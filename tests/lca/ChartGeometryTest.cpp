@@ -70,7 +70,8 @@ TEST(BarEntries, SortLargestFirstAndLaterOfEqualsFirst) {
     } cases[] = {{{}, ""},
                  {{{"a", 500}, {"b", 800}, {"x", 650}}, "bxa"},
                  {{{"a", 650}, {"x", 650}}, "xa"},
-                 {{{"a", 1}, {"b", 2}, {"c", 1}, {"d", 2}, {"x", -1}}, "dbcax"}};
+                 {{{"a", 1}, {"b", 2}, {"c", 1}, {"d", 2}, {"x", -1}}, "dbcax"},
+                 {{{"a", 1}, {"x", std::nan("")}, {"b", 2}}, "bax"}};
     for (const auto& one : cases) {
         std::vector<BarEntry> entries = one.entries;
         lca::SortBarEntries(entries);

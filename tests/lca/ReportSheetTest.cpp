@@ -85,6 +85,8 @@ TEST(ResultSheet, RolesTellTheStyles) {
     const CellRole labels[] = {CellRole::Header, Stage, Part, Part, Part, Part, Part, Stage, CellRole::TotalLabel};
     for (std::size_t i = 0; i < std::size(labels); ++i)
         EXPECT_EQ(rows[i][0].role, labels[i]) << i;
+    EXPECT_EQ(rows[0][1].role, CellRole::Header);
+    EXPECT_EQ(rows[0][2].role, CellRole::NumberHeader);
     EXPECT_EQ(rows[1][3].role, CellRole::Text); // blank
     EXPECT_EQ(rows[1][2].role, CellRole::Number);
     EXPECT_EQ(rows[7][8].role, CellRole::Number);
