@@ -1,0 +1,28 @@
+// XML documents in memory: read within bounds and only when they are whole.
+#pragma once
+
+#include "host/Values.h"
+
+#include <pugixml.hpp>
+
+#include <string>
+
+namespace workbench {
+
+/// Memory that a document may take in all, its text included: documents of 100 MB with ordinary tags fit, one of
+/// nothing but tags does not.
+inline constexpr std::size_t XmlMemoryLimit = std::size_t{512} << 20U;
+
+/// Reads UTF-8, UTF-16, UTF-32 and ISO 8859-1, told apart by the byte order mark, else by the declaration. Entities
+/// that the document declares stay unexpanded. OutOfMemory beyond the limit; BadValue when the document is not
+/// well-formed or in an encoding that is not known. It is then empty.
+[[nodiscard]] host::ErrorCode LoadXml(const std::string& text, pugi::xml_document& document);
+
+/// The texts directly in an element of a loaded document, without those of its children.
+[[nodiscard]] std::string GetOwnText(const pugi::xml_node& element);
+
+/// Whether a text can stand in a document at all.
+[[nodiscard]] bool IsXmlText(const std::string& text);
+[[nodiscard]] bool IsXmlName(const std::string& name);
+
+} // namespace workbench
