@@ -53,6 +53,21 @@ function(kelvarnix_library NAME)
   endif()
 endfunction()
 
+# kelvarnix_module(NAME SOURCES ... LINKS ...): an add-on module NAME.apx in bin/ of the build folder, for a host to load.
+function(kelvarnix_module NAME)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(${NAME} MODULE ${ARG_SOURCES})
+  target_link_libraries(${NAME} PRIVATE ${ARG_LINKS} kelvarnix_options)
+  set_target_properties(
+    ${NAME}
+    PROPERTIES PREFIX "" SUFFIX ".apx" CXX_EXTENSIONS OFF CXX_VISIBILITY_PRESET hidden VISIBILITY_INLINES_HIDDEN ON
+               LIBRARY_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin" RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}/bin")
+  if(NOT WIN32)
+    # Only the two exports are visible; everything else of the archives stays inside.
+    target_link_options(${NAME} PRIVATE "LINKER:--exclude-libs,ALL" "LINKER:--no-undefined")
+  endif()
+endfunction()
+
 # kelvarnix_program(NAME STANDARD 17|20 SOURCES ... LINKS ...): an executable in bin/ of the build folder.
 function(kelvarnix_program NAME)
   cmake_parse_arguments(ARG "" "STANDARD" "SOURCES;LINKS" ${ARGN})
@@ -86,9 +101,10 @@ endfunction()
 
 # kelvarnix_fuzz(NAME SOURCES ... INSTRUMENTS ... LINKS ...): a libFuzzer program (clang), run by ctest for the seconds
 # that the environment's KELVARNIX_FUZZ_SECONDS says, 5 by default. The libraries under INSTRUMENTS are compiled into it
-# anew, so that the fuzzer sees which of their paths it has reached. What it finds stays in the build folder.
+# anew, so that the fuzzer sees which of their paths it has reached. SEEDS are files to begin with. What it finds stays in
+# the build folder.
 function(kelvarnix_fuzz NAME)
-  cmake_parse_arguments(ARG "" "" "SOURCES;INSTRUMENTS;LINKS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;INSTRUMENTS;LINKS;SEEDS" ${ARGN})
   add_executable(${NAME} ${ARG_SOURCES})
   foreach(library IN LISTS ARG_INSTRUMENTS)
     get_target_property(folder ${library} SOURCE_DIR)
@@ -104,6 +120,9 @@ function(kelvarnix_fuzz NAME)
   set_target_properties(${NAME} PROPERTIES CXX_EXTENSIONS OFF)
   set(corpus "${CMAKE_CURRENT_BINARY_DIR}/${NAME}_corpus")
   file(MAKE_DIRECTORY "${corpus}")
+  if(ARG_SEEDS)
+    file(COPY ${ARG_SEEDS} DESTINATION "${corpus}")
+  endif()
   add_test(NAME fuzz.${NAME}
     COMMAND sh -c "exec \"$0\" -max_total_time=\"\${KELVARNIX_FUZZ_SECONDS:-5}\" -rss_limit_mb=4096 \"$1\""
             "$<TARGET_FILE:${NAME}>" "${corpus}"

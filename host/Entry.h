@@ -9,7 +9,7 @@ namespace host {
 class Host;
 
 /// Raised whenever a role gains, loses or reorders an operation.
-inline constexpr std::uint32_t InterfaceVersion = 3;
+inline constexpr std::uint32_t InterfaceVersion = 4;
 
 /// What the environment check learns of the host, and what it tells of the add-on.
 struct Environment {
@@ -30,15 +30,23 @@ struct ImportedFunctions {
     Host* host = nullptr; ///< the host's; outlives the module
 };
 
-/// From the module to the host. The host fills in version and size, the module checks them and fills in the rest.
+/// From the module to the host, after the other table. The host fills in version and size, the module checks them and
+/// fills in the rest.
 struct ExportedFunctions {
     std::uint32_t version = InterfaceVersion;
     std::uint32_t size = sizeof(ExportedFunctions);
+    ModuleId moduleId; ///< by which other add-ons call this one
     AddOnType (*checkEnvironment)(Environment& environment) = nullptr;
     ErrorCode (*registerInterface)() = nullptr;
     ErrorCode (*initialise)() = nullptr;
     ErrorCode (*freeData)() = nullptr;
 };
+
+/// Whether a table came, and from a side of the same state.
+template <typename Table>
+bool IsOfThisInterface(const Table* table) {
+    return table != nullptr && table->version == InterfaceVersion && table->size == sizeof(Table);
+}
 
 /// The module's two exports. BadParameters for a null table or one of another version or size.
 using SetImportedFunctions = ErrorCode (*)(const ImportedFunctions* functions);

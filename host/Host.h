@@ -27,6 +27,8 @@ class Alerts;
 class UserInput;
 class TextMeasuring;
 class Pictures;
+class AddOnCommands;
+class XmlReading;
 
 class Host {
 public:
@@ -55,6 +57,8 @@ public:
     virtual UserInput& GetUserInput() = 0;
     virtual TextMeasuring& GetTextMeasuring() = 0;
     virtual Pictures& GetPictures() = 0;
+    virtual AddOnCommands& GetAddOnCommands() = 0;
+    virtual XmlReading& GetXmlReading() = 0;
 };
 
 } // namespace host

@@ -1,7 +1,7 @@
 // Role: what the add-on announces to the host at start, and the handlers through which the host calls back.
 #pragma once
 
-#include "host/Values.h"
+#include "host/AddOnCommands.h"
 
 #include <set>
 
@@ -13,17 +13,10 @@ struct MenuCommand {
     std::int32_t itemIndex = 0; ///< counted from 1, the menu title not counted
 };
 
-/// What another add-on hands over with a command; each slot is the caller's and may be empty.
-struct CommandParameters {
-    void* parameters = nullptr;
-    void* result = nullptr;
-};
-
 // Handlers answer an error code and let no exception out.
 using MenuHandler = ErrorCode (*)(const MenuCommand& command);
 using ProjectEventHandler = ErrorCode (*)(ProjectEvent event, std::int32_t parameter);
 using ReservationChangeHandler = ErrorCode (*)(const Guid& lockableSet, std::int16_t ownerId);
-using CommandHandler = ErrorCode (*)(const CommandParameters& parameters, bool silent);
 
 class Registration {
 public:

@@ -11,6 +11,8 @@ public:
 
     /// Entry (counted from 1) of a string list of the add-on; empty when there is none.
     virtual std::string ReadString(std::int16_t stringList, std::int16_t entry) = 0;
+    /// The pair by which the host and other add-ons know the add-on, from its module id resource of this number.
+    virtual ModuleId ReadModuleId(std::int16_t number) = 0;
     /// A number as the host's unit-aware formatter writes it under a format code.
     virtual std::string FormatNumber(double value, std::int16_t formatCode) = 0;
     /// The current local time as the host's time formatter writes it under its flags.

@@ -35,6 +35,9 @@ inline constexpr ErrorCode UndoEmpty = Code(0x810600E2U);
 inline constexpr ErrorCode NameAlreadyUsed = Code(0x810600E4U);
 inline constexpr ErrorCode NoAccessRight = Code(0x81060133U);
 inline constexpr ErrorCode BadProperty = Code(0x81060134U);
+inline constexpr ErrorCode ModuleNotInstalled = Code(0x81060191U);
+inline constexpr ErrorCode CommandNotSupported = Code(0x81060193U);
+inline constexpr ErrorCode CommandVersionNotSupported = Code(0x81060194U);
 } // namespace Errors
 
 /// A 128-bit identifier; all zero means "none".
@@ -120,6 +123,10 @@ constexpr std::uint32_t CommandCode(const char (&text)[5]) {
 struct ModuleId {
     std::uint32_t developerId = 0;
     std::uint32_t localId = 0;
+
+    friend bool operator==(const ModuleId& a, const ModuleId& b) {
+        return a.developerId == b.developerId && a.localId == b.localId;
+    }
 };
 
 /// Eight bits a channel, as the dialog manager and the drawing take them; alpha 0 is transparent.

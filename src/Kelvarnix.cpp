@@ -1,6 +1,7 @@
 #include "src/Kelvarnix.h"
 
 #include "src/AddOnContext.h"
+#include "src/EnergyExchange.h"
 #include "src/LCAProjectDataStore.h"
 #include "src/LCASchema.h"
 #include "src/SystemStart.h"
@@ -10,20 +11,31 @@
 #include "platform/Text.h"
 #include "src/Texts.h"
 
+#include <utility>
+
 namespace {
 
 constexpr host::ErrorCode ContextMissing = 1;
 
 host::Host* currentHost = nullptr;
+/// Cleared by the first registration, so that there is one a run of the host.
+bool isEnergyRegistrationPending = true;
 
-/// Keeps the module loaded and runs the body when there is something to act on.
+/// Keeps the module loaded and runs the body, which answers an error code, when there is something to act on.
 template <typename Body>
-host::ErrorCode Dispatch(const char* callback, Body&& body) {
+host::ErrorCode DispatchCommand(const char* callback, Body&& body) {
     return General::RunGuarded(currentHost, callback, [&] {
         if (currentHost != nullptr) currentHost->GetRegistration().KeepInMemory(true);
         AddOnContext* context = GetContext().get();
-        if (context == nullptr) return ContextMissing;
-        body(*context);
+        return context == nullptr ? ContextMissing : body(*context);
+    });
+}
+
+/// The same for a body that answers nothing.
+template <typename Body>
+host::ErrorCode Dispatch(const char* callback, Body&& body) {
+    return DispatchCommand(callback, [&](AddOnContext& context) {
+        body(context);
         return host::NoError;
     });
 }
@@ -99,6 +111,13 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
         case host::ProjectEvent::WindowChanged:
             if (context.mainPalette.IsOpen()) context.mainPalette.OnActiveWindowChanged();
             break;
+        case host::ProjectEvent::Quit:
+            UnregisterExportTarget(*currentHost);
+            break;
+        case host::ProjectEvent::AllInputFinished:
+            // Where there is no energy evaluation nothing is said: most users have none.
+            if (std::exchange(isEnergyRegistrationPending, false)) RegisterExportTarget(*currentHost);
+            break;
         default:
             break;
         }
@@ -117,10 +136,15 @@ host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
     return host::NoError;
 }
 
-host::ErrorCode HandleExportSettings(const host::CommandParameters&, bool) {
-    return host::Errors::RefusedCommand;
+host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool) {
+    return General::RunGuarded(currentHost, "export settings", [&] {
+        return AnswerExportSettings(static_cast<host::EnergyExchange::SettingsBlock*>(parameters.block));
+    });
 }
 
-host::ErrorCode HandleExportData(const host::CommandParameters&, bool) {
-    return host::Errors::RefusedCommand;
+host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool) {
+    return DispatchCommand("exported data", [&](AddOnContext& context) {
+        const auto* block = static_cast<const host::EnergyExchange::DataBlock*>(parameters.block);
+        return TakeExportedData(*currentHost, context, block);
+    });
 }

@@ -20,7 +20,7 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t parame
 /// Always 0.
 host::ErrorCode HandleReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
 
-/// The energy evaluation asks which data it should send ("GRSC"), and sends them ("SRDT"). Both are refused until the
-/// exchange of energy data exists.
+/// The energy evaluation asks which data it should send; its block is a host::EnergyExchange::SettingsBlock.
 host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool silent);
+/// It sends them; its block is a host::EnergyExchange::DataBlock. 1 while the module-wide object is missing.
 host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool silent);

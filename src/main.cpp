@@ -4,6 +4,7 @@
 #include "src/Kelvarnix.h"
 
 #include "General/CallbackGuard.h"
+#include "host/EnergyExchange.h"
 #include "host/Entry.h"
 #include "host/Registration.h"
 
@@ -35,9 +36,7 @@ constexpr MenuResource Menus[] = {{ResourceIds::Menus::Palette, ResourceIds::Men
                                   {ResourceIds::Menus::ProjectSettings, ResourceIds::Menus::ProjectSettingsPrompt},
                                   {ResourceIds::Menus::Information, ResourceIds::Menus::InformationPrompt}};
 
-constexpr std::uint32_t ExportSettingsCommand = host::CommandCode("GRSC");
-constexpr std::uint32_t ExportDataCommand = host::CommandCode("SRDT");
-constexpr std::int32_t CommandVersion = 1;
+namespace Exchange = host::EnergyExchange;
 
 host::AddOnType CheckEnvironment(host::Environment& environment) {
     const auto check = [&] {
@@ -58,8 +57,8 @@ host::ErrorCode RegisterInterface() {
         host::ErrorCode result = host::NoError;
         for (const MenuResource& menu : Menus)
             result |= registration.RegisterMenu(menu.menu, menu.prompt);
-        result |= registration.RegisterSupportedCommand(ExportSettingsCommand, CommandVersion);
-        result |= registration.RegisterSupportedCommand(ExportDataCommand, CommandVersion);
+        result |= registration.RegisterSupportedCommand(Exchange::AskSettings, Exchange::CommandVersion);
+        result |= registration.RegisterSupportedCommand(Exchange::SendData, Exchange::CommandVersion);
         return result;
     });
 }
@@ -86,8 +85,8 @@ host::ErrorCode InstallHandlers() {
         registration.InstallMenuHandler(menu, HandleMenuCommand);
     registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets());
     host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);
-    result |= registration.InstallCommandHandler(ExportSettingsCommand, CommandVersion, HandleExportSettings);
-    result |= registration.InstallCommandHandler(ExportDataCommand, CommandVersion, HandleExportData);
+    result |= registration.InstallCommandHandler(Exchange::AskSettings, Exchange::CommandVersion, HandleExportSettings);
+    result |= registration.InstallCommandHandler(Exchange::SendData, Exchange::CommandVersion, HandleExportData);
     return result;
 }
 
@@ -108,24 +107,22 @@ host::ErrorCode FreeData() {
     });
 }
 
-template <typename Table>
-bool Fits(const Table* table) {
-    return table != nullptr && table->version == host::InterfaceVersion && table->size == sizeof(Table);
-}
-
 } // namespace
 
 KELVARNIX_EXPORT host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
-    if (!Fits(functions) || functions->host == nullptr) return host::Errors::BadParameters;
+    if (!host::IsOfThisInterface(functions) || functions->host == nullptr) return host::Errors::BadParameters;
     importedHost = functions->host;
     return host::NoError;
 }
 
 KELVARNIX_EXPORT host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions) {
-    if (!Fits(functions)) return host::Errors::BadParameters;
-    functions->checkEnvironment = CheckEnvironment;
-    functions->registerInterface = RegisterInterface;
-    functions->initialise = Initialise;
-    functions->freeData = FreeData;
-    return host::NoError;
+    if (!host::IsOfThisInterface(functions) || importedHost == nullptr) return host::Errors::BadParameters;
+    return General::RunGuarded(importedHost, "export of the entry", [&] {
+        functions->moduleId = importedHost->GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
+        functions->checkEnvironment = CheckEnvironment;
+        functions->registerInterface = RegisterInterface;
+        functions->initialise = Initialise;
+        functions->freeData = FreeData;
+        return host::NoError;
+    });
 }

@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
     }
     WorkbenchHost host;
     Module module(host);
-    std::string failure = module.Load(GetDefaultModulePath());
+    std::string failure = module.Load(GetModulePath(AddOnFile));
     if (failure.empty()) failure = module.Start();
     if (!failure.empty()) {
         std::fprintf(stderr, "cell_gallery: %s\n", failure.c_str());

@@ -2,6 +2,7 @@
 #include "src/AddOnContext.h"
 #include "src/Kelvarnix.h"
 
+#include "host/EnergyExchange.h"
 #include "host/Entry.h"
 
 #include <gtest/gtest.h>
@@ -10,6 +11,7 @@
 #include "support/NullHost.h"
 
 #include <algorithm>
+#include <functional>
 #include <map>
 
 extern "C" host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions);
@@ -30,15 +32,18 @@ public:
         menuHandler = handler;
         return Note("handler " + std::to_string(menu));
     }
-    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version, host::CommandHandler) override {
+    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version,
+                                          host::CommandHandler handler) override {
+        commandHandlers[Letters(code)] = handler;
         return Note("command handler " + Letters(code) + " " + std::to_string(version));
     }
     host::ErrorCode InstallProjectEventHandler(std::uint32_t events, host::ProjectEventHandler handler) override {
         eventHandler = handler;
         return Note(events == host::AllProjectEvents ? "all events" : "some events");
     }
-    host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler,
+    host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                     const std::set<host::Guid>& sets) override {
+        reservationHandler = handler;
         return Note("reservations " + std::to_string(sets.size()));
     }
 
@@ -46,6 +51,8 @@ public:
     std::map<std::string, host::ErrorCode> failures; ///< by call
     host::MenuHandler menuHandler = nullptr;
     host::ProjectEventHandler eventHandler = nullptr;
+    host::ReservationChangeHandler reservationHandler = nullptr;
+    std::map<std::string, host::CommandHandler> commandHandlers;
 
 private:
     static std::string Letters(std::uint32_t code) {
@@ -74,12 +81,38 @@ class NumberedResources : public test::NullResources {
     }
 };
 
+/// A document with key values; not read further than that.
+class KeyValuesReader : public host::DOMReader {
+public:
+    bool EnterElement(const std::string& name) override {
+        if (name != "projectKeyValuesData" && name != "grossFloorArea" && name != "co2emission") return false;
+        path.push_back(name);
+        return true;
+    }
+    bool EnterNextElement() override { return false; }
+    void LeaveElement() override { path.pop_back(); }
+    std::string ReadText() const override { return path.back() == "grossFloorArea" ? "100" : "2000"; }
+
+private:
+    std::vector<std::string> path;
+};
+
+class KeyValuesReading : public host::XmlReading {
+    host::ErrorCode ReadDocument(const std::string&, const std::string& root,
+                                 std::unique_ptr<host::DOMReader>& reader) override {
+        EXPECT_EQ(root, "root");
+        reader = std::make_unique<KeyValuesReader>();
+        return host::NoError;
+    }
+};
+
 class EntryTest : public testing::Test {
 protected:
     void SetUp() override {
         host.registration = &registration;
         host.teamwork = &teamwork;
         host.resources = &resources;
+        host.xmlReading = &xmlReading;
         host::ImportedFunctions imported;
         imported.host = &host;
         ASSERT_EQ(SetImportedFuncAddrs(&imported), host::NoError);
@@ -90,6 +123,7 @@ protected:
     RecordingRegistration registration;
     NumberedTeamwork teamwork;
     NumberedResources resources;
+    KeyValuesReading xmlReading;
     test::NullHost host;
     host::ExportedFunctions module;
 };
@@ -158,8 +192,16 @@ TEST_F(EntryTest, HandlersWithoutContextAnswerOne) {
     registration.calls.clear();
     EXPECT_EQ(registration.menuHandler({32500, 1}), 1);
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 1);
-    EXPECT_EQ(registration.calls, (Calls{"keep", "keep"})); // asked for at each callback
-    EXPECT_EQ(module.freeData(), host::NoError);            // twice does no harm
+    const std::string document;
+    host::EnergyExchange::DataBlock data{&document};
+    EXPECT_EQ(registration.commandHandlers["SRDT"]({{}, &data}, true), 1);
+    EXPECT_EQ(registration.calls, (Calls{"keep", "keep", "keep"})); // asked for at each callback
+    EXPECT_EQ(registration.reservationHandler({}, 0), 0);
+    host::ObjectState settings; // what the add-on wants to be sent does not depend on the object
+    host::EnergyExchange::SettingsBlock block{&settings};
+    EXPECT_EQ(registration.commandHandlers["GRSC"]({{}, &block}, true), 0);
+    EXPECT_FALSE(settings.IsEmpty());
+    EXPECT_EQ(module.freeData(), host::NoError); // twice does no harm
 }
 
 TEST_F(EntryTest, HandlersWithContextAnswerZero) {
@@ -206,6 +248,88 @@ TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
         module.freeData();
     }
     EXPECT_GT(failures, 0);
+}
+
+/// Each callback with every of its allocations failing in turn: a code comes back and no exception, and the next call
+/// works again.
+TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
+    ASSERT_EQ(module.initialise(), host::NoError);
+    host::Environment environment;
+    environment.applicationCode = host::ArchiCADApplicationCode;
+    host::ObjectState settings;
+    host::EnergyExchange::SettingsBlock settingsBlock{&settings};
+    const std::string document = "<root/>";
+    host::EnergyExchange::DataBlock dataBlock{&document};
+    const auto raise = [&](host::ProjectEvent event) { return registration.eventHandler(event, 0); };
+    const struct {
+        const char* name;
+        std::function<host::ErrorCode()> call;
+        host::ErrorCode whole; ///< the answer when nothing fails
+    } callbacks[] = {
+        {"exports",
+         [] {
+             host::ExportedFunctions table;
+             return GetExportedFuncAddrs(&table);
+         },
+         0},
+        {"environment", [&] { return static_cast<host::ErrorCode>(module.checkEnvironment(environment)); }, 2},
+        {"registration", [&] { return module.registerInterface(); }, 0},
+        {"palette",
+         [&] {
+             return registration.menuHandler({32500, 1});
+         },
+         0},
+        {"materials",
+         [&] {
+             return registration.menuHandler({32501, 1});
+         },
+         0},
+        {"settings",
+         [&] {
+             return registration.menuHandler({32502, 1});
+         },
+         0},
+        {"report",
+         [&] {
+             return registration.menuHandler({32504, 1});
+         },
+         0},
+        {"new", [&] { return raise(host::ProjectEvent::New); }, 0},
+        {"reset", [&] { return raise(host::ProjectEvent::NewAndReset); }, 0},
+        {"open", [&] { return raise(host::ProjectEvent::Open); }, 0},
+        {"window", [&] { return raise(host::ProjectEvent::WindowChanged); }, 0},
+        {"start", [&] { return raise(host::ProjectEvent::AllInputFinished); }, 0},
+        {"quit", [&] { return raise(host::ProjectEvent::Quit); }, 0},
+        {"reservation", [&] { return registration.reservationHandler({}, 1); }, 0},
+        {"GRSC",
+         [&] {
+             return registration.commandHandlers["GRSC"]({{}, &settingsBlock}, true);
+         },
+         0},
+        {"SRDT",
+         [&] {
+             return registration.commandHandlers["SRDT"]({{}, &dataBlock}, true);
+         },
+         0},
+    };
+    constexpr long MostAllocations = 10000;
+    for (const auto& callback : callbacks) {
+        EXPECT_EQ(callback.call(), callback.whole) << callback.name; // also makes what is made once
+        long n = 0;
+        for (bool isFailing = true; isFailing && n < MostAllocations; ++n) {
+            settings = {};
+            registration.calls.clear();
+            failAfter = n;
+            const host::ErrorCode code = callback.call();
+            isFailing = failAfter < 0;
+            failAfter = -1;
+            const bool isDenied = code == host::Errors::OutOfMemory || code == 0; // 0 also says "do not register"
+            EXPECT_TRUE(code == callback.whole || isDenied) << callback.name << " " << n << " " << code;
+        }
+        EXPECT_LT(n, MostAllocations) << callback.name;
+        EXPECT_EQ(callback.call(), callback.whole) << callback.name;
+    }
+    EXPECT_EQ(GetContext()->projectData.GetFloorValue(lca::FloorQuantity::GrossFloorArea), 100);
 }
 
 TEST_F(EntryTest, MembersAreOwnedInOrder) {

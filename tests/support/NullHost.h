@@ -1,6 +1,7 @@
 // A host whose every operation does nothing and succeeds. Tests derive from the roles that they care for.
 #pragma once
 
+#include "host/AddOnCommands.h"
 #include "host/Commands.h"
 #include "host/Dialogs.h"
 #include "host/Host.h"
@@ -11,6 +12,7 @@
 #include "host/Resources.h"
 #include "host/Teamwork.h"
 #include "host/UserInput.h"
+#include "host/Xml.h"
 
 namespace test {
 
@@ -32,6 +34,7 @@ public:
 class NullResources : public host::Resources {
 public:
     std::string ReadString(std::int16_t, std::int16_t) override { return {}; }
+    host::ModuleId ReadModuleId(std::int16_t) override { return {}; }
     std::string FormatNumber(double, std::int16_t) override { return {}; }
     std::string FormatCurrentTime(std::uint32_t) override { return {}; }
     std::string ToLowerCase(const std::string& text) override { return text; }
@@ -258,6 +261,29 @@ public:
     }
 };
 
+class NullAddOnCommands : public host::AddOnCommands {
+public:
+    host::ErrorCode CreateParameterList(host::ParameterListId&) override { return 0; }
+    host::ErrorCode AddParameter(host::ParameterListId, const host::CommandParameter&) override { return 0; }
+    host::ErrorCode ReadParameter(host::ParameterListId, const std::string&, host::CommandParameter&) override {
+        return 0;
+    }
+    host::ErrorCode ChangeParameter(host::ParameterListId, const host::CommandParameter&) override { return 0; }
+    host::ErrorCode FreeParameterList(host::ParameterListId) override { return 0; }
+    host::ErrorCode Call(const host::ModuleId&, std::uint32_t, std::int32_t, const host::CommandParameters&,
+                         bool) override {
+        return 0;
+    }
+};
+
+/// Finds no document.
+class NullXmlReading : public host::XmlReading {
+public:
+    host::ErrorCode ReadDocument(const std::string&, const std::string&, std::unique_ptr<host::DOMReader>&) override {
+        return host::Errors::BadValue;
+    }
+};
+
 /// Each role can be replaced by one of the test's own, which must outlive the host.
 class NullHost : public host::Host {
 public:
@@ -284,6 +310,8 @@ public:
     host::UserInput& GetUserInput() override { return *userInput; }
     host::TextMeasuring& GetTextMeasuring() override { return *textMeasuring; }
     host::Pictures& GetPictures() override { return *pictures; }
+    host::AddOnCommands& GetAddOnCommands() override { return *addOnCommands; }
+    host::XmlReading& GetXmlReading() override { return *xmlReading; }
 
 private:
     NullRegistration nullRegistration;
@@ -309,6 +337,8 @@ private:
     NullUserInput nullUserInput;
     NullTextMeasuring nullTextMeasuring;
     NullPictures nullPictures;
+    NullAddOnCommands nullAddOnCommands;
+    NullXmlReading nullXmlReading;
 
 public:
     host::Registration* registration = &nullRegistration;
@@ -334,6 +364,8 @@ public:
     host::UserInput* userInput = &nullUserInput;
     host::TextMeasuring* textMeasuring = &nullTextMeasuring;
     host::Pictures* pictures = &nullPictures;
+    host::AddOnCommands* addOnCommands = &nullAddOnCommands;
+    host::XmlReading* xmlReading = &nullXmlReading;
 };
 
 } // namespace test

@@ -125,7 +125,9 @@ std::int16_t FindFavourite(const ItemState& popUp, const std::string& favourite)
 
 } // namespace
 
-Session::Session() : host(std::make_unique<WorkbenchHost>()), module(std::make_unique<Module>(*host)) {
+Session::Session()
+    : host(std::make_unique<WorkbenchHost>()), module(std::make_unique<Module>(*host)),
+      energyModule(std::make_unique<Module>(*host)) {
     host->dialogManager.reportSink = [this](const std::string& line) { messages.push_back(line); };
     host->dialogManager.alertAnswer = [this](const host::Alert& alert) {
         const bool isBad = alert.type != host::AlertType::Information || alert.title == RequestAlertTitle;
@@ -137,12 +139,18 @@ Session::Session() : host(std::make_unique<WorkbenchHost>()), module(std::make_u
 }
 
 Session::~Session() {
+    host->Quit();
     module->Unload();
+    energyModule->Unload();
 }
 
 Outcome Session::Start(std::unique_ptr<Project> project, host::ProjectEvent event) {
-    std::string failure = module->Load(GetDefaultModulePath());
+    std::string failure = module->Load(GetModulePath(AddOnFile));
     if (failure.empty()) failure = module->Start();
+    if (const auto file = GetModulePath(EnergyEvaluationFile); failure.empty() && std::filesystem::exists(file)) {
+        failure = energyModule->Load(file);
+        if (failure.empty()) failure = energyModule->Start();
+    }
     if (!failure.empty()) return Failure{InputUnreadable, failure};
     host->OpenProject(std::move(project), event);
     return {};

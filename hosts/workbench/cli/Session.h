@@ -61,7 +61,7 @@ public:
     Session();
     ~Session();
 
-    /// Loads and starts the add-on, then opens the project as a host does.
+    /// Loads and starts the add-on, and the energy evaluation where it is there; then opens the project as a host does.
     Outcome Start(std::unique_ptr<Project> project, host::ProjectEvent event);
     /// The same as the member with this login.
     Outcome StartAs(std::unique_ptr<Project> project, host::ProjectEvent event, const std::string& file,
@@ -96,6 +96,7 @@ private:
 
     std::unique_ptr<WorkbenchHost> host;
     std::unique_ptr<Module> module;
+    std::unique_ptr<Module> energyModule; ///< the energy evaluation, which need not be there
     std::vector<std::string> messages;
 };
 

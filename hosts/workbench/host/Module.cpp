@@ -47,10 +47,10 @@ std::string Module::Start() {
     environment.applicationCode = host::ArchiCADApplicationCode;
     if (exported.checkEnvironment(environment) == host::AddOnType::DoNotRegister)
         return name + ": the add-on does not want to run in this host";
-    host.registration.SetPhase(RegistrationRole::Phase::Registering);
+    host.registration.SetPhase(RegistrationRole::Phase::Registering, exported.moduleId);
     host::ErrorCode error = exported.registerInterface();
     if (error == host::NoError) {
-        host.registration.SetPhase(RegistrationRole::Phase::Initialising);
+        host.registration.SetPhase(RegistrationRole::Phase::Initialising, exported.moduleId);
         error = exported.initialise();
     }
     host.registration.SetPhase(RegistrationRole::Phase::Closed);
@@ -65,17 +65,17 @@ void Module::Unload() {
     for (const host::DialogId dialog : host.openDialogs.List())
         host.dialogManager.ClosePalette(dialog);
     if (exported.freeData != nullptr) exported.freeData();
-    host.registration.Clear();
+    host.registration.Remove(exported.moduleId);
     dlclose(library);
     library = nullptr;
     exported = {};
     isStarted = false;
 }
 
-std::filesystem::path GetDefaultModulePath() {
+std::filesystem::path GetModulePath(const char* file) {
     std::error_code error;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", error);
-    return program.parent_path() / "Kelvarnix.apx";
+    return program.parent_path() / file;
 }
 
 } // namespace workbench

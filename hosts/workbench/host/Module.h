@@ -36,7 +36,10 @@ private:
     host::Environment environment;
 };
 
-/// The module beside the running program.
-std::filesystem::path GetDefaultModulePath();
+inline constexpr char AddOnFile[] = "Kelvarnix.apx";
+inline constexpr char EnergyEvaluationFile[] = "EnergyEvaluation.apx";
+
+/// A module's file beside the running program.
+std::filesystem::path GetModulePath(const char* file);
 
 } // namespace workbench

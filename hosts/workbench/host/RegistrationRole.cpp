@@ -2,22 +2,33 @@
 
 namespace workbench {
 
+namespace {
+
+template <typename Entry>
+void RemoveOf(const host::ModuleId& addOn, std::vector<Entry>& entries) {
+    std::erase_if(entries, [&](const Entry& entry) { return entry.addOn == addOn; });
+}
+
+} // namespace
+
 host::ErrorCode RegistrationRole::RegisterMenu(std::int16_t menuStringList, std::int16_t promptStringList) {
     if (phase != Phase::Registering) return host::Errors::RefusedCommand;
     if (FindMenu(menuStringList) != nullptr) return host::Errors::BadId;
-    menus.push_back({menuStringList, promptStringList, {}, nullptr});
+    menus.push_back({starting, menuStringList, promptStringList, {}, nullptr});
     return host::NoError;
 }
 
 host::ErrorCode RegistrationRole::RegisterSupportedCommand(std::uint32_t code, std::int32_t version) {
     if (phase != Phase::Registering) return host::Errors::RefusedCommand;
-    return commands.try_emplace(code, Command{version, nullptr}).second ? host::NoError : host::Errors::BadId;
+    if (FindCommand(starting, code) != nullptr) return host::Errors::BadId;
+    commands.push_back({starting, code, version, nullptr});
+    return host::NoError;
 }
 
 host::ErrorCode RegistrationRole::InstallMenuHandler(std::int16_t menuStringList, host::MenuHandler handler) {
     Menu* menu = FindMenu(menuStringList);
     if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
-    if (menu == nullptr) return host::Errors::BadId;
+    if (menu == nullptr || !(menu->addOn == starting)) return host::Errors::BadId;
     menu->handler = handler;
     return host::NoError;
 }
@@ -25,24 +36,24 @@ host::ErrorCode RegistrationRole::InstallMenuHandler(std::int16_t menuStringList
 host::ErrorCode RegistrationRole::InstallCommandHandler(std::uint32_t code, std::int32_t version,
                                                         host::CommandHandler handler) {
     if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
-    const auto command = commands.find(code);
-    if (command == commands.end() || command->second.version != version) return host::Errors::BadId;
-    command->second.handler = handler;
+    Command* command = FindCommand(starting, code);
+    if (command == nullptr || command->version != version) return host::Errors::BadId;
+    command->handler = handler;
     return host::NoError;
 }
 
 host::ErrorCode RegistrationRole::InstallProjectEventHandler(std::uint32_t events, host::ProjectEventHandler handler) {
     if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
-    eventMask = events;
-    eventHandler = handler;
+    RemoveOf(starting, eventHandlers);
+    eventHandlers.push_back({starting, events, handler});
     return host::NoError;
 }
 
 host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                                   const std::set<host::Guid>& lockableSets) {
     if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
-    reservationHandler = handler;
-    watchedSets = lockableSets;
+    RemoveOf(starting, reservationHandlers);
+    reservationHandlers.push_back({starting, lockableSets, handler});
     return host::NoError;
 }
 
@@ -60,19 +71,59 @@ host::ErrorCode RegistrationRole::ChooseMenu(std::int16_t menuStringList, std::i
     return menu->handler({menuStringList, itemIndex});
 }
 
+void RegistrationRole::Remove(const host::ModuleId& addOn) {
+    RemoveOf(addOn, menus);
+    RemoveOf(addOn, commands);
+    RemoveOf(addOn, eventHandlers);
+    RemoveOf(addOn, reservationHandlers);
+    if (eventHandlers.empty()) keepsInMemory = false;
+}
+
 host::ErrorCode RegistrationRole::RaiseEvent(host::ProjectEvent event) {
-    if (eventHandler == nullptr || (eventMask & static_cast<std::uint32_t>(event)) == 0) return host::NoError;
-    return eventHandler(event, 0);
+    host::ErrorCode result = host::NoError;
+    for (const EventHandler& one : eventHandlers) {
+        if ((one.events & static_cast<std::uint32_t>(event)) == 0) continue;
+        const host::ErrorCode error = one.handler(event, 0);
+        if (result == host::NoError) result = error;
+    }
+    return result;
 }
 
 host::ErrorCode RegistrationRole::RaiseReservationChange(const host::Guid& lockableSet, std::int16_t ownerId) {
-    if (reservationHandler == nullptr || watchedSets.count(lockableSet) == 0) return host::NoError;
-    return reservationHandler(lockableSet, ownerId);
+    host::ErrorCode result = host::NoError;
+    for (const ReservationHandler& one : reservationHandlers) {
+        if (one.sets.count(lockableSet) == 0) continue;
+        const host::ErrorCode error = one.handler(lockableSet, ownerId);
+        if (result == host::NoError) result = error;
+    }
+    return result;
+}
+
+host::ErrorCode RegistrationRole::CallCommand(const host::ModuleId& target, std::uint32_t code, std::int32_t version,
+                                              const host::CommandParameters& parameters, bool silent) const {
+    host::ErrorCode error = host::Errors::ModuleNotInstalled;
+    for (const Command& command : commands) {
+        if (!(command.addOn == target)) continue;
+        if (command.code != code) {
+            if (error == host::Errors::ModuleNotInstalled) error = host::Errors::CommandNotSupported;
+        } else if (command.version != version || command.handler == nullptr) {
+            error = host::Errors::CommandVersionNotSupported;
+        } else {
+            return command.handler(parameters, silent);
+        }
+    }
+    return error;
 }
 
 RegistrationRole::Menu* RegistrationRole::FindMenu(std::int16_t menuStringList) {
     for (Menu& menu : menus)
         if (menu.strings == menuStringList) return &menu;
+    return nullptr;
+}
+
+RegistrationRole::Command* RegistrationRole::FindCommand(const host::ModuleId& addOn, std::uint32_t code) {
+    for (Command& command : commands)
+        if (command.addOn == addOn && command.code == code) return &command;
     return nullptr;
 }
 

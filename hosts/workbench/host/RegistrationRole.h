@@ -1,9 +1,8 @@
-// What the loaded add-on registered and installed, and the calls back into it.
+// What the loaded add-ons registered and installed, and the calls back into them.
 #pragma once
 
 #include "host/Registration.h"
 
-#include <map>
 #include <optional>
 #include <vector>
 
@@ -25,44 +24,66 @@ public:
 
     /// Registering is allowed only during interface registration, as the host demands.
     enum class Phase { Closed, Registering, Initialising };
-    void SetPhase(Phase now) { phase = now; }
-    /// Forgets everything of a module that is being unloaded.
-    void Clear() { *this = RegistrationRole(); }
+    /// What is registered and installed from now on is the add-on's.
+    void SetPhase(Phase now, const host::ModuleId& addOn = {}) {
+        phase = now;
+        starting = addOn;
+    }
+    /// Forgets everything of an add-on that is being unloaded.
+    void Remove(const host::ModuleId& addOn);
 
     /// Chooses a menu item; BadId when nobody handles that menu.
     host::ErrorCode ChooseMenu(std::int16_t menuStringList, std::int32_t itemIndex);
-    /// Tells the installed handler, when it asked for that event.
+    /// Tells every add-on that asked for that event, in the order of loading; answers the first failure.
     host::ErrorCode RaiseEvent(host::ProjectEvent event);
-
-    /// Tells the installed handler, when it watches that set; ownerId 0 is released.
+    /// Tells every add-on that watches that set; ownerId 0 is released.
     host::ErrorCode RaiseReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
+    /// Calls the handler of another add-on's command; ModuleNotInstalled, CommandNotSupported or
+    /// CommandVersionNotSupported when there is none.
+    host::ErrorCode CallCommand(const host::ModuleId& target, std::uint32_t code, std::int32_t version,
+                                const host::CommandParameters& parameters, bool silent) const;
 
     struct Menu {
+        host::ModuleId addOn;
         std::int16_t strings = 0;
         std::int16_t prompts = 0;
         std::optional<std::string> itemText; ///< set at run time
         host::MenuHandler handler = nullptr;
     };
     struct Command {
+        host::ModuleId addOn;
+        std::uint32_t code = 0;
         std::int32_t version = 0;
         host::CommandHandler handler = nullptr;
     };
 
+    /// Of all add-ons.
     const std::vector<Menu>& GetMenus() const { return menus; }
-    const std::map<std::uint32_t, Command>& GetCommands() const { return commands; }
+    const std::vector<Command>& GetCommands() const { return commands; }
     bool IsKeptInMemory() const { return keepsInMemory; }
 
 private:
+    struct EventHandler {
+        host::ModuleId addOn;
+        std::uint32_t events = 0;
+        host::ProjectEventHandler handler = nullptr;
+    };
+    struct ReservationHandler {
+        host::ModuleId addOn;
+        std::set<host::Guid> sets;
+        host::ReservationChangeHandler handler = nullptr;
+    };
+
     Menu* FindMenu(std::int16_t menuStringList);
+    Command* FindCommand(const host::ModuleId& addOn, std::uint32_t code);
 
     Phase phase = Phase::Closed;
+    host::ModuleId starting;
     bool keepsInMemory = false;
     std::vector<Menu> menus;
-    std::map<std::uint32_t, Command> commands;
-    std::uint32_t eventMask = 0;
-    host::ProjectEventHandler eventHandler = nullptr;
-    host::ReservationChangeHandler reservationHandler = nullptr;
-    std::set<host::Guid> watchedSets;
+    std::vector<Command> commands;
+    std::vector<EventHandler> eventHandlers;
+    std::vector<ReservationHandler> reservationHandlers;
 };
 
 } // namespace workbench

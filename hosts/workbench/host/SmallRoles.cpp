@@ -29,6 +29,12 @@ std::string ResourcesRole::ReadString(std::int16_t stringList, std::int16_t entr
     return std::string(::Resources::String(stringList, entry));
 }
 
+host::ModuleId ResourcesRole::ReadModuleId(std::int16_t number) {
+    if (number != ResourceIds::ModuleIdResource) return {};
+    const ::Resources::ModuleId id = ::Resources::OwnModuleId();
+    return {id.developerId, id.localId};
+}
+
 std::string ResourcesRole::FormatNumber(double value, std::int16_t) {
     char buffer[400];
     const std::to_chars_result result =

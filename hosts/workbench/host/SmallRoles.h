@@ -12,6 +12,7 @@ namespace workbench {
 class ResourcesRole : public host::Resources {
 public:
     std::string ReadString(std::int16_t stringList, std::int16_t entry) override;
+    host::ModuleId ReadModuleId(std::int16_t number) override;
     /// Code 3: two decimals, a point, no grouping; every other code the same.
     std::string FormatNumber(double value, std::int16_t formatCode) override;
     std::string FormatCurrentTime(std::uint32_t flags) override;

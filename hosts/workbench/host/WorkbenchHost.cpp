@@ -1,5 +1,7 @@
 #include "workbench/host/WorkbenchHost.h"
 
+#include <utility>
+
 namespace workbench {
 
 WorkbenchHost::WorkbenchHost()
@@ -7,7 +9,7 @@ WorkbenchHost::WorkbenchHost()
       placedObjects(project, databases), properties(project, access), classifications(project, access),
       commands(project), dialogManager(openDialogs), teamwork(project, access, registration, dialogManager),
       dialogItems(openDialogs), itemValues(openDialogs), listLayout(openDialogs), listRows(openDialogs),
-      listCells(openDialogs), listSelection(openDialogs), userInput(openDialogs) {}
+      listCells(openDialogs), listSelection(openDialogs), userInput(openDialogs), addOnCommands(registration) {}
 
 void WorkbenchHost::OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event) {
     ownedProject = std::move(opened);
@@ -15,6 +17,13 @@ void WorkbenchHost::OpenProject(std::unique_ptr<Project> opened, host::ProjectEv
     databases.Reset();
     teamwork.TakeHolders();
     registration.RaiseEvent(event);
+    if (!std::exchange(isStartComplete, true)) registration.RaiseEvent(host::ProjectEvent::AllInputFinished);
+}
+
+host::ErrorCode WorkbenchHost::SwitchWindow(const host::Database& database) {
+    if (const host::ErrorCode error = databases.ChangeCurrentDatabase(database)) return error;
+    databases.frontWindow = databases.GetCurrent();
+    return registration.RaiseEvent(host::ProjectEvent::WindowChanged);
 }
 
 } // namespace workbench

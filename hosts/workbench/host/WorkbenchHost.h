@@ -4,12 +4,14 @@
 #include "host/Host.h"
 #include "workbench/dialogs/DialogManager.h"
 #include "workbench/dialogs/ItemRoles.h"
+#include "workbench/host/AddOnCommandsRole.h"
 #include "workbench/host/LibraryRoles.h"
 #include "workbench/host/PropertyRoles.h"
 #include "workbench/host/RegistrationRole.h"
 #include "workbench/host/SmallRoles.h"
 #include "workbench/host/TeamworkRole.h"
 #include "workbench/host/UserInputRole.h"
+#include "workbench/trees/XmlReader.h"
 
 #include <memory>
 
@@ -19,8 +21,15 @@ class WorkbenchHost : public host::Host {
 public:
     WorkbenchHost();
 
-    /// Opens a project and raises the event of it; the former one is closed. The palette stays open.
+    /// Opens a project and raises the event of it; the former one is closed. The palette stays open. After the first
+    /// one the start is complete, which is an event of its own.
     void OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event);
+    /// Brings the window that shows this database to the front, which becomes the current one too, and says so.
+    /// BadDatabase when the project has none of that type and identifier; an identifier is needed where there may be
+    /// several.
+    host::ErrorCode SwitchWindow(const host::Database& database);
+    /// Tells the add-ons that the host ends; they are to be unloaded next.
+    void Quit() { registration.RaiseEvent(host::ProjectEvent::Quit); }
     /// What a host does between two actions of the user: learns what other processes have done to a shared project.
     void TurnEventLoop() { teamwork.TurnEventLoop(); }
     /// Null while none is open.
@@ -49,10 +58,13 @@ public:
     host::UserInput& GetUserInput() override { return userInput; }
     host::TextMeasuring& GetTextMeasuring() override { return textMeasuring; }
     host::Pictures& GetPictures() override { return pictures; }
+    host::AddOnCommands& GetAddOnCommands() override { return addOnCommands; }
+    host::XmlReading& GetXmlReading() override { return xmlReading; }
 
 private:
     std::unique_ptr<Project> ownedProject;
     Project* project = nullptr;
+    bool isStartComplete = false;
 
 public:
     // The roles with what only the workbench itself may do.
@@ -80,6 +92,8 @@ public:
     UserInputRole userInput;
     TextMeasuringRole textMeasuring;
     PicturesRole pictures;
+    AddOnCommandsRole addOnCommands;
+    XmlReadingRole xmlReading;
 };
 
 } // namespace workbench

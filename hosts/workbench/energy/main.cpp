@@ -1,0 +1,107 @@
+// Entry of the energy evaluation's module: the two exports, the four callbacks of its life, and its commands.
+#include "workbench/energy/EnergyEvaluation.h"
+
+#include "General/CallbackGuard.h"
+#include "host/Entry.h"
+#include "host/Registration.h"
+
+#include <memory>
+
+#define ENERGY_EXPORT extern "C" __attribute__((visibility("default")))
+
+namespace {
+
+namespace Exchange = host::EnergyExchange;
+using workbench::energy::EnergyEvaluation;
+
+host::Host* importedHost = nullptr;
+std::unique_ptr<EnergyEvaluation> evaluation;
+
+/// Runs a command that answers an error code; RefusedCommand outside of the add-on's life.
+template <typename Body>
+host::ErrorCode RunCommand(Body&& body) {
+    return General::RunGuarded(importedHost, "energy evaluation",
+                               [&] { return evaluation ? body(*evaluation) : host::Errors::RefusedCommand; });
+}
+
+struct Command {
+    std::uint32_t code;
+    host::CommandHandler handler;
+};
+
+constexpr Command Commands[] = {
+    {Exchange::AskEnabled,
+     [](const host::CommandParameters& parameters, bool) {
+         return RunCommand([&](EnergyEvaluation& energy) { return energy.AnswerEnabled(parameters); });
+     }},
+    {Exchange::Enable, [](const host::CommandParameters&,
+                          bool) { return RunCommand([](EnergyEvaluation& energy) { return energy.Enable(); }); }},
+    {Exchange::RegisterTarget,
+     [](const host::CommandParameters& parameters, bool) {
+         return RunCommand([&](EnergyEvaluation& energy) { return energy.RegisterTarget(parameters); });
+     }},
+    {Exchange::UnregisterTarget,
+     [](const host::CommandParameters& parameters, bool) {
+         return RunCommand([&](EnergyEvaluation& energy) { return energy.UnregisterTarget(parameters); });
+     }},
+    {workbench::energy::ListTargetsCommand,
+     [](const host::CommandParameters& parameters, bool) {
+         auto* block = static_cast<workbench::energy::TargetsBlock*>(parameters.block);
+         return RunCommand([&](EnergyEvaluation& energy) { return energy.ListTargets(block); });
+     }},
+    {workbench::energy::ExportCommand, [](const host::CommandParameters& parameters, bool) {
+         auto* block = static_cast<workbench::energy::ExportBlock*>(parameters.block);
+         return RunCommand([&](EnergyEvaluation& energy) { return energy.Export(block); });
+     }}};
+
+host::AddOnType CheckEnvironment(host::Environment& environment) {
+    return General::RunGuarded(importedHost, "environment check", host::AddOnType::DoNotRegister,
+                               host::AddOnType::DoNotRegister, [&] {
+                                   environment.addOnName = "Energy evaluation";
+                                   environment.addOnDescription = "Hands over the results of an energy evaluation";
+                                   return host::AddOnType::Preload;
+                               });
+}
+
+host::ErrorCode RegisterInterface() {
+    return General::RunGuarded(importedHost, "interface registration", [] {
+        host::ErrorCode result = host::NoError;
+        for (const Command& command : Commands)
+            result |= importedHost->GetRegistration().RegisterSupportedCommand(command.code, Exchange::CommandVersion);
+        return result;
+    });
+}
+
+host::ErrorCode Initialise() {
+    return General::RunGuarded(importedHost, "initialisation", [] {
+        evaluation = std::make_unique<EnergyEvaluation>(*importedHost);
+        host::Registration& registration = importedHost->GetRegistration();
+        host::ErrorCode result = host::NoError;
+        for (const Command& command : Commands)
+            result |= registration.InstallCommandHandler(command.code, Exchange::CommandVersion, command.handler);
+        return result;
+    });
+}
+
+host::ErrorCode FreeData() {
+    evaluation.reset();
+    return host::NoError;
+}
+
+} // namespace
+
+ENERGY_EXPORT host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || functions->host == nullptr) return host::Errors::BadParameters;
+    importedHost = functions->host;
+    return host::NoError;
+}
+
+ENERGY_EXPORT host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || importedHost == nullptr) return host::Errors::BadParameters;
+    functions->moduleId = Exchange::EnergyEvaluation;
+    functions->checkEnvironment = CheckEnvironment;
+    functions->registerInterface = RegisterInterface;
+    functions->initialise = Initialise;
+    functions->freeData = FreeData;
+    return host::NoError;
+}

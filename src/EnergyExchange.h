@@ -1,0 +1,23 @@
+// The exchange with the energy evaluation: introduces the add-on as an export target, says which data it wants, and
+// takes them into the project record. Shows nothing to the user; what fails is an error code.
+#pragma once
+
+#include "host/EnergyExchange.h"
+#include "host/Host.h"
+
+class AddOnContext;
+
+/// Whether the energy evaluation is there and switched on.
+bool IsEnergyEvaluationEnabled(host::Host& host);
+/// Switches the energy evaluation on where it is off, and puts the add-on among its export targets.
+host::ErrorCode RegisterExportTarget(host::Host& host);
+host::ErrorCode UnregisterExportTarget(host::Host& host);
+
+/// Writes into the settings that the yearly values of the three data sets are wanted; an empty tree gets them made.
+/// BadParameters without a block, SettingsMissing without settings in it.
+host::ErrorCode AnswerExportSettings(const host::EnergyExchange::SettingsBlock* block);
+
+/// Takes each whole part of the document as values of the energy evaluation, chooses them and stores the record; then
+/// an open palette is updated. BadParameters without a document, else the reading's error or the first of the storings,
+/// after which the other parts are still taken.
+host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const host::EnergyExchange::DataBlock* block);
