@@ -1,4 +1,5 @@
 #include "workbench/cli/Commands.h"
+#include "workbench/cli/EnergyTransfer.h"
 #include "workbench/cli/ModelInput.h"
 #include "workbench/cli/ModelSettings.h"
 #include "workbench/cli/Placing.h"
@@ -28,6 +29,8 @@ Outcome Prepare(const AssessOptions& options, Preparation& preparation) {
     if (!options.report.empty() && std::filesystem::path(options.report).extension() != ".xlsx")
         return Failure{UsageError, "--report " + options.report + ": a spreadsheet report ends in .xlsx"};
     if (Outcome failure = CheckPlacing("--place-report", options.placeReport, options.save)) return failure;
+    if (!options.window.empty() && options.placeReport.empty())
+        return Failure{UsageError, "--window tells where the report is placed; give --place-report X,Y too"};
     if (!options.materials.empty())
         if (Outcome failure = MaterialTable::Read(options.materials, preparation.table)) return failure;
     if (!options.settings.empty())
@@ -84,13 +87,21 @@ Outcome ApplyAll(const Preparation& preparation, Assessment& assessment) {
     return ApplyElementSettings(host, preparation.elements);
 }
 
+Outcome TakeEnergyData(const AssessOptions& options, Assessment& assessment) {
+    EnergyTransfer transfer;
+    if (Outcome failure = ExportEnergyData(assessment.session, options.energy, {}, transfer)) return failure;
+    const std::vector<std::string> changes = DescribeChanges(transfer, options.energy);
+    assessment.notes.insert(assessment.notes.end(), changes.begin(), changes.end());
+    return {};
+}
+
 Outcome Assess(const AssessOptions& options, const Preparation& preparation, Assessment& assessment) {
     const KeepChanges keep = IsSameFile(options.model, options.save) ? KeepChanges::InFile : KeepChanges::InMemory;
     if (Outcome failure = OpenModel(options.model, keep, assessment.input)) return failure;
     if (Outcome failure = CheckElementSettings(assessment.input.project->model, preparation.elements)) return failure;
     const host::ProjectEvent event = assessment.input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
     const bool changesSettings = !preparation.table.GetRows().empty() || !options.sets.empty() ||
-                                 !options.settings.empty() || !options.elements.empty();
+                                 !options.settings.empty() || !options.elements.empty() || !options.energy.empty();
     if (Outcome failure =
             assessment.session.StartAs(std::move(assessment.input.project), event, options.model, options.as,
                                        changesSettings ? Purpose::Changing : Purpose::Reading))
@@ -98,10 +109,13 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
     if (const std::string& failure = assessment.session.GetProject().GetStoreFailure(); !failure.empty())
         return Failure{OutputUnwritable, failure};
     if (Outcome failure = ApplyAll(preparation, assessment)) return failure;
+    if (!options.energy.empty())
+        if (Outcome failure = TakeEnergyData(options, assessment)) return failure;
     if (Outcome failure = assessment.session.UpdateResults()) return failure;
     if (Outcome failure = assessment.session.ReadPalette(assessment.palette)) return failure;
     if (!options.placeReport.empty()) {
         host::Point point;
+        if (Outcome failure = OpenWindow(assessment.session.GetHost(), options.window)) return failure;
         if (Outcome failure = ParsePoint("--place-report", options.placeReport, point)) return failure;
         if (Outcome failure = assessment.session.PlaceResultReport(point)) return failure;
     }

@@ -19,12 +19,15 @@ struct AssessOptions {
     std::string placeReport; ///< "X,Y" in metres: places the result report; empty: not placed
     std::string report;      ///< path of the spreadsheet report; empty: none
     std::string charts;      ///< folder for pictures of the two charts; empty: none
+    std::string energy;      ///< path of an energy evaluation's results; empty: none
+    std::string window;      ///< name of the database whose window is in front; empty: the floor plan's
     std::string as;          ///< login of the member as whom the program acts; empty: nobody
     bool isStrict = false;
     bool isQuiet = false;
 };
 
 Outcome RunAssess(const AssessOptions& options);
+
 struct MaterialReportOptions {
     std::string model;
     std::string place;    ///< "X,Y" in metres; empty: not placed
@@ -45,6 +48,17 @@ struct TeamworkOptions {
 };
 
 Outcome RunTeamwork(const TeamworkOptions& options);
+
+struct EnergyOptions {
+    std::string model;
+    std::string data;    ///< path of the results to send; empty: only lists the targets
+    std::string target;  ///< menu text; empty: the only one
+    std::string save;    ///< path of a project file; empty: the changes go into the model's own
+    std::string request; ///< where to write the settings that the target asks for, "-" for standard output; empty: not
+    std::string as;      ///< login of the member as whom the program acts; empty: nobody
+};
+
+Outcome RunEnergy(const EnergyOptions& options);
 /// database  its name; empty: the floor plan
 Outcome RunDrawing(const std::string& model, const std::string& database, const std::string& png);
 Outcome RunInfo(const std::string& model);

@@ -24,4 +24,26 @@ Outcome CheckPlacing(const std::string& option, const std::string& place, const 
     return ParsePoint(option, place, point);
 }
 
+Outcome FindDatabase(const Model& model, const std::string& option, const std::string& name, host::Database& database) {
+    constexpr char FloorPlanName[] = "Floor plan";
+    database = {host::DatabaseType::FloorPlan, {}, {}};
+    if (name.empty() || name == FloorPlanName) return {};
+    std::string names = FloorPlanName;
+    for (const DatabaseRow& row : model.databases) {
+        names.append(", ").append(row.name);
+        if (row.name != name) continue;
+        database = {row.type, row.guid, row.name};
+        return {};
+    }
+    return Failure{UsageError, option + " " + name + ": the project has no database of this name; it has " + names};
+}
+
+Outcome OpenWindow(WorkbenchHost& host, const std::string& name) {
+    host::Database database{host::DatabaseType::Model3D, {}, {}};
+    if (name != "3D")
+        if (Outcome failure = FindDatabase(host.GetProject()->model, "--window", name, database)) return failure;
+    if (host.SwitchWindow(database) == host::NoError) return {};
+    return Failure{InputUnreadable, "--window " + name + ": the window cannot be opened; choose another one"};
+}
+
 } // namespace workbench::cli

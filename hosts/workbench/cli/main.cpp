@@ -32,6 +32,7 @@ namespace {
 
 struct Arguments {
     AssessOptions assess;
+    EnergyOptions energy;
     MaterialReportOptions materialReport;
     TeamworkOptions teamwork;
     std::vector<std::string> members;
@@ -55,11 +56,26 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
     command->add_option("--json", options.json, "Write the results as JSON to this file, - for standard output");
     command->add_option("--place-report", options.placeReport,
                         "X,Y: place the result report there on the floor plan (metres)");
+    command->add_option("--window", options.window,
+                        "Name of the section, elevation or layout in which the report is placed, or \"3D\"");
+    command->add_option("--energy", options.energy, "Take the results of an energy evaluation from this XML document");
     command->add_option("--report", options.report, "Write the spreadsheet report to this .xlsx file");
     command->add_option("--charts", options.charts, "Write pictures of the two charts into this folder");
     command->add_option("--as", options.as, "LOGIN: the member of a shared project who changes it");
     command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing");
     command->add_flag("--quiet", options.isQuiet, "No table, no warnings");
+}
+
+void AddEnergy(CLI::App& app, EnergyOptions& options) {
+    CLI::App* command = app.add_subcommand("energy", "Send an energy evaluation's results to the project");
+    command->add_option("MODEL", options.model, "The building: an .ifc or a .kvp file")->required();
+    command->add_option("--export", options.data, "Send this XML document; without it the export targets are listed");
+    command->add_option("--target", options.target, "Menu text of the export, such as \"Export to Kelvarnix\"");
+    command->add_option("--save", options.save, "Save to this .kvp file instead of changing the model's own");
+    command->add_option("--request", options.request,
+                        "Write the export settings that the target asked for to this .json or .xml file, - for "
+                        "standard output");
+    command->add_option("--as", options.as, "LOGIN: the member of a shared project who changes it");
 }
 
 void AddMaterialReport(CLI::App& app, MaterialReportOptions& options) {
@@ -110,6 +126,7 @@ void AddOverviews(CLI::App& app, Arguments& arguments) {
 
 Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
     if (app.got_subcommand("assess")) return RunAssess(arguments.assess);
+    if (app.got_subcommand("energy")) return RunEnergy(arguments.energy);
     if (app.got_subcommand("report-materials")) return RunMaterialReport(arguments.materialReport);
     if (app.got_subcommand("drawing")) return RunDrawing(arguments.model, arguments.database, arguments.png);
     if (app.got_subcommand("share")) return RunShare(arguments.model, arguments.members);
@@ -127,6 +144,7 @@ int Run(int argc, char** argv) {
     app.require_subcommand(1);
     Arguments arguments;
     AddAssess(app, arguments);
+    AddEnergy(app, arguments.energy);
     AddMaterialReport(app, arguments.materialReport);
     AddTeamwork(app, arguments);
     AddDrawing(app, arguments);

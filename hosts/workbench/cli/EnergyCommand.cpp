@@ -1,0 +1,69 @@
+// energy: the export targets of the energy evaluation, and sending its results to one of them.
+#include "workbench/cli/Commands.h"
+#include "workbench/cli/EnergyTransfer.h"
+#include "workbench/cli/ModelInput.h"
+#include "workbench/trees/TreeJson.h"
+#include "workbench/trees/TreeXml.h"
+
+#include <filesystem>
+
+namespace workbench::cli {
+
+namespace {
+
+Outcome CheckOptions(const EnergyOptions& options) {
+    if (!options.save.empty() && !IsProjectFile(options.save))
+        return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
+    if (options.data.empty() && !(options.target + options.save + options.request).empty())
+        return Failure{UsageError, "--target, --save and --request tell how data are sent; give --export DATA.xml too"};
+    if (!options.data.empty() && options.save.empty() && !IsProjectFile(options.model))
+        return Failure{UsageError, options.model + " cannot keep the data; name with --save the .kvp file that does"};
+    return {};
+}
+
+Outcome WriteRequest(const std::string& path, const host::ObjectState& request) {
+    std::string text;
+    const bool isXml = std::filesystem::path(path).extension() == ".xml";
+    const host::ErrorCode error = isXml ? WriteTreeXml(request, text) : WriteTreeJson(request, text);
+    if (error != host::NoError) return Failure{OutputUnwritable, path + ": the export settings cannot be written"};
+    return WriteOutput(path, text);
+}
+
+Outcome PrintTargets(Session& session) {
+    std::vector<std::string> targets;
+    if (Outcome failure = ListExportTargets(session, targets)) return failure;
+    std::string text;
+    for (const std::string& target : targets)
+        text.append(target).append("\n");
+    return WriteOutput({}, text);
+}
+
+} // namespace
+
+Outcome RunEnergy(const EnergyOptions& options) {
+    if (Outcome failure = CheckOptions(options)) return failure;
+    const bool changesModel =
+        !options.data.empty() && (options.save.empty() || IsSameFile(options.model, options.save));
+    const KeepChanges keep = changesModel ? KeepChanges::InFile : KeepChanges::InMemory;
+    ModelInput input;
+    if (Outcome failure = OpenModel(options.model, keep, input)) return failure;
+    const host::ProjectEvent event = input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
+    const Purpose purpose = options.data.empty() ? Purpose::Reading : Purpose::Changing;
+    Session session;
+    if (Outcome failure = session.StartAs(std::move(input.project), event, options.model, options.as, purpose))
+        return failure;
+    if (options.data.empty()) return PrintTargets(session);
+    EnergyTransfer transfer;
+    if (Outcome failure = ExportEnergyData(session, options.data, options.target, transfer)) return failure;
+    if (keep == KeepChanges::InMemory) {
+        const std::string failure = SaveProject(session.GetProject(), options.save);
+        if (!failure.empty()) return Failure{OutputUnwritable, failure};
+    }
+    for (const std::string& message : session.GetMessages())
+        PrintWarning(message);
+    if (!options.request.empty())
+        if (Outcome failure = WriteRequest(options.request, transfer.request)) return failure;
+    return options.request == "-" ? Outcome() : WriteOutput({}, WriteQuantities(transfer));
+}
+
+} // namespace workbench::cli

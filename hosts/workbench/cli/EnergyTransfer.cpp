@@ -1,0 +1,122 @@
+#include "workbench/cli/EnergyTransfer.h"
+
+#include "workbench/cli/SchemaView.h"
+#include "workbench/cli/Text.h"
+
+#include "lca/Numbers.h"
+
+#include <cstdio>
+
+namespace workbench::cli {
+
+namespace {
+
+namespace Exchange = host::EnergyExchange;
+using lca::FloorQuantity;
+
+constexpr char NotInstalled[] = "the energy evaluation is not there; build it anew";
+
+constexpr const char* Names[] = {"Gross floor area", "Operational emission",   "Reference floor area",
+                                 "Solar panels",     "Max solar contribution", "Electricity factor"};
+constexpr const char* Units[] = {"m2", "kg CO2eq/a", "m2", "kWh/a", "kWh/m2/a", "kg CO2eq/kWh"};
+
+/// A command that the user gives in the energy evaluation.
+host::ErrorCode CallEnergyEvaluation(Session& session, std::uint32_t command, void* block) {
+    return session.GetHost().addOnCommands.Call(Exchange::EnergyEvaluation, command, Exchange::CommandVersion,
+                                                {{}, block}, false);
+}
+
+Outcome ChooseTarget(Session& session, const std::string& wanted, std::string& target) {
+    std::vector<std::string> targets;
+    if (Outcome failure = ListExportTargets(session, targets)) return failure;
+    std::string list;
+    for (const std::string& one : targets) {
+        list.append(list.empty() ? "" : ", ").append(one);
+        if (one == wanted || (wanted.empty() && targets.size() == 1)) target = one;
+    }
+    if (!target.empty()) return {};
+    if (targets.empty()) return Failure{InputUnreadable, "no add-on takes energy data; build the add-on anew"};
+    return Failure{UsageError, "--target \"" + wanted + "\": there is no such export; choose one of: " + list};
+}
+
+Failure DescribeRefusal(const Project& project, const std::string& file, host::ErrorCode code) {
+    if (!project.GetStoreFailure().empty()) return {OutputUnwritable, project.GetStoreFailure()};
+    switch (code) {
+    case host::Errors::BadValue:
+        return {InputUnreadable, file + ": this is no whole XML document with the root element <" +
+                                     Exchange::RootElement + ">; nothing was taken; export it anew"};
+    case host::Errors::OutOfMemory:
+        return {InputUnreadable, file + ": the document is too large to be read; nothing was taken; export less"};
+    case host::Errors::NoAccessRight:
+        return {OutputUnwritable,
+                "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
+                "teamwork and try again"};
+    default:
+        break;
+    }
+    char number[16];
+    std::snprintf(number, sizeof number, "0x%08X", static_cast<unsigned>(code));
+    return {InputUnreadable, file + ": the add-on did not take the data (host error " + number + ")"};
+}
+
+const char* DescribeSource(const lca::LCAProjectData& record, FloorQuantity quantity) {
+    return record.GetFloorChoice(quantity) == lca::FloorSource::ByHand ? "by hand" : "energy evaluation";
+}
+
+bool IsChanged(const EnergyTransfer& transfer, FloorQuantity quantity) {
+    return transfer.before.GetFloorValue(quantity) != transfer.after.GetFloorValue(quantity) ||
+           transfer.before.GetFloorChoice(quantity) != transfer.after.GetFloorChoice(quantity);
+}
+
+} // namespace
+
+Outcome ListExportTargets(Session& session, std::vector<std::string>& menuTexts) {
+    energy::TargetsBlock block;
+    if (CallEnergyEvaluation(session, energy::ListTargetsCommand, &block) != host::NoError)
+        return Failure{InputUnreadable, NotInstalled};
+    menuTexts = std::move(block.menuTexts);
+    return {};
+}
+
+Outcome ExportEnergyData(Session& session, const std::string& file, const std::string& target,
+                         EnergyTransfer& transfer) {
+    std::string document;
+    energy::ExportBlock block;
+    if (Outcome failure = ChooseTarget(session, target, block.menuText)) return failure;
+    if (!ReadFile(file, document))
+        return Failure{InputUnreadable, file + ": the file cannot be read; check that it exists and may be read"};
+    block.document = &document;
+    transfer.before = ReadRecord(session.GetProject().model);
+    const host::ErrorCode code = CallEnergyEvaluation(session, energy::ExportCommand, &block);
+    transfer.request = std::move(block.settings);
+    transfer.after = ReadRecord(session.GetProject().model);
+    return code == host::NoError ? Outcome() : DescribeRefusal(session.GetProject(), file, code);
+}
+
+std::string WriteQuantities(const EnergyTransfer& transfer) {
+    std::vector<std::vector<std::string>> rows = {{"Quantity", "Before", "After", "Unit", "Taken from", ""}};
+    for (const FloorQuantity quantity : lca::AllFloorQuantities) {
+        const auto index = static_cast<std::size_t>(quantity);
+        rows.push_back({Names[index], lca::WriteDecimal(transfer.before.GetFloorValue(quantity)),
+                        lca::WriteDecimal(transfer.after.GetFloorValue(quantity)), Units[index],
+                        DescribeSource(transfer.after, quantity), IsChanged(transfer, quantity) ? "changed" : ""});
+    }
+    return AlignColumns(rows, {Align::Left, Align::Right, Align::Right, Align::Left, Align::Left, Align::Left});
+}
+
+std::vector<std::string> DescribeChanges(const EnergyTransfer& transfer, const std::string& file) {
+    std::vector<std::string> sentences;
+    for (const FloorQuantity quantity : lca::AllFloorQuantities) {
+        if (!IsChanged(transfer, quantity)) continue;
+        const auto index = static_cast<std::size_t>(quantity);
+        sentences.push_back(std::string(Names[index]) + ": " +
+                            lca::WriteDecimal(transfer.before.GetFloorValue(quantity)) + " -> " +
+                            lca::WriteDecimal(transfer.after.GetFloorValue(quantity)) + " " + Units[index] + " (" +
+                            DescribeSource(transfer.after, quantity) + ")");
+    }
+    if (sentences.empty())
+        sentences.push_back(file + " changed nothing: it holds no usable values, or those that the project has");
+    return sentences;
+}
+
+} // namespace workbench::cli
