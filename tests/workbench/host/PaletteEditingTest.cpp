@@ -188,21 +188,6 @@ TEST_F(PaletteEditingTest, MaterialsCountFromTheNextUpdateAndUndoTakesThemBack) 
     EXPECT_EQ(Cell(9, 6), before);
 }
 
-TEST_F(PaletteEditingTest, PlacingFollowsTheFrontWindow) {
-    const struct {
-        host::DatabaseType window;
-        bool canPlace;
-    } cases[] = {{host::DatabaseType::Model3D, false},
-                 {host::DatabaseType::Layout, true},
-                 {host::DatabaseType::Model3D, false},
-                 {host::DatabaseType::FloorPlan, true}};
-    for (const auto& one : cases) {
-        host.databases.frontWindow.type = one.window;
-        host.registration.RaiseEvent(host::ProjectEvent::WindowChanged);
-        EXPECT_EQ(Item(PlaceButton).isEnabled, one.canPlace);
-    }
-}
-
 TEST_F(PaletteEditingTest, MenuCommandsAndEventsOfAClosedPalette) {
     TogglePalette();
     EXPECT_EQ(host.registration.RaiseEvent(host::ProjectEvent::WindowChanged), host::NoError);

@@ -1,0 +1,115 @@
+// Commands and events on their way from the workbench into its add-ons: windows, the order of events, several add-ons,
+// and the web page.
+#include "support/FakeOpener.h"
+
+#include "DrivenAddOn.h"
+
+namespace {
+
+using namespace ResourceIds;
+using host::DatabaseType;
+using host::ProjectEvent;
+using Phase = workbench::RegistrationRole::Phase;
+
+class DispatchTest : public test::DrivenAddOn {
+protected:
+    /// The project's first database of this type.
+    host::Database Find(DatabaseType type) {
+        std::vector<host::Database> databases;
+        EXPECT_EQ(host.databases.ListDatabases(type, databases), host::NoError);
+        return databases.empty() ? host::Database{type, {}, {}} : databases.front();
+    }
+};
+
+TEST_F(DispatchTest, SwitchingWindowsTellsThePalette) {
+    TogglePalette();
+    const struct {
+        host::Database window;
+        bool canPlace;
+    } cases[] = {{{DatabaseType::Model3D, {}, {}}, false}, {Find(DatabaseType::Section), true},
+                 {Find(DatabaseType::Elevation), true},    {{DatabaseType::Model3D, {}, {}}, false},
+                 {Find(DatabaseType::Layout), true},       {{DatabaseType::FloorPlan, {}, {}}, true}};
+    for (const auto& one : cases) {
+        ASSERT_EQ(host.SwitchWindow(one.window), host::NoError);
+        EXPECT_EQ(PaletteItem(PaletteItems::PlaceButton).isEnabled, one.canPlace);
+        EXPECT_EQ(host.databases.GetCurrent().id, one.window.id);
+        EXPECT_EQ(host.databases.frontWindow.id, one.window.id);
+    }
+    EXPECT_EQ(host.SwitchWindow({DatabaseType::Section, {}, {}}), host::Errors::BadDatabase);
+    EXPECT_EQ(host.databases.frontWindow.type, DatabaseType::FloorPlan);
+}
+
+TEST_F(DispatchTest, InfoOpensTheProductsAddress) {
+    const support::FakeOpener opener;
+    EXPECT_EQ(host.registration.ChooseMenu(Menus::Information, 2), host::NoError); // no command
+    EXPECT_EQ(host.registration.ChooseMenu(Menus::Information, 1), host::NoError);
+    EXPECT_EQ(opener.WaitForWords(), "https://kelvarnix.example/|done");
+    EXPECT_TRUE(report.empty());
+}
+
+std::vector<std::string> told; ///< by the add-ons below; handlers are plain functions
+
+template <char AddOn>
+host::ErrorCode TellEvent(ProjectEvent event, std::int32_t) {
+    told.push_back(AddOn + std::to_string(static_cast<std::uint32_t>(event)));
+    return AddOn == 'A' ? 7 : 8;
+}
+
+template <char AddOn>
+host::ErrorCode TellReservation(const host::Guid&, std::int16_t owner) {
+    told.push_back(AddOn + std::string("r") + std::to_string(owner));
+    return 0;
+}
+
+TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
+    constexpr host::ModuleId A = {1, 0}, B = {2, 0};
+    host::Guid set;
+    set.bytes[0] = 1;
+    workbench::WorkbenchHost host;
+    workbench::RegistrationRole& registration = host.registration;
+    const auto command = [](const host::CommandParameters&, bool) { return host::ErrorCode{5}; };
+    const auto call = [&](const host::ModuleId& addOn, const char(&code)[5], std::int32_t version) {
+        return host.addOnCommands.Call(addOn, host::CommandCode(code), version, {}, true);
+    };
+    EXPECT_EQ(registration.InstallProjectEventHandler(1, TellEvent<'A'>), host::Errors::RefusedCommand);
+    registration.SetPhase(Phase::Registering, A);
+    EXPECT_EQ(registration.RegisterMenu(100, 200), host::NoError);
+    EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 1), host::NoError);
+    EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 2), host::Errors::BadId);
+    registration.SetPhase(Phase::Registering, B);
+    EXPECT_EQ(registration.RegisterMenu(100, 200), host::Errors::BadId); // lists are the host's, not an add-on's
+    EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 3), host::NoError);
+    registration.SetPhase(Phase::Initialising, B);
+    EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return 0; }), host::Errors::BadId);
+    EXPECT_EQ(registration.InstallProjectEventHandler(host::AllProjectEvents, TellEvent<'B'>), host::NoError);
+    EXPECT_EQ(registration.InstallReservationChangeHandler(TellReservation<'B'>, {set}), host::NoError);
+    EXPECT_EQ(registration.InstallCommandHandler(host::CommandCode("COMM"), 3, command), host::NoError);
+    registration.SetPhase(Phase::Initialising, A);
+    EXPECT_EQ(registration.InstallProjectEventHandler(1, TellEvent<'B'>), host::NoError);
+    EXPECT_EQ(registration.InstallProjectEventHandler(0x40, TellEvent<'A'>), host::NoError); // in the place of it
+    EXPECT_EQ(registration.InstallReservationChangeHandler(TellReservation<'A'>, {}), host::NoError);
+    registration.SetPhase(Phase::Closed);
+
+    EXPECT_EQ(call(A, "COMM", 1), host::Errors::CommandVersionNotSupported); // declared, not installed
+    EXPECT_EQ(call(B, "COMM", 1), host::Errors::CommandVersionNotSupported);
+    EXPECT_EQ(call(B, "NONE", 3), host::Errors::CommandNotSupported);
+    EXPECT_EQ(call({3, 0}, "COMM", 3), host::Errors::ModuleNotInstalled);
+    EXPECT_EQ(call(B, "COMM", 3), 5);
+
+    told.clear();
+    host.OpenProject(test::MakeBuilding(), ProjectEvent::New);
+    host.OpenProject(test::MakeBuilding(), ProjectEvent::NewAndReset);
+    host.OpenProject(test::MakeBuilding(), ProjectEvent::Open);
+    host.SwitchWindow({DatabaseType::Model3D, {}, {}});
+    registration.RaiseReservationChange(set, 3);
+    registration.RaiseReservationChange({}, 4);
+    EXPECT_EQ(registration.RaiseEvent(ProjectEvent::Quit), 8);
+    // The start is complete once, after the first project.
+    EXPECT_EQ(told, (std::vector<std::string>{"B1", "B4194304", "B2", "B4", "B524288", "Br3", "B64", "A64"}));
+    registration.Remove(B);
+    EXPECT_EQ(registration.RaiseEvent(ProjectEvent::Quit), 7);
+    EXPECT_EQ(told.size(), 9U);
+    EXPECT_EQ(call(B, "COMM", 3), host::Errors::ModuleNotInstalled);
+}
+
+} // namespace
