@@ -31,7 +31,7 @@ def rows_of(section, cells):
 
 text = open(samples + "/README.md", encoding="utf-8").read()
 components, table = text.split("## Building components by hand")[1].split("## The table by hand")
-table = table.split("## Sources")[0]
+table, energy_table = table.split("## Sources")[0].split("## With the energy evaluation by hand")
 
 with open(samples + "/house-materials.csv", encoding="utf-8") as file:
     stated = {row["name"]: row for row in csv.DictReader(file, delimiter=";") if row["applies_to"] == "material"}
@@ -57,17 +57,36 @@ for name, (_, quantity, gwp, provided, product) in by_hand.items():
     total += value
 expect("sum of the materials", total, sum_by_hand, 5e-5)
 
-answer = subprocess.run([program, "assess", samples + "/house.ifc", "--materials", samples + "/house-materials.csv",
-                         "--settings", samples + "/house-settings.txt", "--json", "-", "--strict"],
-                        stdout=subprocess.PIPE, check=True)
-result = json.loads(answer.stdout)
-printed = {row["label"]: row for row in result["categories"]}
-printed["TOTAL"] = result["total"]
+
+
+def assess(*more):
+    """The rows that the program prints for the sample house, by label."""
+    answer = subprocess.run([program, "assess", samples + "/house.ifc", "--materials", samples + "/house-materials.csv",
+                             "--settings", samples + "/house-settings.txt", "--json", "-", "--strict", *more],
+                            stdout=subprocess.PIPE, check=True)
+    result = json.loads(answer.stdout)
+    rows = {row["label"]: row for row in result["categories"]}
+    rows["TOTAL"] = result["total"]
+    return rows
+
+
+def compare(hand_rows, printed):
+    for label, computation, *values in hand_rows:
+        for key, value in zip(("gwp", "gwp_per_area", "gwp_per_area_per_year"), values):
+            expect(f"{label}: {key}", printed[label][key], float(value), 1e-9)
+        if re.fullmatch(r"[-+x\d.\s]+", computation):
+            expect(f"{label}: sum", compute(computation), float(values[0]), 1e-6)
+
+
+printed = assess()
 hand_rows = rows_of(table, 5)
 assert [row[0] for row in hand_rows] == list(printed), "the rows of README and program differ"
-for label, _, *values in hand_rows:
-    for key, value in zip(("gwp", "gwp_per_area", "gwp_per_area_per_year"), values):
-        expect(f"{label}: {key}", printed[label][key], float(value), 1e-9)
+compare(hand_rows, printed)
+with_energy = assess("--energy", samples + "/energy.xml")
+energy_rows = rows_of(energy_table, 5)
+assert len(energy_rows) == 2, "README: a row each for the operation and the total"
+compare(energy_rows, with_energy)
+assert all(printed[label] == with_energy[label] for label in list(printed)[1:-1]), "other rows changed"
 expect("building components", printed["Building components"]["gwp"], total, 5e-3)
 
 written = subprocess.run([sys.executable, samples + "/make_house.py"], stdout=subprocess.PIPE, check=True).stdout
