@@ -52,6 +52,8 @@ Outcome RunEnergy(const EnergyOptions& options) {
     Session session;
     if (Outcome failure = session.StartAs(std::move(input.project), event, options.model, options.as, purpose))
         return failure;
+    if (const std::string& failure = session.GetProject().GetStoreFailure(); !failure.empty())
+        return Failure{OutputUnwritable, failure};
     if (options.data.empty()) return PrintTargets(session);
     EnergyTransfer transfer;
     if (Outcome failure = ExportEnergyData(session, options.data, options.target, transfer)) return failure;

@@ -44,7 +44,7 @@ Failure DescribeRefusal(const Project& project, const std::string& file, host::E
     switch (code) {
     case host::Errors::BadValue:
         return {InputUnreadable, file + ": this is no whole XML document with the root element <" +
-                                     Exchange::RootElement + ">; nothing was taken; export it anew"};
+                                     Exchange::RootElement + ">; nothing was taken; export it anew, as UTF-8"};
     case host::Errors::OutOfMemory:
         return {InputUnreadable, file + ": the document is too large to be read; nothing was taken; export less"};
     case host::Errors::NoAccessRight:

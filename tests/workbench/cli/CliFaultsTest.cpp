@@ -147,6 +147,8 @@ TEST_F(CliFaultsTest, AReadOnlyProjectIsAssessedAndNotSaved) {
     EXPECT_EQ(Kelvarnix({"assess", project}, nobody).code, 0);
     ExpectRefusal(Kelvarnix({"assess", project, "--save", project, "--set", "SERVICELIFE=1"}, nobody), 5, project,
                   "cannot be written");
+    ExpectRefusal(Kelvarnix({"energy", project, "--export", KELVARNIX_SOURCE_DIR "/samples/energy.xml"}, nobody), 5,
+                  project, "cannot be written");
     ExpectRefusal(Kelvarnix({"assess", project, "--save", other, "--quiet"}, nobody), 5, other, "");
     ExpectRefusal(Kelvarnix({"assess", project, "--json", json, "--quiet"}, nobody), 5, json, "cannot be written");
     fs::permissions(project, fs::perms(0));
