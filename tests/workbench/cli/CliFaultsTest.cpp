@@ -3,6 +3,7 @@
 #include "TestHouse.h"
 
 #include "../ifc/IfcText.h"
+#include "support/PeakMemory.h"
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -274,7 +275,6 @@ TEST_F(CliFaultsTest, OutputGoesWhereALinkLeads) {
 }
 
 TEST_F(CliFaultsTest, TwoHundredMegabytesOfGarbageStayBelowOneGibibyte) {
-    constexpr long GibibyteInKiB = 1L << 20;
     const std::string block = Noise(1 << 20);
     const std::string start = HouseText().substr(0, HouseText().find("#20="));
     for (const char* name : {"garbage.ifc", "garbage.kvp"}) {
@@ -286,7 +286,7 @@ TEST_F(CliFaultsTest, TwoHundredMegabytesOfGarbageStayBelowOneGibibyte) {
         }
         const Finished finished = Kelvarnix({"assess", file});
         ExpectRefusal(finished, 3, file, "");
-        EXPECT_LT(finished.peakKiB, GibibyteInKiB) << name;
+        EXPECT_LT(finished.peakKiB, support::GibibyteInKiB) << name;
         fs::remove(file);
     }
     // A material table of that size, too.
@@ -298,7 +298,7 @@ TEST_F(CliFaultsTest, TwoHundredMegabytesOfGarbageStayBelowOneGibibyte) {
     }
     const Finished finished = Kelvarnix({"assess", model, "--materials", file});
     ExpectRefusal(finished, 3, file + ":7: the text is not UTF-8", "");
-    EXPECT_LT(finished.peakKiB, GibibyteInKiB);
+    EXPECT_LT(finished.peakKiB, support::GibibyteInKiB);
 }
 
 } // namespace

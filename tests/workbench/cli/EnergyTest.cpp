@@ -3,6 +3,7 @@
 #include "Program.h"
 #include "TestHouse.h"
 
+#include "support/PeakMemory.h"
 #include "support/TestFolder.h"
 
 #include <gtest/gtest.h>
@@ -144,7 +145,6 @@ TEST_F(EnergyTest, UsageAndDocumentsThatCannotBeUsed) {
 TEST_F(EnergyTest, HugeAndHostileDocuments) {
     const std::string project = SaveHouse();
     constexpr std::size_t Large = 100000000;
-    constexpr long MostKiB = 1024 * 1024;
     const std::string values = "<projectKeyValuesData><grossFloorArea>82.4</grossFloorArea><co2emission>1</co2emission>"
                                "</projectKeyValuesData>";
     const auto repeat = [](const std::string& text, std::size_t size) {
@@ -156,7 +156,7 @@ TEST_F(EnergyTest, HugeAndHostileDocuments) {
     const auto send = [&](const std::string& document) {
         const std::string file = folder.Write("large.xml", "<root>" + document + "</root>");
         Finished finished = Kelvarnix({"energy", project, "--export", file, "--save", folder / "copy.kvp"});
-        EXPECT_LT(finished.peakKiB, MostKiB);
+        EXPECT_LT(finished.peakKiB, support::GibibyteInKiB);
         return finished;
     };
     const std::string source = "<list_value><source>Gas</source><carbonFootprint>1</carbonFootprint></list_value>";
