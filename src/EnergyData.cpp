@@ -6,13 +6,12 @@ namespace {
 
 constexpr char ListValue[] = "list_value";
 
-/// Runs the body inside the first child element of this name; answers whether there is one.
+/// Runs the body inside the first child element of this name, where there is one.
 template <typename Body>
-bool Inside(host::DOMReader& reader, const char* name, Body&& body) {
-    if (!reader.EnterElement(name)) return false;
+void Inside(host::DOMReader& reader, const char* name, Body&& body) {
+    if (!reader.EnterElement(name)) return;
     body();
     reader.LeaveElement();
-    return true;
 }
 
 /// Runs the body inside each item of the list that the reader stands in.

@@ -11,6 +11,7 @@ namespace {
 
 using Extensions::Utilities::ObjectStateProcessor;
 using host::ObjectState;
+using test::Item;
 using test::WriteTree;
 
 std::string Text(const char* text) {
@@ -22,12 +23,6 @@ ObjectState DataSet(bool isExported, const char* level) {
     set.Add("enableExport", isExported);
     set.Add("levelOfDetail", Text(level));
     return set;
-}
-
-ObjectState Item(const std::string& name, ObjectState::Value value) {
-    ObjectState item;
-    item.Add(name, std::move(value));
-    return item;
 }
 
 /// Every kind of value, in objects, in a list, in a list inside a list, empty containers, names that repeat.

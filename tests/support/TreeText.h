@@ -1,4 +1,4 @@
-// A settings tree as one line that shows names, kinds of values and nesting, so that trees can be compared.
+// Settings trees of tests, and a tree as one line that shows names, kinds of values and nesting, to compare with.
 #pragma once
 
 #include "host/ObjectState.h"
@@ -7,6 +7,13 @@
 #include <string>
 
 namespace test {
+
+/// An object of one field, as the items of a list are.
+inline host::ObjectState Item(const std::string& name, host::ObjectState::Value value) {
+    host::ObjectState item;
+    item.Add(name, std::move(value));
+    return item;
+}
 
 class TreeWriter : public host::ObjectState::Processor {
 public:

@@ -15,14 +15,9 @@ namespace {
 
 using host::ErrorCode;
 using host::ObjectState;
+using test::Item;
 using test::WriteTree;
 namespace Errors = host::Errors;
-
-ObjectState Item(const std::string& name, ObjectState::Value value) {
-    ObjectState item;
-    item.Add(name, std::move(value));
-    return item;
-}
 
 ObjectState Sample() {
     ObjectState pair;
