@@ -230,8 +230,8 @@ TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
     ASSERT_EQ(module.initialise(), host::NoError);
     const Calls complete = registration.calls;
     module.freeData();
-    int failures = 0;
-    // Building the context takes some allocations; each fails in turn until one run gets through untouched.
+    int withoutContext = 0, cutShort = 0;
+    // Initialisation takes some allocations; each fails in turn until one run gets through untouched.
     for (long n = 0; n < 1000; ++n) {
         registration.calls.clear();
         registration.calls.reserve(64); // so that the recording itself allocates less in between
@@ -240,14 +240,27 @@ TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
         const bool wasReached = failAfter < 0;
         failAfter = -1;
         if (!wasReached) break;
-        if (GetContext() == nullptr && registration.calls == complete) {
-            EXPECT_EQ(code, host::NoError);
-            EXPECT_EQ(registration.menuHandler({32500, 1}), 1);
-            ++failures;
+        const Calls calls = registration.calls;
+        const bool hasContext = GetContext() != nullptr;
+        const host::ErrorCode answer = hasContext ? 0 : 1;
+        EXPECT_EQ(registration.menuHandler({32500, 1}), answer) << n;
+        EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), answer) << n;
+        EXPECT_EQ(registration.reservationHandler({}, 0), 0) << n;
+        if (code == host::NoError) {
+            EXPECT_FALSE(hasContext) << n; // what failed was the object, and the rest was installed
+            EXPECT_EQ(calls, complete) << n;
+            ++withoutContext;
+        } else {
+            EXPECT_EQ(code, host::Errors::OutOfMemory) << n;
+            ++cutShort;
         }
-        module.freeData();
+        EXPECT_EQ(module.freeData(), host::NoError);
+        EXPECT_EQ(module.initialise(), host::NoError) << n; // with memory again all is as it should be
+        EXPECT_NE(GetContext(), nullptr) << n;
+        EXPECT_EQ(module.freeData(), host::NoError);
     }
-    EXPECT_GT(failures, 0);
+    EXPECT_GT(withoutContext, 0);
+    EXPECT_GT(cutShort, 0);
 }
 
 /// Each callback with every of its allocations failing in turn: a code comes back and no exception, and the next call
