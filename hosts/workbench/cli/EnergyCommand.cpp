@@ -16,8 +16,6 @@ Outcome CheckOptions(const EnergyOptions& options) {
         return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
     if (options.data.empty() && !(options.target + options.save + options.request).empty())
         return Failure{UsageError, "--target, --save and --request tell how data are sent; give --export DATA.xml too"};
-    if (!options.data.empty() && options.save.empty() && !IsProjectFile(options.model))
-        return Failure{UsageError, options.model + " cannot keep the data; name with --save the .kvp file that does"};
     return {};
 }
 
@@ -42,8 +40,8 @@ Outcome PrintTargets(Session& session) {
 
 Outcome RunEnergy(const EnergyOptions& options) {
     if (Outcome failure = CheckOptions(options)) return failure;
-    const bool changesModel =
-        !options.data.empty() && (options.save.empty() || IsSameFile(options.model, options.save));
+    const bool changesModel = !options.data.empty() && IsProjectFile(options.model) &&
+                              (options.save.empty() || IsSameFile(options.model, options.save));
     const KeepChanges keep = changesModel ? KeepChanges::InFile : KeepChanges::InMemory;
     ModelInput input;
     if (Outcome failure = OpenModel(options.model, keep, input)) return failure;
@@ -57,7 +55,9 @@ Outcome RunEnergy(const EnergyOptions& options) {
     if (options.data.empty()) return PrintTargets(session);
     EnergyTransfer transfer;
     if (Outcome failure = ExportEnergyData(session, options.data, options.target, transfer)) return failure;
-    if (keep == KeepChanges::InMemory) {
+    if (options.save.empty() && !changesModel)
+        PrintNote(options.model + " cannot keep the data; name with --save a .kvp file that does");
+    if (!options.save.empty() && !changesModel) {
         const std::string failure = SaveProject(session.GetProject(), options.save);
         if (!failure.empty()) return Failure{OutputUnwritable, failure};
     }

@@ -96,6 +96,9 @@ TEST_F(EnergyTest, TheCommandChangesTheProject) {
     EXPECT_EQ(Record(project), Record(copy));
     const Finished again = Kelvarnix({"energy", project, "--export", Sample});
     EXPECT_FALSE(Contains(again.output, "changed"));
+    const Finished unkept = Kelvarnix({"energy", model, "--export", Sample});
+    EXPECT_EQ(unkept.code, 0);
+    EXPECT_TRUE(Contains(unkept.output, "82.4") && Contains(unkept.errors, model + " cannot keep the data"));
     const Finished fromModel = Kelvarnix({"energy", model, "--export", Sample, "--save", folder / "new.kvp"});
     EXPECT_EQ(fromModel.code, 0) << fromModel.errors;
     EXPECT_EQ(Record(folder / "new.kvp")["OPERATIONAL_EMISSION"], 612.5);
@@ -113,7 +116,6 @@ TEST_F(EnergyTest, TheRequestIsShownInBothForms) {
 TEST_F(EnergyTest, UsageAndDocumentsThatCannotBeUsed) {
     const std::string project = SaveHouse(), content = support::ContentOf(project);
     const std::string saved = folder / "never.kvp", sample = support::ContentOf(Sample);
-    ExpectRefusal(Kelvarnix({"energy", model, "--export", Sample}), 2, model, "--save");
     ExpectRefusal(Kelvarnix({"energy", project, "--target", "x"}), 2, "--target", "--export");
     ExpectRefusal(Kelvarnix({"energy", project, "--export", Sample, "--target", "Export elsewhere"}), 2,
                   "Export elsewhere", "choose one of: Export to Kelvarnix");
