@@ -88,7 +88,7 @@ private:
         if (failure == host::NoError) failure = error;
     }
     pugi::xml_node Append(const std::string& name, std::size_t type) {
-        if (!IsXmlName(name)) Fail(host::Errors::BadName);
+        if (!IsPlainXmlName(name)) Fail(host::Errors::BadName);
         pugi::xml_node child = element.append_child(name.c_str());
         if (type != TextType) child.append_attribute(TypeName).set_value(std::string(Types[type]).c_str());
         if (!child) Fail(host::Errors::OutOfMemory);

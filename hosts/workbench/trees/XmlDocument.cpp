@@ -2,12 +2,13 @@
 
 #include "workbench/text/Letters.h"
 
+#include <expat.h>
 #include <malloc.h>
 
 #include <algorithm>
-#include <array>
 #include <cstdlib>
-#include <optional>
+#include <memory>
+#include <new>
 #include <string_view>
 
 namespace workbench {
@@ -28,71 +29,22 @@ void Free(void* memory) {
     std::free(memory);
 }
 
-struct Mark {
-    std::string_view bytes;
-    pugi::xml_encoding encoding;
-};
-
-using namespace std::string_view_literals;
-
-/// Byte order marks, then what an opening "<" looks like without one; longer before shorter.
-constexpr Mark Marks[] = {{"\xFF\xFE\0\0"sv, pugi::encoding_utf32_le}, {"\0\0\xFE\xFF"sv, pugi::encoding_utf32_be},
-                          {"<\0\0\0"sv, pugi::encoding_utf32_le},      {"\0\0\0<"sv, pugi::encoding_utf32_be},
-                          {"\xEF\xBB\xBF"sv, pugi::encoding_utf8},     {"\xFF\xFE"sv, pugi::encoding_utf16_le},
-                          {"\xFE\xFF"sv, pugi::encoding_utf16_be},     {"<\0"sv, pugi::encoding_utf16_le},
-                          {"\0<"sv, pugi::encoding_utf16_be}};
-
-struct EncodingName {
-    std::string_view name; ///< lower case
-    pugi::xml_encoding encoding;
-};
-
-constexpr EncodingName EncodingNames[] = {{"utf-8", pugi::encoding_utf8},
-                                          {"us-ascii", pugi::encoding_utf8},
-                                          {"ascii", pugi::encoding_utf8},
-                                          {"iso-8859-1", pugi::encoding_latin1},
-                                          {"latin1", pugi::encoding_latin1}};
-
-/// What the declaration at the start of a document of single bytes says; UTF-8 where it says nothing.
-std::optional<pugi::xml_encoding> FindDeclaredEncoding(std::string_view text) {
-    if (text.substr(0, 5) != "<?xml") return pugi::encoding_utf8;
-    const std::string_view declaration = text.substr(0, text.find("?>"));
-    constexpr std::string_view Key = "encoding";
-    const std::size_t key = declaration.find(Key);
-    if (key == std::string_view::npos) return pugi::encoding_utf8;
-    const std::size_t first = declaration.find_first_of("\"'", key);
-    if (first == std::string_view::npos) return std::nullopt;
-    const std::size_t last = declaration.find(declaration[first], first + 1);
-    const std::string name = FoldCase(declaration.substr(first + 1, last - first - 1));
-    for (const EncodingName& known : EncodingNames)
-        if (known.name == name) return known.encoding;
-    return std::nullopt;
-}
-
-/// None when it is not known, or when the text is not in it.
-std::optional<pugi::xml_encoding> FindEncoding(std::string_view text) {
-    std::optional<pugi::xml_encoding> encoding;
-    for (const Mark& mark : Marks)
-        if (!encoding && text.substr(0, mark.bytes.size()) == mark.bytes) encoding = mark.encoding;
-    if (!encoding) encoding = FindDeclaredEncoding(text);
-    const bool isBytes = encoding == pugi::encoding_utf8 || encoding == pugi::encoding_latin1;
-    if (isBytes && text.find('\0') != std::string_view::npos) return std::nullopt;
-    if (encoding == pugi::encoding_utf8 && !IsUtf8(text)) return std::nullopt;
-    return encoding;
-}
-
-/// The parser takes any row of elements and texts; a document has one element at its top and no text beside it.
-bool HasOneRoot(const pugi::xml_document& document) {
-    int elements = 0;
-    for (const pugi::xml_node& node : document) {
-        if (node.type() == pugi::node_element) ++elements;
-        if (node.type() == pugi::node_pcdata || node.type() == pugi::node_cdata) return false;
-    }
-    return elements == 1;
+/// The document's parser is lenient: it takes several roots, lone ampersands, bytes outside of the encoding. This one
+/// is not, and knows the encodings that the other reads.
+bool IsWellFormed(std::string_view text) {
+    const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(XML_ParserCreate(nullptr),
+                                                                              XML_ParserFree);
+    if (!parser) throw std::bad_alloc();
+    // With a handler for what has no other one, references to the document's own entities are not expanded.
+    XML_SetDefaultHandler(parser.get(), [](void*, const XML_Char*, int) {});
+    constexpr std::size_t Piece = std::size_t{16} << 20U; // lengths are of type int there
+    for (; text.size() > Piece; text.remove_prefix(Piece))
+        if (XML_Parse(parser.get(), text.data(), static_cast<int>(Piece), XML_FALSE) != XML_STATUS_OK) return false;
+    return XML_Parse(parser.get(), text.data(), static_cast<int>(text.size()), XML_TRUE) == XML_STATUS_OK;
 }
 
 constexpr unsigned Options = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_wconv_attribute | pugi::parse_eol |
-                             pugi::parse_ws_pcdata_single | pugi::parse_fragment | pugi::parse_embed_pcdata;
+                             pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
 } // namespace
 
@@ -100,10 +52,9 @@ host::ErrorCode LoadXml(const std::string& text, pugi::xml_document& document) {
     static const bool isBounded = (pugi::set_memory_management_functions(Allocate, Free), true);
     static_cast<void>(isBounded);
     document.reset();
-    const std::optional<pugi::xml_encoding> encoding = FindEncoding(text);
-    if (!encoding) return host::Errors::BadValue;
-    const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), Options, *encoding);
-    if (result && HasOneRoot(document)) return host::NoError;
+    if (!IsWellFormed(text)) return host::Errors::BadValue;
+    const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), Options);
+    if (result) return host::NoError;
     document.reset();
     return result.status == pugi::status_out_of_memory ? host::Errors::OutOfMemory : host::Errors::BadValue;
 }
@@ -120,18 +71,19 @@ bool IsXmlText(const std::string& text) {
     const auto isForbidden = [](char letter) {
         return static_cast<unsigned char>(letter) < 0x20 && letter != '\t' && letter != '\n' && letter != '\r';
     };
-    return IsUtf8(text) && std::none_of(text.begin(), text.end(), isForbidden);
+    // U+FFFE and U+FFFF are no characters of XML.
+    return IsUtf8(text) && std::none_of(text.begin(), text.end(), isForbidden) &&
+           text.find("\xEF\xBF\xBE") == std::string::npos && text.find("\xEF\xBF\xBF") == std::string::npos;
 }
 
-bool IsXmlName(const std::string& name) {
+bool IsPlainXmlName(const std::string& name) {
     const auto isLetter = [](char letter) {
-        const auto code = static_cast<unsigned char>(letter);
-        return code >= 0x80 || (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') || letter == '_';
+        return (letter >= 'a' && letter <= 'z') || (letter >= 'A' && letter <= 'Z') || letter == '_';
     };
     const auto isInside = [&](char letter) {
         return isLetter(letter) || (letter >= '0' && letter <= '9') || letter == '-' || letter == '.';
     };
-    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isInside) && IsUtf8(name);
+    return !name.empty() && isLetter(name.front()) && std::all_of(name.begin(), name.end(), isInside);
 }
 
 } // namespace workbench

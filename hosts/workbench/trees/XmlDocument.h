@@ -13,8 +13,8 @@ namespace workbench {
 /// nothing but tags does not.
 inline constexpr std::size_t XmlMemoryLimit = std::size_t{512} << 20U;
 
-/// Reads UTF-8, UTF-16, UTF-32 and ISO 8859-1, told apart by the byte order mark, else by the declaration. Entities
-/// that the document declares stay unexpanded. OutOfMemory beyond the limit; BadValue when the document is not
+/// Reads UTF-8, UTF-16 and ISO 8859-1, told apart by the byte order mark, else by the declaration. Entities that the
+/// document declares stay unexpanded. OutOfMemory beyond the limit; BadValue when the document is not
 /// well-formed or in an encoding that is not known. It is then empty.
 [[nodiscard]] host::ErrorCode LoadXml(const std::string& text, pugi::xml_document& document);
 
@@ -23,6 +23,7 @@ inline constexpr std::size_t XmlMemoryLimit = std::size_t{512} << 20U;
 
 /// Whether a text can stand in a document at all.
 [[nodiscard]] bool IsXmlText(const std::string& text);
-[[nodiscard]] bool IsXmlName(const std::string& name);
+/// Whether it is an element's name in plain letters: which others may stand in one depends on the edition of XML.
+[[nodiscard]] bool IsPlainXmlName(const std::string& name);
 
 } // namespace workbench

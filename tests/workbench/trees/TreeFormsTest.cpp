@@ -97,10 +97,10 @@ TEST(TreeForms, WhatAFormCannotHoldIsRefused) {
     }
     Json(Item("t", std::string("\xC3")), Errors::BadValue);
     Json(Item("\xFF", true), Errors::BadValue);
-    for (const char* text : {"\xC3", "\x01"})
+    for (const char* text : {"\xC3", "\x01", "\xEF\xBF\xBF"})
         Xml(Item("t", std::string(text)), Errors::BadValue);
     Xml(Item("t", std::string(1, '\0')), Errors::BadValue);
-    for (const char* name : {"", "1a", "a b", "a<", "-a"})
+    for (const char* name : {"", "1a", "a b", "a<", "-a", "ä"})
         Xml(Item(name, true), Errors::BadName);
 }
 
