@@ -29,6 +29,9 @@ void Free(void* memory) {
     std::free(memory);
 }
 
+/// Before any document exists: what one function has given, the other takes back.
+[[maybe_unused]] const bool isBounded = (pugi::set_memory_management_functions(Allocate, Free), true);
+
 /// The document's parser is lenient: it takes several roots, lone ampersands, bytes outside of the encoding. This one
 /// is not, and knows the encodings that the other reads.
 bool IsWellFormed(std::string_view text) {
@@ -49,8 +52,6 @@ constexpr unsigned Options = pugi::parse_cdata | pugi::parse_escapes | pugi::par
 } // namespace
 
 host::ErrorCode LoadXml(const std::string& text, pugi::xml_document& document) {
-    static const bool isBounded = (pugi::set_memory_management_functions(Allocate, Free), true);
-    static_cast<void>(isBounded);
     document.reset();
     if (!IsWellFormed(text)) return host::Errors::BadValue;
     const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), Options);
