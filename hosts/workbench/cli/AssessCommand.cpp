@@ -24,8 +24,7 @@ struct Preparation {
 };
 
 Outcome Prepare(const AssessOptions& options, Preparation& preparation) {
-    if (!options.save.empty() && !IsProjectFile(options.save))
-        return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
+    if (Outcome failure = CheckSave(options.save)) return failure;
     if (!options.report.empty() && std::filesystem::path(options.report).extension() != ".xlsx")
         return Failure{UsageError, "--report " + options.report + ": a spreadsheet report ends in .xlsx"};
     if (Outcome failure = CheckPlacing("--place-report", options.placeReport, options.save)) return failure;

@@ -59,6 +59,7 @@ struct EnergyOptions {
 };
 
 Outcome RunEnergy(const EnergyOptions& options);
+
 /// database  its name; empty: the floor plan
 Outcome RunDrawing(const std::string& model, const std::string& database, const std::string& png);
 Outcome RunInfo(const std::string& model);

@@ -12,8 +12,7 @@ namespace workbench::cli {
 namespace {
 
 Outcome CheckOptions(const EnergyOptions& options) {
-    if (!options.save.empty() && !IsProjectFile(options.save))
-        return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
+    if (Outcome failure = CheckSave(options.save)) return failure;
     if (options.data.empty() && !(options.target + options.save + options.request).empty())
         return Failure{UsageError, "--target, --save and --request tell how data are sent; give --export DATA.xml too"};
     return {};

@@ -1,11 +1,10 @@
 #include "workbench/cli/EnergyTransfer.h"
 
+#include "workbench/cli/ModelSettings.h"
 #include "workbench/cli/SchemaView.h"
 #include "workbench/cli/Text.h"
 
 #include "lca/Numbers.h"
-
-#include <cstdio>
 
 namespace workbench::cli {
 
@@ -40,23 +39,12 @@ Outcome ChooseTarget(Session& session, const std::string& wanted, std::string& t
 }
 
 Failure DescribeRefusal(const Project& project, const std::string& file, host::ErrorCode code) {
-    if (!project.GetStoreFailure().empty()) return {OutputUnwritable, project.GetStoreFailure()};
-    switch (code) {
-    case host::Errors::BadValue:
+    if (code == host::Errors::BadValue)
         return {InputUnreadable, file + ": this is no whole XML document with the root element <" +
                                      Exchange::RootElement + ">; nothing was taken; export it anew, as UTF-8"};
-    case host::Errors::OutOfMemory:
+    if (code == host::Errors::OutOfMemory)
         return {InputUnreadable, file + ": the document is too large to be read; nothing was taken; export less"};
-    case host::Errors::NoAccessRight:
-        return {OutputUnwritable,
-                "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
-                "teamwork and try again"};
-    default:
-        break;
-    }
-    char number[16];
-    std::snprintf(number, sizeof number, "0x%08X", static_cast<unsigned>(code));
-    return {InputUnreadable, file + ": the add-on did not take the data (host error " + number + ")"};
+    return DescribeWriteRefusal(code, project);
 }
 
 const char* DescribeSource(const lca::LCAProjectData& record, FloorQuantity quantity) {

@@ -12,8 +12,7 @@ namespace workbench::cli {
 namespace {
 
 Outcome CheckOptions(const MaterialReportOptions& options) {
-    if (!options.save.empty() && !IsProjectFile(options.save))
-        return Failure{UsageError, "--save " + options.save + ": a project file ends in .kvp"};
+    if (Outcome failure = CheckSave(options.save)) return failure;
     if (Outcome failure = CheckPlacing("--place", options.place, options.save)) return failure;
     if (options.place.empty() && !options.favorite.empty())
         return Failure{UsageError, "--favorite tells how the report is placed; give --place X,Y too"};

@@ -40,6 +40,11 @@ bool IsProjectFile(const std::string& path) {
     return HasExtension(path, ".kvp");
 }
 
+Outcome CheckSave(const std::string& save) {
+    if (save.empty() || IsProjectFile(save)) return {};
+    return Failure{UsageError, "--save " + save + ": a project file ends in .kvp"};
+}
+
 bool IsSameFile(const std::string& a, const std::string& b) {
     std::error_code error;
     return !a.empty() && !b.empty() && std::filesystem::equivalent(a, b, error);

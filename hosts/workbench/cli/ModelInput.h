@@ -19,6 +19,8 @@ struct ModelInput {
 };
 
 bool IsProjectFile(const std::string& path);
+/// Where --save is given, it must name a project file.
+Outcome CheckSave(const std::string& save);
 /// Whether both name the same existing file.
 bool IsSameFile(const std::string& a, const std::string& b);
 

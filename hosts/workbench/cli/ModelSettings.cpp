@@ -15,20 +15,11 @@ namespace {
 
 using lca::PropertyKey;
 
-Failure DescribeCode(host::ErrorCode code, const Project& project) {
-    if (!project.GetStoreFailure().empty()) return {OutputUnwritable, project.GetStoreFailure()};
-    if (code == host::Errors::NoAccessRight)
-        return {OutputUnwritable,
-                "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
-                "teamwork and try again"};
-    return {OutputUnwritable, "the project did not take the values (host error " + std::to_string(code) + ")"};
-}
-
 /// Runs a command that may find nothing to change.
 Outcome RunCommand(WorkbenchHost& host, const char* name, const std::function<host::ErrorCode()>& command) {
     const host::ErrorCode code = host.commands.Call(name, command);
     if (code == host::NoError || code == host::Errors::UndoEmpty) return {};
-    return DescribeCode(code, *host.GetProject());
+    return DescribeWriteRefusal(code, *host.GetProject());
 }
 
 host::PropertyValue MakeValue(const host::PropertyDefinition& definition, host::Variant value) {
@@ -132,6 +123,15 @@ std::string FindMissingValue(const Model& model, const host::BuildingMaterial& m
 }
 
 } // namespace
+
+Failure DescribeWriteRefusal(host::ErrorCode code, const Project& project) {
+    if (!project.GetStoreFailure().empty()) return {OutputUnwritable, project.GetStoreFailure()};
+    if (code == host::Errors::NoAccessRight)
+        return {OutputUnwritable,
+                "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
+                "teamwork and try again"};
+    return {OutputUnwritable, "the project did not take the values (host error " + std::to_string(code) + ")"};
+}
 
 Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {
     const std::vector<std::string> usedPhases = ReadRecord(host.GetProject()->model).usedPhases;

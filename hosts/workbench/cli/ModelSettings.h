@@ -10,6 +10,9 @@
 
 namespace workbench::cli {
 
+/// Why the open project answered this code to a write.
+Failure DescribeWriteRefusal(host::ErrorCode code, const Project& project);
+
 /// The rows' values go to the building materials, doors and windows that they match.
 Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table);
 

@@ -55,7 +55,7 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
     command->add_option("--save", options.save, "Save the project to this .kvp file");
     command->add_option("--json", options.json, "Write the results as JSON to this file, - for standard output");
     command->add_option("--place-report", options.placeReport,
-                        "X,Y: place the result report there on the floor plan (metres)");
+                        "X,Y: place the result report there (metres), on the floor plan unless --window is given");
     command->add_option("--window", options.window,
                         "Name of the section, elevation or layout in which the report is placed, or \"3D\"");
     command->add_option("--energy", options.energy, "Take the results of an energy evaluation from this XML document");
