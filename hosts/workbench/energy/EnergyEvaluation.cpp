@@ -29,8 +29,7 @@ bool IsAnySetWanted(const host::ObjectState& settings) {
     });
 }
 
-} // namespace
-
+/// Every data set that the evaluation knows, none wanted yet.
 host::ObjectState GetOfferedSettings() {
     host::ObjectState settings;
     for (const OfferedSet& offered : OfferedSets) {
@@ -42,11 +41,13 @@ host::ObjectState GetOfferedSettings() {
     return settings;
 }
 
+} // namespace
+
 host::ErrorCode EnergyEvaluation::AnswerEnabled(const host::CommandParameters& parameters) {
     return host.GetAddOnCommands().ChangeParameter(parameters.list, {Exchange::EnabledParameter, isEnabled});
 }
 
-host::ErrorCode EnergyEvaluation::Enable() {
+host::ErrorCode EnergyEvaluation::Enable(const host::CommandParameters&) {
     isEnabled = true;
     return host::NoError;
 }
@@ -80,7 +81,8 @@ host::ErrorCode EnergyEvaluation::UnregisterTarget(const host::CommandParameters
     return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::ListTargets(TargetsBlock* block) const {
+host::ErrorCode EnergyEvaluation::ListTargets(const host::CommandParameters& parameters) {
+    auto* block = static_cast<TargetsBlock*>(parameters.block);
     if (block == nullptr) return host::Errors::BadParameters;
     block->menuTexts.clear();
     for (const Target& target : targets)
@@ -88,7 +90,8 @@ host::ErrorCode EnergyEvaluation::ListTargets(TargetsBlock* block) const {
     return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::Export(ExportBlock* block) {
+host::ErrorCode EnergyEvaluation::Export(const host::CommandParameters& parameters) {
+    auto* block = static_cast<ExportBlock*>(parameters.block);
     if (block == nullptr || block->document == nullptr) return host::Errors::BadParameters;
     const auto target = std::find_if(targets.begin(), targets.end(),
                                      [&](const Target& one) { return one.menuText == block->menuText; });
@@ -101,7 +104,6 @@ host::ErrorCode EnergyEvaluation::Export(ExportBlock* block) {
         return error;
     if (!IsAnySetWanted(block->settings)) return host::Errors::RefusedCommand;
     Exchange::DataBlock data{block->document};
-    block->isSent = true;
     return commands.Call(target->id, Exchange::SendData, Exchange::CommandVersion, {{}, &data}, false);
 }
 

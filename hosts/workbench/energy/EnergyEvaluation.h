@@ -25,8 +25,7 @@ struct TargetsBlock {
 struct ExportBlock {
     std::string menuText;                  ///< the target to export to
     const std::string* document = nullptr; ///< XML; the caller's
-    host::ObjectState settings;            ///< out: what the target asked for
-    bool isSent = false;                   ///< out: whether the target was sent the document, and so answered the code
+    host::ObjectState settings;            ///< out: what the target asked for; empty while it was not asked
 };
 
 class EnergyEvaluation {
@@ -35,13 +34,13 @@ public:
 
     // The commands for other add-ons and for the user.
     host::ErrorCode AnswerEnabled(const host::CommandParameters& parameters);
-    host::ErrorCode Enable();
+    host::ErrorCode Enable(const host::CommandParameters& parameters);
     /// RefusedCommand while the evaluation is off. A target that registers again gets its new text.
     host::ErrorCode RegisterTarget(const host::CommandParameters& parameters);
     /// BadId when it is not registered.
     host::ErrorCode UnregisterTarget(const host::CommandParameters& parameters);
-    host::ErrorCode ListTargets(TargetsBlock* block) const;
-    host::ErrorCode Export(ExportBlock* block);
+    host::ErrorCode ListTargets(const host::CommandParameters& parameters);
+    host::ErrorCode Export(const host::CommandParameters& parameters);
 
 private:
     struct Target {
@@ -56,8 +55,5 @@ private:
     bool isEnabled = false;
     std::vector<Target> targets;
 };
-
-/// Every data set that the evaluation knows, none wanted yet.
-host::ObjectState GetOfferedSettings();
 
 } // namespace workbench::energy

@@ -17,11 +17,12 @@ using workbench::energy::EnergyEvaluation;
 host::Host* importedHost = nullptr;
 std::unique_ptr<EnergyEvaluation> evaluation;
 
-/// Runs a command that answers an error code; RefusedCommand outside of the add-on's life.
-template <typename Body>
-host::ErrorCode RunCommand(Body&& body) {
-    return General::RunGuarded(importedHost, "energy evaluation",
-                               [&] { return evaluation ? body(*evaluation) : host::Errors::RefusedCommand; });
+/// Handler of a command; RefusedCommand outside of the add-on's life.
+template <host::ErrorCode (EnergyEvaluation::*Answer)(const host::CommandParameters&)>
+host::ErrorCode Handle(const host::CommandParameters& parameters, bool) {
+    return General::RunGuarded(importedHost, "energy evaluation", [&] {
+        return evaluation ? (*evaluation.*Answer)(parameters) : host::Errors::RefusedCommand;
+    });
 }
 
 struct Command {
@@ -29,30 +30,12 @@ struct Command {
     host::CommandHandler handler;
 };
 
-constexpr Command Commands[] = {
-    {Exchange::AskEnabled,
-     [](const host::CommandParameters& parameters, bool) {
-         return RunCommand([&](EnergyEvaluation& energy) { return energy.AnswerEnabled(parameters); });
-     }},
-    {Exchange::Enable, [](const host::CommandParameters&,
-                          bool) { return RunCommand([](EnergyEvaluation& energy) { return energy.Enable(); }); }},
-    {Exchange::RegisterTarget,
-     [](const host::CommandParameters& parameters, bool) {
-         return RunCommand([&](EnergyEvaluation& energy) { return energy.RegisterTarget(parameters); });
-     }},
-    {Exchange::UnregisterTarget,
-     [](const host::CommandParameters& parameters, bool) {
-         return RunCommand([&](EnergyEvaluation& energy) { return energy.UnregisterTarget(parameters); });
-     }},
-    {workbench::energy::ListTargetsCommand,
-     [](const host::CommandParameters& parameters, bool) {
-         auto* block = static_cast<workbench::energy::TargetsBlock*>(parameters.block);
-         return RunCommand([&](EnergyEvaluation& energy) { return energy.ListTargets(block); });
-     }},
-    {workbench::energy::ExportCommand, [](const host::CommandParameters& parameters, bool) {
-         auto* block = static_cast<workbench::energy::ExportBlock*>(parameters.block);
-         return RunCommand([&](EnergyEvaluation& energy) { return energy.Export(block); });
-     }}};
+constexpr Command Commands[] = {{Exchange::AskEnabled, Handle<&EnergyEvaluation::AnswerEnabled>},
+                                {Exchange::Enable, Handle<&EnergyEvaluation::Enable>},
+                                {Exchange::RegisterTarget, Handle<&EnergyEvaluation::RegisterTarget>},
+                                {Exchange::UnregisterTarget, Handle<&EnergyEvaluation::UnregisterTarget>},
+                                {workbench::energy::ListTargetsCommand, Handle<&EnergyEvaluation::ListTargets>},
+                                {workbench::energy::ExportCommand, Handle<&EnergyEvaluation::Export>}};
 
 host::AddOnType CheckEnvironment(host::Environment& environment) {
     return General::RunGuarded(importedHost, "environment check", host::AddOnType::DoNotRegister,

@@ -102,14 +102,14 @@ TEST_F(EnergyExchangeTest, RegistersOnceARunAndLeavesAtTheEnd) {
     host.registration.RaiseEvent(host::ProjectEvent::AllInputFinished);
     EXPECT_TRUE(Targets().empty());
     const std::string document = "<root/>";
-    ExportBlock block{TargetText, &document, {}, false};
+    ExportBlock block{TargetText, &document, {}};
     EXPECT_EQ(Call(workbench::energy::ExportCommand, &block), host::Errors::BadName);
-    EXPECT_FALSE(block.isSent);
+    EXPECT_TRUE(block.settings.IsEmpty());
 }
 
 TEST_F(EnergyExchangeTest, AsksForYearlyValuesOfThreeDataSets) {
     const std::string document = "<root/>";
-    ExportBlock block{TargetText, &document, {}, false};
+    ExportBlock block{TargetText, &document, {}};
     ASSERT_EQ(Call(workbench::energy::ExportCommand, &block), host::NoError);
     for (const auto& [name, value] : block.settings.GetFields()) {
         const auto& set = std::get<host::ObjectState>(value);
@@ -268,7 +268,7 @@ TEST_F(EnergyExchangeTest, TheEvaluationRefusesWhatItCannotUse) {
     EXPECT_EQ(Targets(), (std::vector<std::string>{TargetText, "New"}));
     // Its target is gone by now: nobody answers there.
     const std::string document = "<root/>";
-    ExportBlock block{"New", &document, {}, false};
+    ExportBlock block{"New", &document, {}};
     EXPECT_EQ(Call(workbench::energy::ExportCommand, &block), host::Errors::ModuleNotInstalled);
     EXPECT_EQ(Call(host::CommandCode("NONE"), nullptr), host::Errors::CommandNotSupported);
     energy.Unload();
