@@ -93,7 +93,6 @@ public:
     bool string(string_t& value) override { return Add(value); }
     bool binary(binary_t&) override { return false; }
     bool start_object(std::size_t) override {
-        if (levels.empty() && isRootClosed) return false;
         Begin(false);
         return true;
     }
@@ -103,14 +102,12 @@ public:
     }
     bool end_object() override {
         levels.pop_back();
-        if (levels.empty()) {
-            isRootClosed = true;
-            return true;
-        }
-        auto object = std::get<host::ObjectState>(builder.Close());
-        if (!levels.back().isList || object.GetFields().size() != 1) return Add(std::move(object));
-        host::ObjectState::Field item = std::move(object.TakeFields().front());
-        builder.Add(item.name, std::move(item.value));
+        if (levels.empty()) return true; // the root
+        host::ObjectState::Value value = builder.Close();
+        auto& object = std::get<host::ObjectState>(value);
+        if (!levels.back().isList || object.GetFields().size() != 1) return Add(std::move(value));
+        host::ObjectState::Fields item = object.TakeFields();
+        builder.Add(item.front().name, std::move(item.front().value));
         return true;
     }
     bool start_array(std::size_t) override {
@@ -149,7 +146,6 @@ private:
     }
 
     std::vector<Level> levels;
-    bool isRootClosed = false;
 };
 
 } // namespace
