@@ -238,6 +238,15 @@ void CWorksheet::WritePage() {
     if (pageScale == PageScale::FitWidth) xml.Attribute({"fitToHeight", 0}); // as many pages as it takes
     xml.Attribute({"orientation", pageSetup.orientation == PageOrientation::Landscape ? "landscape" : "portrait"});
     xml.End();
+    WriteHeaderAndFooter();
+}
+
+void CWorksheet::WriteHeaderAndFooter() {
+    if (pageHeader.empty() && pageFooter.empty()) return;
+    xml.Start("headerFooter", {{"scaleWithDoc", 0}});
+    if (!pageHeader.empty()) xml.TextElement("oddHeader", pageHeader);
+    if (!pageFooter.empty()) xml.TextElement("oddFooter", pageFooter);
+    xml.End();
 }
 
 void CWorksheet::WriteReferences() {

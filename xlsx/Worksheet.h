@@ -5,6 +5,7 @@
 #include "xlsx/CellReference.h"
 #include "xlsx/Comment.h"
 #include "xlsx/Package.h"
+#include "xlsx/PageLine.h"
 #include "xlsx/SharedStrings.h"
 #include "xlsx/Sheet.h"
 #include "xlsx/SheetSettings.h"
@@ -47,6 +48,10 @@ public:
     /// reference  such as "A1:B2"; see RangeReference
     void MergeCells(const std::string& reference) { mergedRanges.push_back(reference); }
     void SetPageSetup(const PageSetup& setup) { pageSetup = setup; }
+    /// What each printed page bears in its upper and lower margin, in letters of their own size where the page is
+    /// scaled.
+    void SetPageHeader(const PageLine& line) { pageHeader = PageLineCode(line); }
+    void SetPageFooter(const PageLine& line) { pageFooter = PageLineCode(line); }
     /// A new page begins below that many rows, or right of that many columns.
     void AddRowBreak(unsigned rows) { rowBreaks.push_back(rows); }
     void AddColumnBreak(unsigned columns) { columnBreaks.push_back(columns); }
@@ -68,6 +73,7 @@ private:
     void WriteSharedText(const std::string& text, unsigned style);
     void WriteEnd();
     void WritePage();
+    void WriteHeaderAndFooter();
     void WriteReferences();
     [[nodiscard]] bool WriteSheetRelationships();
 
@@ -80,6 +86,8 @@ private:
     std::vector<unsigned> columnBreaks;
     std::vector<CellPlace> formulaCells;
     PageSetup pageSetup;
+    std::string pageHeader; // codes, see PageLine.h
+    std::string pageFooter;
     PageScale pageScale;
     unsigned row = 0;    // 1-based number of the current row
     unsigned column = 0; // 0-based, of the next cell

@@ -81,7 +81,8 @@ TEST(WorksheetTest, WritesNothingThatWasNotAskedFor) {
                 "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>",
                 "<pageSetup paperSize=\"9\" orientation=\"portrait\"/></worksheet>"}))
         << sheet;
-    for (const char* name : {"sheetPr", "cols", "mergeCells", "rowBreaks", "colBreaks", "drawing", "legacyDrawing"}) {
+    for (const char* name :
+         {"sheetPr", "cols", "mergeCells", "headerFooter", "rowBreaks", "colBreaks", "drawing", "legacyDrawing"}) {
         EXPECT_EQ(Element(sheet, name), "(none)") << name;
     }
     for (const char* path : {"/xl/sharedStrings.xml", "/xl/calcChain.xml", "/xl/drawings/drawing1.xml"}) {
@@ -112,6 +113,47 @@ TEST(WorksheetTest, WritesColumnsMergesBreaksAndPages) {
          "fitToHeight=\"0\" orientation=\"landscape\"/>",
          "<rowBreaks manualBreakCount=\"1\"><brk id=\"10\" max=\"16383\" man=\"1\"/></rowBreaks>",
          "<colBreaks manualBreakCount=\"1\"><brk id=\"3\" max=\"1048575\" man=\"1\"/></colBreaks></worksheet>"}))
+        << sheet;
+}
+
+TEST(WorksheetTest, WritesHeaderAndFooterWithTextsThatAreNoCodes) {
+    const auto headerOf = [](const PageLine& header) {
+        const std::string sheet = SheetOf([&](CWorksheet& each) { each.SetPageHeader(header); });
+        return Element(sheet, "headerFooter");
+    };
+    const auto inHeader = [](const std::string& code) {
+        return "<headerFooter scaleWithDoc=\"0\"><oddHeader>" + code + "</oddHeader></headerFooter>";
+    };
+    const std::string house = "\xF0\x9F\x8F\xA0"; // two letters
+    const std::string ellipsis = "\xE2\x80\xA6";
+    const std::string letters78(78, 'x');
+    const std::pair<std::string, std::string> texts[] = {
+        {"2026-07-15", "2026-07-15"},
+        {"Tom & <Jerry> &P", "Tom &amp;&amp; &lt;Jerry&gt; &amp;&amp;P"},
+        {"&", "&amp;&amp;"},
+        {"a\xFF_x0041_\x07", "a\xEF\xBF\xBD_x005F_x0041__x0007_"},
+        {letters78 + "yz", letters78 + "yz"},
+        {letters78 + "y" + "zz", letters78 + "y" + ellipsis},
+        {letters78 + house, letters78 + house},
+        {letters78 + "y" + house, letters78 + "y" + ellipsis},
+        {letters78 + house + "z", letters78 + ellipsis},
+        {letters78 + "&", letters78 + "&amp;&amp;"},
+        {letters78 + "y&", letters78 + "y" + ellipsis},
+        {letters78 + "&z", letters78 + ellipsis},
+    };
+    for (const auto& [text, code] : texts) {
+        EXPECT_EQ(headerOf({"", text, ""}), inHeader("&amp;C" + code)) << text;
+    }
+    EXPECT_EQ(headerOf({"", "", ""}), "(none)");
+    EXPECT_EQ(headerOf({"a&", "", "5"}), inHeader("&amp;La&amp;&amp;&amp;R5"));
+    const std::string sheet = SheetOf([](CWorksheet& each) {
+        each.AddRowBreak(1);
+        each.SetPageHeader({"l", "c", "r"});
+        each.SetPageFooter({"f", "", ""});
+    });
+    EXPECT_TRUE(
+        InOrder(sheet, {"<pageSetup", "<oddHeader>&amp;Ll&amp;Cc&amp;Rr</oddHeader><oddFooter>&amp;Lf</oddFooter>",
+                        "</headerFooter><rowBreaks"}))
         << sheet;
 }
 
