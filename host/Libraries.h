@@ -44,8 +44,8 @@ struct ObjectElement {
     LibraryPartIndex libraryPart;
     Point position;
     double angle = 0.0;  ///< radians
-    double xRatio = 1.0; ///< factors on the part's own size
-    double yRatio = 1.0;
+    double xRatio = 1.0; ///< factor on the part's size A; of an object placed with a fixed size that size, in metres
+    double yRatio = 1.0; ///< the same of size B
 };
 
 struct Favourite {

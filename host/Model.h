@@ -21,6 +21,7 @@ struct MaterialComponent {
     double areaM2 = 0.0;
 };
 
+/// Stands for the colour of the window behind the plan. Pens count from 1; 0 is transparent.
 inline constexpr std::int16_t NoPen = -1;
 
 /// Eight rows of eight pixels from the top; the highest bit is the leftmost pixel, a set bit the foreground.
@@ -33,7 +34,7 @@ struct BuildingMaterial {
     double densityKgM3 = 0.0;
     AttributeIndex cutFill;
     std::int16_t cutFillPen = 0;
-    std::int16_t cutFillBackgroundPen = 0; ///< NoPen is a transparent background
+    std::int16_t cutFillBackgroundPen = 0; ///< NoPen and 0 let what is behind show through
     AttributeIndex cutSurface;
 };
 
@@ -58,6 +59,8 @@ public:
     virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
     /// Components in the element's order; replaces what the list held. BadId when there is no such element.
     virtual ErrorCode ReadElementComponents(const Guid& element, std::vector<MaterialComponent>& components) = 0;
+    /// The open project's name, UTF-8; empty for one that has none yet. NoProject when none is open.
+    virtual ErrorCode ReadProjectName(std::string& name) = 0;
 };
 
 /// Attributes of the project. Every reading operation answers BadIndex where the index is a gap or past the end.

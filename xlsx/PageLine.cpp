@@ -11,16 +11,19 @@ bool ContinuesCharacter(char byte) {
 }
 
 // Character by character, so that neither a pair of surrogates nor one of "&" is torn.
-void AppendPlace(std::string& code, const char* place, const std::string& text) {
+void AppendPlace(std::string& code, const char* place, const std::string& text, unsigned sizePoints) {
     if (text.empty()) return;
     code += place;
+    if (sizePoints > 0) code += "&" + std::to_string(sizePoints);
+    if (sizePoints > 0 && text[0] >= '0' && text[0] <= '9') code += ' '; // the size's digits end here
+    const unsigned mostLetters = mostPageTextLetters - (sizePoints > 0 ? pageSizeLetters : 0);
     const std::string sound = platform::Utf8FromWide(platform::WideFromUtf8(text));
     std::size_t letters = 0;
     std::size_t cut = code.size(); // where an ellipsis still fits
     for (std::size_t at = 0; at < sound.size();) {
         const bool isPair = static_cast<unsigned char>(sound[at]) >= 0xF0;
         letters += sound[at] == '&' || isPair ? 2 : 1;
-        if (letters > mostPageTextLetters) {
+        if (letters > mostLetters) {
             code.replace(cut, std::string::npos, "\xE2\x80\xA6");
             return;
         }
@@ -28,7 +31,7 @@ void AppendPlace(std::string& code, const char* place, const std::string& text) 
         do {
             code += sound[at++];
         } while (at < sound.size() && ContinuesCharacter(sound[at]));
-        if (letters < mostPageTextLetters) cut = code.size();
+        if (letters < mostLetters) cut = code.size();
     }
 }
 
@@ -36,9 +39,9 @@ void AppendPlace(std::string& code, const char* place, const std::string& text) 
 
 std::string PageLineCode(const PageLine& line) {
     std::string code;
-    AppendPlace(code, "&L", line.left);
-    AppendPlace(code, "&C", line.centre);
-    AppendPlace(code, "&R", line.right);
+    AppendPlace(code, "&L", line.left, line.sizePoints);
+    AppendPlace(code, "&C", line.centre, line.sizePoints);
+    AppendPlace(code, "&R", line.right, line.sizePoints);
     return code;
 }
 

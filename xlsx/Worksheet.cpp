@@ -243,7 +243,8 @@ void CWorksheet::WritePage() {
 
 void CWorksheet::WriteHeaderAndFooter() {
     if (pageHeader.empty() && pageFooter.empty()) return;
-    xml.Start("headerFooter", {{"scaleWithDoc", 0}});
+    xml.Start("headerFooter");
+    if (!scalesPageLines) xml.Attribute({"scaleWithDoc", 0});
     if (!pageHeader.empty()) xml.TextElement("oddHeader", pageHeader);
     if (!pageFooter.empty()) xml.TextElement("oddFooter", pageFooter);
     xml.End();

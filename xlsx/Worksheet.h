@@ -48,10 +48,10 @@ public:
     /// reference  such as "A1:B2"; see RangeReference
     void MergeCells(const std::string& reference) { mergedRanges.push_back(reference); }
     void SetPageSetup(const PageSetup& setup) { pageSetup = setup; }
-    /// What each printed page bears in its upper and lower margin, in letters of their own size where the page is
-    /// scaled.
-    void SetPageHeader(const PageLine& line) { pageHeader = PageLineCode(line); }
-    void SetPageFooter(const PageLine& line) { pageFooter = PageLineCode(line); }
+    /// What each printed page bears in its upper and lower margin. Where neither says the size of its letters, they
+    /// keep their size on a scaled page.
+    void SetPageHeader(const PageLine& line) { SetPageLine(pageHeader, line); }
+    void SetPageFooter(const PageLine& line) { SetPageLine(pageFooter, line); }
     /// A new page begins below that many rows, or right of that many columns.
     void AddRowBreak(unsigned rows) { rowBreaks.push_back(rows); }
     void AddColumnBreak(unsigned columns) { columnBreaks.push_back(columns); }
@@ -74,6 +74,10 @@ private:
     void WriteEnd();
     void WritePage();
     void WriteHeaderAndFooter();
+    void SetPageLine(std::string& code, const PageLine& line) {
+        code = PageLineCode(line);
+        scalesPageLines = scalesPageLines || line.sizePoints > 0;
+    }
     void WriteReferences();
     [[nodiscard]] bool WriteSheetRelationships();
 
@@ -88,6 +92,7 @@ private:
     PageSetup pageSetup;
     std::string pageHeader; // codes, see PageLine.h
     std::string pageFooter;
+    bool scalesPageLines = false;
     PageScale pageScale;
     unsigned row = 0;    // 1-based number of the current row
     unsigned column = 0; // 0-based, of the next cell

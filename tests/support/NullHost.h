@@ -47,6 +47,7 @@ public:
     host::ErrorCode ReadElementComponents(const host::Guid&, std::vector<host::MaterialComponent>&) override {
         return 0;
     }
+    host::ErrorCode ReadProjectName(std::string&) override { return 0; }
 };
 
 class NullAttributes : public host::Attributes {

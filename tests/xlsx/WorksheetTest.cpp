@@ -146,6 +146,9 @@ TEST(WorksheetTest, WritesHeaderAndFooterWithTextsThatAreNoCodes) {
     }
     EXPECT_EQ(headerOf({"", "", ""}), "(none)");
     EXPECT_EQ(headerOf({"a&", "", "5"}), inHeader("&amp;La&amp;&amp;&amp;R5"));
+    EXPECT_EQ(headerOf({"a", letters78 + "y", "5", 20}), "<headerFooter><oddHeader>&amp;L&amp;20a&amp;C&amp;20" +
+                                                             std::string(77, 'x') + ellipsis +
+                                                             "&amp;R&amp;20 5</oddHeader></headerFooter>");
     const std::string sheet = SheetOf([](CWorksheet& each) {
         each.AddRowBreak(1);
         each.SetPageHeader({"l", "c", "r"});
