@@ -24,23 +24,26 @@ struct SheetSizes {
 };
 
 constexpr SheetSizes ResultSizes{20, 80, 26}, MaterialSizes{12, 26, 18};
-constexpr double ResultRowHeight = 2 * ResultSizes.lineHeight, NoteRowHeight = 28, FillerRowHeight = 15;
+constexpr double ResultRowHeight = 2 * ResultSizes.lineHeight, NoteRowHeight = 27, FillerRowHeight = 8;
 /// Letters. Longer names of layers and materials go on in further lines.
 constexpr double MaterialWidths[] = {34, 46, 22};
 constexpr double LettersPerWidth = 0.8; ///< that surely fit, as capitals are wider than digits
 
-/// Below the rows stand the pictures side by side, each below its title and at the left edge of its title's column,
-/// wherever a reader's font puts that; the legend is a row below them. They are so much larger than they are drawn that
-/// their letters, too, are of 8 points or more on paper, and that the pie ends before the bars begin where columns are
-/// narrowest, 215 pixels wide.
-constexpr unsigned PieColumn = 0, BarColumn = 4; ///< from 0
+/// Below the rows stand the pictures side by side, each below its title, and the legend is a row below them. The
+/// pictures' places are absolute lengths, as readers differ in how wide a column's letter is: the fifth column begins
+/// 840 pixels from the left where letters are narrowest and 1120 where there is no Calibri, so that its title stands
+/// above the left quarter of its picture. The pictures are so much larger than they are drawn that their letters, too,
+/// are of 8 points or more on paper.
+constexpr unsigned PieColumn = 0, BarColumn = 4; ///< of their titles, from 0
 constexpr std::int64_t EmuPerPixel = Xlsx::emuPerInch / 96;
+constexpr std::int64_t BarLeft = 840 * EmuPerPixel;
 constexpr double PictureScale = 2.34;
 
-Xlsx::AnchorSize ScalePicture(const PictureSize& size) {
-    const auto scale = [](int pixels) { return static_cast<std::int64_t>(pixels * PictureScale * EmuPerPixel); };
-    return {scale(size.width), scale(size.height)};
+constexpr Xlsx::AnchorSize ScalePicture(const PictureSize& size) {
+    return {static_cast<std::int64_t>(size.width * PictureScale * EmuPerPixel),
+            static_cast<std::int64_t>(size.height * PictureScale * EmuPerPixel)};
 }
+static_assert(ScalePicture(PiePictureSize).width <= BarLeft, "the pictures overlap");
 
 /// Whether the file can be read to its end and begins as a JPEG file does.
 bool IsReadable(const ReportPicture& picture) {
@@ -78,6 +81,14 @@ double FindResultHeight(const lca::SheetRow& row) {
     default:
         return ResultRowHeight;
     }
+}
+
+/// Points from the sheet's top to the pictures: the rows, a gap, and the titles.
+double FindPictureTop(const std::vector<lca::SheetRow>& rows) {
+    double top = FillerRowHeight + ResultSizes.lineHeight;
+    for (const lca::SheetRow& row : rows)
+        top += FindResultHeight(row);
+    return top;
 }
 
 /// Lines that the names of a material row take.
@@ -138,7 +149,7 @@ private:
         Xlsx::PageSetup page;
         page.orientation = Xlsx::PageOrientation::Landscape;
         page.left = page.right = page.bottom = page.header = 0.22;
-        page.top = 0.55;
+        page.top = 0.5;
         sheet.SetPageSetup(page);
     }
 
@@ -179,9 +190,9 @@ private:
         const std::string pieTitle = hasPie ? report.pieChart.title : std::string();
         sheet.BeginRow(FillerRowHeight);
         WriteTitles(sheet, pieTitle, hasBars ? report.barChart.title : std::string());
-        const auto row = static_cast<unsigned>(report.resultRows.size() + 2); // below the gap and the titles
-        if (hasPie) AddPicture(sheet, report.pieChart, {{PieColumn, row, 0, 0}, ScalePicture(PiePictureSize)});
-        if (hasBars) AddPicture(sheet, report.barChart, {{BarColumn, row, 0, 0}, ScalePicture(BarPictureSize)});
+        const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::emuPerPoint);
+        if (hasPie) AddPicture(sheet, report.pieChart, {0, top, ScalePicture(PiePictureSize)});
+        if (hasBars) AddPicture(sheet, report.barChart, {BarLeft, top, ScalePicture(BarPictureSize)});
         // The page to be printed reaches as far down as the pictures.
         const auto pictureEnd = static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::emuPerPoint;
         for (double height = 0; height < pictureEnd; height += FillerRowHeight)
@@ -209,7 +220,7 @@ private:
         return false;
     }
 
-    void AddPicture(Xlsx::CWorksheet& sheet, const ReportPicture& picture, const Xlsx::OneCellAnchor& place) {
+    void AddPicture(Xlsx::CWorksheet& sheet, const ReportPicture& picture, const Xlsx::AbsoluteAnchor& place) {
         workbook.AddPicture(sheet, platform::WideFromUtf8(picture.file), Xlsx::ImageKind::Jpeg, place);
     }
 

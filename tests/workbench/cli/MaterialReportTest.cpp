@@ -138,6 +138,19 @@ TEST_F(MaterialReportCommandTest, AssessWritesTheSpreadsheet) {
                              }}),
                   5, report, "The Save faild!");
     EXPECT_EQ(support::ContentOf(report), before);
+    // The folder in which the workbook grows, and the one for the pictures.
+    for (const char* variable : {"TEMP", "TMPDIR"}) {
+        const bool failsWhole = std::string(variable) == "TEMP";
+        const clitest::Finished unusable = Kelvarnix(
+            {"assess", project, "--report", report},
+            {{}, [&] { return setenv("TEMP", folder.Path().c_str(), 1) == 0 && setenv(variable, "/none", 1) == 0; }});
+        EXPECT_EQ(unusable.code, failsWhole ? 5 : 0);
+        EXPECT_TRUE(clitest::Contains(unusable.errors, failsWhole ? "temporary files, /none/," : "/none/kelvarnix-"))
+            << unusable.errors;
+    }
+    const std::string upper = folder.Path() + "/Report.XLSX";
+    EXPECT_EQ(Kelvarnix({"assess", project, "--report", upper, "--quiet"}).code, 0);
+    EXPECT_EQ(support::ContentOf(upper).substr(0, 2), "PK");
 }
 
 TEST_F(MaterialReportCommandTest, DrawingShowsWhatIsPlaced) {
