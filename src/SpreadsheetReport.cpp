@@ -43,6 +43,9 @@ constexpr Xlsx::AnchorSize ScalePicture(const PictureSize& size) {
     return {static_cast<std::int64_t>(size.width * PictureScale * EmuPerPixel),
             static_cast<std::int64_t>(size.height * PictureScale * EmuPerPixel)};
 }
+constexpr int PictureRows = 2; ///< none may be higher than 409 points
+constexpr double PictureRowHeight =
+    static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::emuPerPoint / PictureRows + 3;
 static_assert(ScalePicture(PiePictureSize).width <= BarLeft, "the pictures overlap");
 
 /// Whether the file can be read to its end and begins as a JPEG file does.
@@ -193,10 +196,10 @@ private:
         const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::emuPerPoint);
         if (hasPie) AddPicture(sheet, report.pieChart, {0, top, ScalePicture(PiePictureSize)});
         if (hasBars) AddPicture(sheet, report.barChart, {BarLeft, top, ScalePicture(BarPictureSize)});
-        // The page to be printed reaches as far down as the pictures.
-        const auto pictureEnd = static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::emuPerPoint;
-        for (double height = 0; height < pictureEnd; height += FillerRowHeight)
-            sheet.BeginRow(FillerRowHeight);
+        // The page to be printed reaches as far down as the pictures. In few rows, as readers round the height of each
+        // on a scaled page.
+        for (int i = 0; i < PictureRows; ++i)
+            sheet.BeginRow(PictureRowHeight);
         if (!pieTitle.empty()) WriteLegend(sheet, report.legend);
     }
 

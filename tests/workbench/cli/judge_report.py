@@ -133,6 +133,9 @@ unit = float(sizes[0][0]) / float(re.search(r'<page [^>]*width="(\d+)"', layout)
 images = sorted([float(value) * unit for value in image] for image in
                 re.findall(r'<image top="(-?\d+)" left="(-?\d+)" width="(\d+)" height="(\d+)"', layout))
 check(len(images) == 2, "%d pictures on paper" % len(images))
+lowest = max(top + height for top, left, width, height in images)
+legend = [top for text, left, top, right, bottom in pages[0] if text == "Doors"][1]
+check(lowest - 1 < legend < lowest + 30, "the legend at %.0f is not right below the pictures, which end at %.0f" % (legend, lowest))
 for (top, left, width, height), heading, drawn in zip(sorted(images, key=lambda image: image[1]), ("GWP", "Threshold"), (350, 520)):
     check(CHART_LETTERS * width / drawn >= SMALLEST_LETTERS, "%s: letters of %.2f points" % (heading, CHART_LETTERS * width / drawn))
     check(abs(width / height - drawn / 230) < 0.01, "%s: %.1f x %.1f" % (heading, width, height))
