@@ -34,7 +34,7 @@ ReportBar ComputeReportBar(double value, const BarScale& scale, double cellWidth
     double length = (cellWidth - BarMargin) * std::fabs(value) / range;
     if (std::fabs(value) == scale.maximum) length -= hasNegative ? LongestCutBoth : LongestCut;
     length = std::max(length, 0.0);
-    if (value < 0.0) return {zero, std::max(zero - length, 0.0), zero};
+    if (value < 0.0) return {zero, zero - length, zero};
     return {zero, zero, std::min(zero + length, lastLine)};
 }
 

@@ -48,17 +48,13 @@ constexpr double PictureRowHeight =
     static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::emuPerPoint / PictureRows + 3;
 static_assert(ScalePicture(PiePictureSize).width <= BarLeft, "the pictures overlap");
 
-/// Whether the file can be read to its end and begins as a JPEG file does.
+/// Whether the file can be read and begins as a JPEG file does.
 bool IsReadable(const ReportPicture& picture) {
     const std::optional<std::string> path = platform::NarrowFromWide(platform::WideFromUtf8(picture.file));
     const auto file = path ? platform::OperatingSystemFiles().OpenForReading(*path) : nullptr;
-    if (!file) return false;
-    std::array<unsigned char, 4096> piece{};
-    std::optional<std::size_t> got = file->Read(piece.data(), piece.size());
-    if (got.value_or(0) < 3 || piece[0] != 0xFF || piece[1] != 0xD8 || piece[2] != 0xFF) return false;
-    while (got.value_or(0) > 0)
-        got = file->Read(piece.data(), piece.size());
-    return got.has_value();
+    constexpr std::array<unsigned char, 3> JpegStart{0xFF, 0xD8, 0xFF};
+    std::array<unsigned char, JpegStart.size()> start{};
+    return file && file->Read(start.data(), start.size()).value_or(0) == start.size() && start == JpegStart;
 }
 
 /// The file behind a symbolic link, however many lead to it and whether or not it is there yet. Paths are UTF-8.
