@@ -172,9 +172,12 @@ TEST(ZipArchiveWriterTest, RefusesAfterAFailureAndAfterTheEnd) {
     ASSERT_EQ(second.Close(), ZipResult::Success);
     EXPECT_EQ(second.AddFile("a", "source"), ZipResult::AdditionsEnded);
     EXPECT_EQ(second.Close(), ZipResult::FaultyArguments);
-    ZipArchiveWriter third(files);
-    ASSERT_EQ(third.Create(target), ZipResult::Success);
-    EXPECT_EQ(third.AddFile("", "source"), ZipResult::FaultyArguments);
+    for (const std::string& name : {std::string(), std::string("a\0b", 3), std::string(1, '\0')}) {
+        ZipArchiveWriter third(files);
+        ASSERT_EQ(third.Create(target), ZipResult::Success);
+        EXPECT_EQ(third.AddFile(name, "source"), ZipResult::FaultyArguments);
+        EXPECT_TRUE(files.files[target].bytes.empty());
+    }
 }
 
 TEST(ZipArchiveWriterTest, ChecksHandles) {
