@@ -1,5 +1,6 @@
 // The writer on a file system in memory: bytes, rules, and every operation failing in turn.
 #include "zip/ZipArchiveWriter.h"
+#include "FixedTexts.h"
 #include "Inflater.h"
 #include "support/FakeFiles.h"
 #include "zip/ZipHandle.h"
@@ -94,6 +95,21 @@ TEST(ZipArchiveWriterTest, DeflatesWithSizesAndChecksumInTheHeader) {
     ASSERT_TRUE(read.has_value());
     EXPECT_EQ(read->bytes, content);
     EXPECT_EQ(Number(bytes, second + 22, 4), content.size());
+}
+
+TEST(ZipArchiveWriterTest, DeflatesAtLevel8) {
+    for (const zip_test::FixedText& text : zip_test::FixedTexts()) {
+        FakeFiles files;
+        AddSource(files, "source", text.bytes);
+        ZipArchiveWriter writer(files);
+        ASSERT_EQ(writer.Create(target), ZipResult::Success);
+        ASSERT_EQ(writer.AddFile("a", "source"), ZipResult::Success);
+        ASSERT_EQ(writer.Close(), ZipResult::Success);
+        const std::string stream =
+            files.files[target].bytes.substr(30 + 1 + 17, Number(files.files[target].bytes, 18, 4));
+        EXPECT_LE(stream.size(), text.mostBytes) << text.name;
+        EXPECT_TRUE(stream == zip_test::Deflated(text.bytes, 8)) << text.name;
+    }
 }
 
 TEST(ZipArchiveWriterTest, MarksOnlyWhatCarriesTheMagicAsExecutable) {
