@@ -37,7 +37,7 @@ struct SettingsBlock {
 };
 
 /// The block is there but its settings are not.
-inline constexpr ErrorCode SettingsMissing = -7003;
+inline constexpr ErrorCode SettingsMissing{-7003};
 
 struct DataBlock {
     const std::string* document = nullptr; ///< XML in the encoding that it declares; root element RootElement

@@ -15,7 +15,7 @@
 
 namespace {
 
-constexpr host::ErrorCode ContextMissing = 1;
+constexpr host::ErrorCode ContextMissing{1};
 
 host::Host* currentHost = nullptr;
 /// Cleared by the first registration, so that there is one a run of the host.
@@ -56,11 +56,12 @@ void OpenInformation() {
 
 /// The record always starts from the model's values, which need the definitions that carry them.
 void TakeProject(AddOnContext& context, host::ProjectEvent event) {
-    EnsureSchema(*currentHost);
+    General::ReportHostError(*currentHost, "creating the LCA properties", EnsureSchema(*currentHost));
     if (event == host::ProjectEvent::NewAndReset)
         context.projectData.Reset();
     else
-        LoadProjectData(*currentHost, context.projectData);
+        General::ReportHostError(*currentHost, "loading the project settings",
+                                 LoadProjectData(*currentHost, context.projectData));
 }
 
 } // namespace
@@ -112,11 +113,12 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
             if (context.mainPalette.IsOpen()) context.mainPalette.OnActiveWindowChanged();
             break;
         case host::ProjectEvent::Quit:
-            UnregisterExportTarget(*currentHost);
+            static_cast<void>(UnregisterExportTarget(*currentHost)); // the host ends: nobody is left to tell
             break;
         case host::ProjectEvent::AllInputFinished:
             // Where there is no energy evaluation nothing is said: most users have none.
-            if (std::exchange(isEnergyRegistrationPending, false)) RegisterExportTarget(*currentHost);
+            if (std::exchange(isEnergyRegistrationPending, false))
+                static_cast<void>(RegisterExportTarget(*currentHost));
             break;
         default:
             break;
@@ -125,14 +127,15 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
 }
 
 host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
-    Dispatch("reservation change", [](AddOnContext& context) {
+    // The host takes 0 only; without the object there is nothing to refresh.
+    static_cast<void>(Dispatch("reservation change", [](AddOnContext& context) {
         if (context.mainPalette.IsOpen()) {
             context.mainPalette.RefreshEditors();
             context.mainPalette.UpdateSettingsButtonIcon();
         }
         if (context.buildingMaterialsDialog.IsOpen()) context.buildingMaterialsDialog.RefreshTeamwork();
         if (context.settingsDialog.IsOpen()) context.settingsDialog.RefreshTeamwork();
-    });
+    }));
     return host::NoError;
 }
 

@@ -2,6 +2,7 @@
 
 #include "src/Texts.h"
 
+#include "General/CallbackGuard.h"
 #include "General/UInterface.h"
 
 #include <algorithm>
@@ -84,7 +85,7 @@ void MaterialCO2ReportDialog::Initialise() {
     GetHost().GetListLayout().SetOwnerDrawn(GetDialog(), Table, BarColumn, true);
     FillFavourites();
     host::Database window;
-    GetHost().GetDatabases().ReadFrontWindow(window);
+    General::ReportHostError(GetHost(), "reading the front window", GetHost().GetDatabases().ReadFrontWindow(window));
     GetHost().GetDialogItems().Enable(GetDialog(), PlaceButton, window.type != host::DatabaseType::Model3D);
     anchoring.RegisterAll(GetDialog(), Anchors);
 }
@@ -135,7 +136,7 @@ void MaterialCO2ReportDialog::FillTable() {
 void MaterialCO2ReportDialog::FillFavourites() {
     std::vector<std::string> texts = {ReadText(GetHost(), MaterialReport::DefaultElementSettings)};
     std::vector<std::string> names;
-    GetHost().GetLibraries().ListFavourites(names);
+    General::ReportHostError(GetHost(), "reading the favourites", GetHost().GetLibraries().ListFavourites(names));
     for (const std::string& name : names) {
         host::Favourite found;
         if (GetHost().GetLibraries().ReadFavourite(name, found) == host::NoError && IsReportFavourite(found))

@@ -65,10 +65,11 @@ host::ErrorCode RegisterInterface() {
 
 /// Leaves the pointer empty when the object cannot be built; the handlers then do nothing.
 void CreateContext() {
-    General::RunGuarded(importedHost, "initialisation", [] {
+    // A failure has its line in the host's report by then.
+    static_cast<void>(General::RunGuarded(importedHost, "initialisation", [] {
         GetContext() = std::make_unique<AddOnContext>(*importedHost);
         return host::NoError;
-    });
+    }));
 }
 
 std::set<host::Guid> FindWatchedSets() {
@@ -82,8 +83,10 @@ host::ErrorCode InstallHandlers() {
     for (const std::int16_t menu :
          {ResourceIds::Menus::Palette, ResourceIds::Menus::MaterialReport, ResourceIds::Menus::BuildingMaterials,
           ResourceIds::Menus::ProjectSettings, ResourceIds::Menus::Information})
-        registration.InstallMenuHandler(menu, HandleMenuCommand);
-    registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets());
+        General::ReportHostError(*importedHost, "installing a menu handler",
+                                 registration.InstallMenuHandler(menu, HandleMenuCommand));
+    General::ReportHostError(*importedHost, "watching reservations",
+                             registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets()));
     host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);
     result |= registration.InstallCommandHandler(Exchange::AskSettings, Exchange::CommandVersion, HandleExportSettings);
     result |= registration.InstallCommandHandler(Exchange::SendData, Exchange::CommandVersion, HandleExportData);
@@ -109,20 +112,22 @@ host::ErrorCode FreeData() {
 
 } // namespace
 
-KELVARNIX_EXPORT host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
-    if (!host::IsOfThisInterface(functions) || functions->host == nullptr) return host::Errors::BadParameters;
+KELVARNIX_EXPORT std::int32_t SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || functions->host == nullptr)
+        return host::Errors::BadParameters.GetValue();
     importedHost = functions->host;
-    return host::NoError;
+    return host::NoError.GetValue();
 }
 
-KELVARNIX_EXPORT host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions) {
-    if (!host::IsOfThisInterface(functions) || importedHost == nullptr) return host::Errors::BadParameters;
-    return General::RunGuarded(importedHost, "export of the entry", [&] {
+KELVARNIX_EXPORT std::int32_t GetExportedFuncAddrs(host::ExportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || importedHost == nullptr) return host::Errors::BadParameters.GetValue();
+    const auto fill = [&] {
         functions->moduleId = importedHost->GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
         functions->checkEnvironment = CheckEnvironment;
         functions->registerInterface = RegisterInterface;
         functions->initialise = Initialise;
         functions->freeData = FreeData;
         return host::NoError;
-    });
+    };
+    return General::RunGuarded(importedHost, "export of the entry", fill).GetValue();
 }

@@ -53,7 +53,7 @@ void DrawColumn(WorkbenchHost& host, PaintedContext& picture, std::int16_t menu,
             host.dialogManager.DrawCell(dialog, list, row, column, picture);
         }
     };
-    host.registration.ChooseMenu(menu, 1);
+    std::ignore = host.registration.ChooseMenu(menu, 1);
 }
 
 /// Types a value a material, as a user does.
@@ -67,7 +67,7 @@ void EnterValues(WorkbenchHost& host, const std::vector<double>& values) {
         }
         host.dialogManager.Press(dialog, OkButton);
     };
-    host.registration.ChooseMenu(Menus::BuildingMaterials, 1);
+    std::ignore = host.registration.ChooseMenu(Menus::BuildingMaterials, 1);
 }
 
 } // namespace

@@ -80,7 +80,8 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     EXPECT_EQ(registration.RegisterMenu(100, 200), host::Errors::BadId); // lists are the host's, not an add-on's
     EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 3), host::NoError);
     registration.SetPhase(Phase::Initialising, B);
-    EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return 0; }), host::Errors::BadId);
+    EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return host::NoError; }),
+              host::Errors::BadId);
     EXPECT_EQ(registration.InstallProjectEventHandler(host::AllProjectEvents, TellEvent<'B'>), host::NoError);
     EXPECT_EQ(registration.InstallReservationChangeHandler(TellReservation<'B'>, {set}), host::NoError);
     EXPECT_EQ(registration.InstallCommandHandler(host::CommandCode("COMM"), 3, command), host::NoError);
@@ -100,9 +101,9 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     host.OpenProject(test::MakeBuilding(), ProjectEvent::New);
     host.OpenProject(test::MakeBuilding(), ProjectEvent::NewAndReset);
     host.OpenProject(test::MakeBuilding(), ProjectEvent::Open);
-    host.SwitchWindow({DatabaseType::Model3D, {}, {}});
-    registration.RaiseReservationChange(set, 3);
-    registration.RaiseReservationChange({}, 4);
+    EXPECT_EQ(host.SwitchWindow({DatabaseType::Model3D, {}, {}}), 8);
+    EXPECT_EQ(registration.RaiseReservationChange(set, 3), 0);
+    EXPECT_EQ(registration.RaiseReservationChange({}, 4), 0);
     EXPECT_EQ(registration.RaiseEvent(ProjectEvent::Quit), 8);
     // The start is complete once, after the first project.
     EXPECT_EQ(told, (std::vector<std::string>{"B1", "B4194304", "B2", "B4", "B524288", "Br3", "B64", "A64"}));
