@@ -10,7 +10,6 @@
 #include "host/Model.h"
 #include "host/UserInput.h"
 #include "lca/Numbers.h"
-#include "platform/TemporaryFolder.h"
 #include "platform/Text.h"
 
 namespace {
@@ -122,19 +121,6 @@ std::size_t CountNameLetters(const std::string& path) {
     return platform::Utf16FromUtf8(separator == std::string::npos ? path : path.substr(separator + 1)).size();
 }
 
-/// Sheets grow in the folder for temporary files; where that is the reason of a failure, its name helps more than the
-/// report's own.
-void ReportUnusableFolder(host::Host& host) {
-    platform::FileLayer& files = platform::OperatingSystemFiles();
-    if (const auto folder = platform::CreatePrivateFolder(files, "kelvarnix_")) {
-        static_cast<void>(files.RemoveFolder(*folder));
-        return;
-    }
-    const std::wstring root = platform::WideFromNarrow(platform::TemporaryRoot()).value_or(std::wstring());
-    const std::string reason = "the folder for temporary files, " + platform::Utf8FromWide(root) + ", cannot be used";
-    General::ReportFailure(&host, "writing the report", reason.c_str());
-}
-
 } // namespace
 
 void GenerateReport(host::Host& host, AddOnContext& context) {
@@ -145,12 +131,12 @@ void GenerateReport(host::Host& host, AddOnContext& context) {
         ShowTextAlert(host, host::AlertType::Warning, Alerts::WarningTitle, Report::FileNameTooShort, {}, Alerts::Ok);
         return;
     }
-    const ReportOutcome outcome = WriteSpreadsheetReport(BuildReport(host, context), *path);
+    const auto [outcome, failure] = WriteSpreadsheetReport(BuildReport(host, context), *path);
     if (outcome == ReportOutcome::WrittenWithoutPicture)
         General::ReportFailure(&host, "writing the report", "a chart's picture cannot be read; it is left out");
     if (outcome == ReportOutcome::Failed) {
         ShowTextAlert(host, host::AlertType::Error, Report::SaveTitle, Report::SaveFailed, {}, Alerts::Ok);
-        ReportUnusableFolder(host);
+        General::ReportFailure(&host, "writing the report", failure.c_str());
         return;
     }
     const std::int16_t pressed =

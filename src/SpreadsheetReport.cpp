@@ -8,7 +8,6 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
-#include <filesystem>
 #include <iterator>
 #include <map>
 #include <optional>
@@ -57,19 +56,6 @@ bool IsReadable(const ReportPicture& picture) {
     return file && file->Read(start.data(), start.size()).value_or(0) == start.size() && start == JpegStart;
 }
 
-/// The file behind a symbolic link, however many lead to it and whether or not it is there yet. Paths are UTF-8.
-std::string FollowLinks(const std::string& path) {
-    constexpr int MostLinks = 40;
-    std::filesystem::path file = std::filesystem::u8path(path);
-    std::error_code error;
-    for (int i = 0; i < MostLinks; ++i) {
-        const std::filesystem::path target = std::filesystem::read_symlink(file, error);
-        if (error) break; // no link
-        file = file.parent_path() / target;
-    }
-    return file.u8string();
-}
-
 double FindResultHeight(const lca::SheetRow& row) {
     if (row.empty()) return FillerRowHeight;
     switch (row.front().role) {
@@ -103,11 +89,11 @@ double CountLines(const lca::SheetRow& row) {
 
 class ReportWriter {
 public:
-    ReportOutcome Write(const SpreadsheetReport& report, const std::string& path) {
+    WrittenReport Write(const SpreadsheetReport& report, const std::string& path) {
         WriteResults(report);
         WriteMaterials(report);
-        if (!workbook.Save(platform::WideFromUtf8(FollowLinks(path)))) return ReportOutcome::Failed;
-        return isPictureMissing ? ReportOutcome::WrittenWithoutPicture : ReportOutcome::Written;
+        if (!workbook.Save(platform::WideFromUtf8(path))) return {ReportOutcome::Failed, workbook.Failure()};
+        return {isPictureMissing ? ReportOutcome::WrittenWithoutPicture : ReportOutcome::Written, {}};
     }
 
 private:
@@ -230,6 +216,6 @@ private:
 
 } // namespace
 
-ReportOutcome WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path) {
+WrittenReport WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path) {
     return ReportWriter().Write(report, path);
 }

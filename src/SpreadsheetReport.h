@@ -45,6 +45,11 @@ enum class ReportOutcome {
     Failed                 ///< a file that had this name before is as it was
 };
 
+struct WrittenReport {
+    ReportOutcome outcome = ReportOutcome::Failed;
+    std::string failure; ///< why it failed, in English words; names the folder for temporary files where that is it
+};
+
 /// path is UTF-8; where it is a symbolic link, the file behind it is written. A text that begins with "=" gets a blank
 /// before it, because it would be a formula.
-[[nodiscard]] ReportOutcome WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path);
+[[nodiscard]] WrittenReport WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path);
