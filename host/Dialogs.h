@@ -165,7 +165,6 @@ class ListRows {
 public:
     virtual ~ListRows() = default;
 
-    virtual std::int32_t Count(DialogId dialog, std::int16_t item) = 0;
     /// Inserts in front of `row`, or at the end for 0; answers the new row.
     virtual std::int32_t Insert(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
     /// A line across the list, which counts as a row and cannot be selected; placed as Insert does.
@@ -209,6 +208,7 @@ public:
 
 enum class AlertType { Information, Warning, Error };
 
+/// In the order in which the host takes the texts.
 struct Alert {
     AlertType type = AlertType::Information;
     std::string title;

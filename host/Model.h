@@ -44,16 +44,16 @@ struct Database {
     std::string name;
 };
 
-/// Element list filter: in the 3D model, taken from the floor plan whatever database is current.
-inline constexpr std::uint32_t ElementsIn3DFromFloorPlan = 0x10000008U;
+/// Which elements a list names: all of the current database, or those of the floor plan that stand in the 3D model,
+/// whatever database is current.
+enum class ElementScope { CurrentDatabase, FloorPlanIn3D };
 
 class Model {
 public:
     virtual ~Model() = default;
 
-    /// Identifiers in the model's order. filter is a mask of the host's element filter bits; without a filter the
-    /// current database's elements are listed.
-    virtual ErrorCode ListElements(ElementType type, std::uint32_t filter, std::vector<Guid>& elements) = 0;
+    /// Identifiers in the model's order.
+    virtual ErrorCode ListElements(ElementType type, ElementScope scope, std::vector<Guid>& elements) = 0;
     /// BadId when there is no such element.
     virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
     /// Components in the element's order; replaces what the list held. BadId when there is no such element.

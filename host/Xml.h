@@ -1,4 +1,4 @@
-// Role: reading XML documents.
+// Role: reading XML documents. ArchiCAD is not known to have a function for this: its adapter brings a reader along.
 #pragma once
 
 #include "host/Values.h"

@@ -143,7 +143,7 @@ host::ErrorCode RunGWPCalculation(host::Host& host, lca::LCAProjectData& record,
     database.Change({host::DatabaseType::FloorPlan, {}, {}});
     std::vector<host::Guid> elements;
     if (const host::ErrorCode error =
-            host.GetModel().ListElements(host::ElementType::All, host::ElementsIn3DFromFloorPlan, elements))
+            host.GetModel().ListElements(host::ElementType::All, host::ElementScope::FloorPlanIn3D, elements))
         return error;
     Progress progress(host, elements.size());
     Run run(host, record, definitions, table, sums);

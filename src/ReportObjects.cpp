@@ -58,7 +58,9 @@ bool IsKeptUpToDate(ObjectParameters& parameters) {
 /// The objects of the current database.
 host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, const ParameterFiller& fill) {
     std::vector<host::Guid> objects;
-    if (const host::ErrorCode error = host.GetModel().ListElements(host::ElementType::Object, 0, objects)) return error;
+    if (const host::ErrorCode error =
+            host.GetModel().ListElements(host::ElementType::Object, host::ElementScope::CurrentDatabase, objects))
+        return error;
     for (const host::Guid& object : objects) {
         host::ObjectElement element;
         ObjectParameters parameters;

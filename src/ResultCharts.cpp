@@ -24,7 +24,7 @@ host::Colour GetColour(const lca::LCAProjectData& record, lca::ElementCategory c
 }
 
 void DrawLabel(host::NativeContext& context, const lca::ChartLabel& label) {
-    context.DrawText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
+    context.DrawBoxedText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
 }
 
 } // namespace

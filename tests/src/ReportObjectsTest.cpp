@@ -42,7 +42,7 @@ public:
 
 class Model : public test::NullModel {
 public:
-    host::ErrorCode ListElements(host::ElementType type, std::uint32_t, std::vector<host::Guid>& list) override {
+    host::ErrorCode ListElements(host::ElementType type, host::ElementScope, std::vector<host::Guid>& list) override {
         if (type == host::ElementType::Object) list = {MakeGuid(1), MakeGuid(2), MakeGuid(3), MakeGuid(4)};
         return 0;
     }

@@ -42,7 +42,7 @@ public:
 
 class NullModel : public host::Model {
 public:
-    host::ErrorCode ListElements(host::ElementType, std::uint32_t, std::vector<host::Guid>&) override { return 0; }
+    host::ErrorCode ListElements(host::ElementType, host::ElementScope, std::vector<host::Guid>&) override { return 0; }
     host::ErrorCode ReadElementHeader(const host::Guid&, host::ElementHeader&) override { return 0; }
     host::ErrorCode ReadElementComponents(const host::Guid&, std::vector<host::MaterialComponent>&) override {
         return 0;
@@ -204,7 +204,6 @@ public:
 
 class NullListRows : public host::ListRows {
 public:
-    std::int32_t Count(host::DialogId, std::int16_t) override { return 0; }
     std::int32_t Insert(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
     std::int32_t InsertSeparator(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
     void Delete(host::DialogId, std::int16_t, std::int32_t) override {}

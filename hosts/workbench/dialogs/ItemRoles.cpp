@@ -157,11 +157,6 @@ std::int16_t ListLayoutRole::ReadBoundEditor(host::DialogId dialog, std::int16_t
     return state == nullptr ? std::int16_t{0} : state->editor;
 }
 
-std::int32_t ListRowsRole::Count(host::DialogId dialog, std::int16_t item) {
-    const ItemState* state = dialogs.FindItem(dialog, item);
-    return state == nullptr ? 0 : static_cast<std::int32_t>(state->list.rows.size());
-}
-
 std::int32_t ListRowsRole::Insert(host::DialogId dialog, std::int16_t item, std::int32_t row) {
     ItemState* state = dialogs.FindItem(dialog, item);
     if (state == nullptr) return 0;

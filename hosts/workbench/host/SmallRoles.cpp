@@ -56,11 +56,11 @@ std::string ResourcesRole::ToLowerCase(const std::string& text) {
     return FoldCase(text);
 }
 
-host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t filter,
+host::ErrorCode ModelRole::ListElements(host::ElementType type, host::ElementScope scope,
                                         std::vector<host::Guid>& elements) {
     if (project == nullptr) return host::Errors::NoProject;
     elements.clear();
-    const bool isOf3D = (filter & host::ElementsIn3DFromFloorPlan) == host::ElementsIn3DFromFloorPlan;
+    const bool isOf3D = scope == host::ElementScope::FloorPlanIn3D;
     if (isOf3D || databases.GetCurrent().type == host::DatabaseType::FloorPlan) {
         if (type == host::ElementType::All) elements.reserve(project->model.GetElements().size());
         for (const Element& element : project->model.GetElements())
