@@ -67,9 +67,14 @@ std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t titl
                       resources.ReadString(ResourceIds::Report::List, message),
                       {},
                       {}};
-    for (const std::int16_t button : buttons)
-        if (button != NoButton) alert.buttons.push_back(resources.ReadString(ResourceIds::Report::List, button));
-    return host.GetAlerts().Show(alert);
+    std::vector<std::int16_t> places = {0}; // of the buttons that the alert has, among those asked for
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (buttons[i] == NoButton) continue;
+        alert.buttons.push_back(resources.ReadString(ResourceIds::Report::List, buttons[i]));
+        places.push_back(static_cast<std::int16_t>(i + 1));
+    }
+    const auto pressed = static_cast<std::size_t>(host.GetAlerts().Show(alert));
+    return pressed < places.size() ? places[pressed] : std::int16_t{0};
 }
 
 } // namespace General

@@ -27,7 +27,8 @@ void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog);
 /// Stands for a button that the alert does not have.
 inline constexpr std::int16_t NoButton = -1;
 
-/// Shows an alert whose texts are entries of string list 32557; answers the number of the pressed button.
+/// Shows an alert whose texts are entries of string list 32557; answers the pressed button's place among `buttons`,
+/// counted from 1.
 std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,
                        const std::array<std::int16_t, 3>& buttons);
 

@@ -2,6 +2,7 @@
 
 #include "src/AddOnContext.h"
 #include "src/EnergyExchange.h"
+#include "src/Entry.h"
 #include "src/LCAProjectDataStore.h"
 #include "src/LCASchema.h"
 #include "src/SystemStart.h"
@@ -17,15 +18,14 @@ namespace {
 
 constexpr host::ErrorCode ContextMissing = 1;
 
-host::Host* currentHost = nullptr;
 /// Cleared by the first registration, so that there is one a run of the host.
 bool isEnergyRegistrationPending = true;
 
 /// Keeps the module loaded and runs the body, which answers an error code, when there is something to act on.
 template <typename Body>
 host::ErrorCode DispatchCommand(const char* callback, Body&& body) {
-    return General::RunGuarded(currentHost, callback, [&] {
-        if (currentHost != nullptr) currentHost->GetRegistration().KeepInMemory(true);
+    return General::RunGuarded(Entry::GetHost(), callback, [&] {
+        if (Entry::GetHost() != nullptr) Entry::GetHost()->GetRegistration().KeepInMemory(true);
         AddOnContext* context = GetContext().get();
         return context == nullptr ? ContextMissing : body(*context);
     });
@@ -48,19 +48,20 @@ void TogglePalette(AddOnContext& context) {
 }
 
 void OpenInformation() {
-    const std::wstring address = platform::WideFromUtf8(ReadText(*currentHost, ResourceIds::Web::InformationAddress));
+    const std::wstring address =
+        platform::WideFromUtf8(ReadText(*Entry::GetHost(), ResourceIds::Web::InformationAddress));
     const std::optional<std::string> narrow = platform::NarrowFromWide(address);
     if (!narrow || !OpenWithSystemStart(*narrow))
-        General::ReportFailure(currentHost, "opening the web page", "the system has no program for it");
+        General::ReportFailure(Entry::GetHost(), "opening the web page", "the system has no program for it");
 }
 
 /// The record always starts from the model's values, which need the definitions that carry them.
 void TakeProject(AddOnContext& context, host::ProjectEvent event) {
-    EnsureSchema(*currentHost);
+    EnsureSchema(*Entry::GetHost());
     if (event == host::ProjectEvent::NewAndReset)
         context.projectData.Reset();
     else
-        LoadProjectData(*currentHost, context.projectData);
+        LoadProjectData(*Entry::GetHost(), context.projectData);
 }
 
 } // namespace
@@ -68,10 +69,6 @@ void TakeProject(AddOnContext& context, host::ProjectEvent event) {
 std::unique_ptr<AddOnContext>& GetContext() {
     static std::unique_ptr<AddOnContext> context;
     return context;
-}
-
-void SetHost(host::Host* host) {
-    currentHost = host;
 }
 
 host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
@@ -82,10 +79,10 @@ host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
             TogglePalette(context);
             break;
         case ResourceIds::Menus::BuildingMaterials:
-            RunBuildingMaterialsSettings(*currentHost, context);
+            RunBuildingMaterialsSettings(*Entry::GetHost(), context);
             break;
         case ResourceIds::Menus::ProjectSettings:
-            RunProjectSettings(*currentHost, context);
+            RunProjectSettings(*Entry::GetHost(), context);
             break;
         case ResourceIds::Menus::Information:
             OpenInformation();
@@ -112,15 +109,21 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
             if (context.mainPalette.IsOpen()) context.mainPalette.OnActiveWindowChanged();
             break;
         case host::ProjectEvent::Quit:
-            UnregisterExportTarget(*currentHost);
+            UnregisterExportTarget(*Entry::GetHost());
             break;
         case host::ProjectEvent::AllInputFinished:
             // Where there is no energy evaluation nothing is said: most users have none.
-            if (std::exchange(isEnergyRegistrationPending, false)) RegisterExportTarget(*currentHost);
+            if (std::exchange(isEnergyRegistrationPending, false)) RegisterExportTarget(*Entry::GetHost());
             break;
         default:
             break;
         }
+    });
+}
+
+host::ErrorCode HandlePaletteRequest(const host::Guid& palette) {
+    return Dispatch("palette request", [&](AddOnContext& context) {
+        if (palette == context.mainPalette.GetGuid()) context.mainPalette.Open();
     });
 }
 
@@ -137,7 +140,7 @@ host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
 }
 
 host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool) {
-    return General::RunGuarded(currentHost, "export settings", [&] {
+    return General::RunGuarded(Entry::GetHost(), "export settings", [&] {
         return AnswerExportSettings(static_cast<host::EnergyExchange::SettingsBlock*>(parameters.block));
     });
 }
@@ -145,6 +148,6 @@ host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, 
 host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool) {
     return DispatchCommand("exported data", [&](AddOnContext& context) {
         const auto* block = static_cast<const host::EnergyExchange::DataBlock*>(parameters.block);
-        return TakeExportedData(*currentHost, context, block);
+        return TakeExportedData(*Entry::GetHost(), context, block);
     });
 }

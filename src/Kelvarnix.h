@@ -11,12 +11,11 @@ class AddOnContext;
 
 /// The module-wide object; empty before initialisation and after freeing.
 std::unique_ptr<AddOnContext>& GetContext();
-/// The host through which the handlers keep the module loaded; it outlives the module.
-void SetHost(host::Host* host);
-
 /// 1 without action while the module-wide object is missing, else 0.
 host::ErrorCode HandleMenuCommand(const host::MenuCommand& command);
 host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t parameter);
+/// Opens the palette. 1 while the module-wide object is missing, else 0.
+host::ErrorCode HandlePaletteRequest(const host::Guid& palette);
 /// Always 0.
 host::ErrorCode HandleReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
 

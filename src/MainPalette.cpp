@@ -123,8 +123,7 @@ void MainPalette::Initialise() {
 }
 
 void MainPalette::RegisterAnchors() {
-    GetHost().GetDialogs().SetMinimumSize(GetDialog(), {PaletteMinimumWidth, PaletteMinimumHeight});
-    anchoring.RegisterAll(GetDialog(), Anchors);
+    anchoring.RegisterAll(GetDialog(), Anchors, {PaletteMinimumWidth, PaletteMinimumHeight});
 }
 
 void MainPalette::Resize() {

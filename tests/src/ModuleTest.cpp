@@ -137,6 +137,32 @@ public:
     host::GetExportedFunctions getExported = nullptr;
 };
 
+class ThrowingResources : public test::NullResources {
+    host::ModuleId ReadModuleId(std::int16_t) override { throw std::bad_alloc(); }
+};
+
+TEST(Module, TablesOfAnotherStateAreRefused) {
+    Life life;
+    ASSERT_TRUE(life.IsLoaded());
+    EXPECT_EQ(life.setImported(nullptr), host::Errors::BadParameters);
+    host::ImportedFunctions imported;
+    EXPECT_EQ(life.setImported(&imported), host::Errors::BadParameters); // no host
+    imported.host = &life.host;
+    imported.version = host::InterfaceVersion + 1;
+    EXPECT_EQ(life.setImported(&imported), host::Errors::BadParameters);
+    imported.version = host::InterfaceVersion;
+    ASSERT_EQ(life.setImported(&imported), host::NoError);
+    EXPECT_EQ(life.getExported(nullptr), host::Errors::BadParameters);
+    host::ExportedFunctions exported;
+    exported.size += 8;
+    EXPECT_EQ(life.getExported(&exported), host::Errors::BadParameters);
+    EXPECT_EQ(exported.initialise, nullptr);
+    ThrowingResources resources;
+    life.host.resources = &resources;
+    exported = {};
+    EXPECT_EQ(life.getExported(&exported), host::Errors::OutOfMemory);
+}
+
 TEST(Module, LivesItsWholeLifeAgainAndAgain) {
     std::mt19937 random(20260726);   // the same orders in every run
     constexpr int Installations = 9; // of five menus, reservations, events and two commands

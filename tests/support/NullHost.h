@@ -151,9 +151,11 @@ public:
 
 class NullDialogs : public host::Dialogs {
 public:
-    host::DialogId OpenPalette(std::int16_t, const host::Guid&, host::DialogHandler&) override { return {}; }
+    host::ErrorCode RegisterPalette(std::int16_t, const host::Guid&, host::PaletteRequestHandler) override { return 0; }
+    host::ErrorCode UnregisterPalette(const host::Guid&) override { return 0; }
+    host::DialogId OpenPalette(const host::Guid&, host::DialogHandler&) override { return {}; }
     std::int16_t RunModal(std::int16_t, const host::Guid&, host::DialogHandler&) override { return 0; }
-    void ClosePalette(host::DialogId) override {}
+    void Close(host::DialogId) override {}
     host::Size ReadSize(host::DialogId) override { return {}; }
     void SetMinimumSize(host::DialogId, host::Size) override {}
     void BeginMoveGrow(host::DialogId) override {}

@@ -44,14 +44,7 @@ void DialogItemsRole::Redraw(host::DialogId dialog, std::int16_t item) {
     ItemState* state = dialogs.FindItem(dialog, item);
     if (state == nullptr) return;
     ++state->redraws;
-    if (state->kind != Resources::ItemKind::UserItem || !state->isDrawing || !state->isVisible) return;
-    RecordedContext context;
-    host::DialogMessageData data;
-    data.area = {0, 0, state->rectangle.width, state->rectangle.height};
-    data.background = state->background;
-    data.context = &context;
-    dialogs.Find(dialog)->handler->HandleDialogMessage(host::DialogMessage::UserItemUpdate, dialog, item, data);
-    if (ItemState* drawn = dialogs.FindItem(dialog, item)) drawn->drawing = std::move(context.calls);
+    if (state->kind == Resources::ItemKind::UserItem && state->isDrawing) dialogs.Paint(dialog, item);
 }
 
 void DialogItemsRole::EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) {

@@ -29,6 +29,7 @@ public:
         phase = now;
         starting = addOn;
     }
+    Phase GetPhase() const { return phase; }
     /// Forgets everything of an add-on that is being unloaded.
     void Remove(const host::ModuleId& addOn);
 

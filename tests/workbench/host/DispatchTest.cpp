@@ -39,6 +39,48 @@ TEST_F(DispatchTest, SwitchingWindowsTellsThePalette) {
     EXPECT_EQ(host.databases.frontWindow.type, DatabaseType::FloorPlan);
 }
 
+/// What the host does with a palette by itself changes nothing of what the add-on has set.
+TEST_F(DispatchTest, TheHostHidesAndDisablesThePaletteByItself) {
+    const host::Guid guid = host::ParseGuid("{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}");
+    EXPECT_EQ(host.dialogManager.RequestPalette(guid), host::NoError); // was open when the host was left
+    ASSERT_NE(Palette(), nullptr);
+    EXPECT_EQ(MenuText(), "Hide Palette");
+    const host::DialogId palette = Palette()->id;
+    const auto update = [&] { return host.dialogManager.Press(palette, PaletteItems::UpdateButton); };
+    host.dialogManager.ShowPalettes(false);
+    EXPECT_FALSE(update());
+    PaletteItem(PaletteItems::PieChart).drawing.clear();
+    InDialog(Menus::ProjectSettings, [&] { Press(ProjectSettingsItems::OkButton); });
+    EXPECT_TRUE(PaletteItem(PaletteItems::PieChart).drawing.empty()); // nobody could see it
+    host.dialogManager.ShowPalettes(true);
+    EXPECT_FALSE(PaletteItem(PaletteItems::PieChart).drawing.empty());
+    EXPECT_TRUE(update());
+
+    bool isPicking = false;
+    host.userInput.pointAnswer = [&](const std::string&) {
+        isPicking = true;
+        EXPECT_FALSE(update());
+        return std::optional<host::Point>();
+    };
+    EXPECT_TRUE(host.dialogManager.Press(palette, PaletteItems::PlaceButton));
+    EXPECT_TRUE(isPicking);
+    EXPECT_TRUE(update());
+    EXPECT_FALSE(host.dialogManager.Press(palette, PaletteItems::HiddenIcon)); // the add-on's own hiding stays
+}
+
+TEST_F(DispatchTest, NothingOfTheAddOnIsLeftOpen) {
+    TogglePalette();
+    EXPECT_EQ(host.dialogManager.CountPalettes(), 1U);
+    module.Unload();
+    EXPECT_TRUE(host.openDialogs.List().empty());
+    EXPECT_EQ(host.dialogManager.CountPalettes(), 0U);
+    EXPECT_TRUE(report.empty());
+    ASSERT_EQ(module.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx"), "");
+    ASSERT_EQ(module.Start(), "");
+    TogglePalette();
+    EXPECT_NE(Palette(), nullptr);
+}
+
 TEST_F(DispatchTest, InfoOpensTheProductsAddress) {
     const support::FakeOpener opener;
     EXPECT_EQ(host.registration.ChooseMenu(Menus::Information, 2), host::NoError); // no command
