@@ -5,6 +5,8 @@
 #include "src/LCAProjectDataStore.h"
 
 #include "General/ObjectStateProcessor.h"
+#include "host/AddOnCommands.h"
+#include "host/EnergyExchange.h"
 #include "src/Texts.h"
 
 namespace {
@@ -30,7 +32,7 @@ public:
     /// Answers the first failure of the list, else the call's.
     host::ErrorCode Call(std::uint32_t command) {
         if (error != host::NoError) return error;
-        return commands.Call(Exchange::EnergyEvaluation, command, Exchange::CommandVersion, {list, nullptr}, true);
+        return commands.Call(Exchange::EnergyEvaluation, command, Exchange::CommandVersion, list, true);
     }
     host::ErrorCode Read(const char* name, host::CommandParameter& parameter) {
         return commands.ReadParameter(list, name, parameter);
@@ -120,7 +122,7 @@ host::ErrorCode RegisterExportTarget(host::Host& host) {
     }
     const host::ModuleId ownId = host.GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
     ParameterList list(host.GetAddOnCommands());
-    list.Add(Exchange::TargetParameter, static_cast<const void*>(&ownId));
+    list.Add(Exchange::TargetParameter, ownId);
     list.Add(Exchange::MenuTextParameter, ReadText(host, ResourceIds::EnergyExport::MenuText));
     list.Add(Exchange::ExportTypeParameter, Exchange::PlainExport);
     return list.Call(Exchange::RegisterTarget);
@@ -129,22 +131,17 @@ host::ErrorCode RegisterExportTarget(host::Host& host) {
 host::ErrorCode UnregisterExportTarget(host::Host& host) {
     const host::ModuleId ownId = host.GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
     ParameterList list(host.GetAddOnCommands());
-    list.Add(Exchange::TargetParameter, static_cast<const void*>(&ownId));
+    list.Add(Exchange::TargetParameter, ownId);
     return list.Call(Exchange::UnregisterTarget);
 }
 
-host::ErrorCode AnswerExportSettings(const Exchange::SettingsBlock* block) {
-    if (block == nullptr) return host::Errors::BadParameters;
-    if (block->settings == nullptr) return Exchange::SettingsMissing;
-    host::ObjectState& settings = *block->settings;
+void AnswerExportSettings(host::ObjectState& settings) {
     settings = settings.IsEmpty() ? BuildExportSettings() : AdaptExportSettings(settings);
-    return host::NoError;
 }
 
-host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const Exchange::DataBlock* block) {
-    if (block == nullptr || block->document == nullptr) return host::Errors::BadParameters;
+host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const std::string& document) {
     std::unique_ptr<host::DOMReader> reader;
-    const host::ErrorCode error = host.GetXmlReading().ReadDocument(*block->document, Exchange::RootElement, reader);
+    const host::ErrorCode error = host.GetXmlReading().ReadDocument(document, Exchange::RootElement, reader);
     if (error != host::NoError) return error;
     const EnergyData data = ReadEnergyData(*reader);
     reader.reset(); // a large document's memory, before the calculation needs its own

@@ -58,8 +58,10 @@ host::ErrorCode InstallHandlers() {
                                  context->mainPalette.RegisterPalette(HandlePaletteRequest));
     registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets());
     host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);
-    result |= registration.InstallCommandHandler(Exchange::AskSettings, Exchange::CommandVersion, HandleExportSettings);
-    result |= registration.InstallCommandHandler(Exchange::SendData, Exchange::CommandVersion, HandleExportData);
+    result |= registration.InstallSettingsCommandHandler(Exchange::AskSettings, Exchange::CommandVersion,
+                                                         HandleExportSettings);
+    result |=
+        registration.InstallDocumentCommandHandler(Exchange::SendData, Exchange::CommandVersion, HandleExportData);
     return result;
 }
 

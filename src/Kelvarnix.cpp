@@ -139,15 +139,14 @@ host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
     return host::NoError;
 }
 
-host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool) {
+host::ErrorCode HandleExportSettings(host::ObjectState& settings, bool) {
     return General::RunGuarded(Entry::GetHost(), "export settings", [&] {
-        return AnswerExportSettings(static_cast<host::EnergyExchange::SettingsBlock*>(parameters.block));
+        AnswerExportSettings(settings);
+        return host::NoError;
     });
 }
 
-host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool) {
-    return DispatchCommand("exported data", [&](AddOnContext& context) {
-        const auto* block = static_cast<const host::EnergyExchange::DataBlock*>(parameters.block);
-        return TakeExportedData(*Entry::GetHost(), context, block);
-    });
+host::ErrorCode HandleExportData(const std::string& document, bool) {
+    return DispatchCommand(
+        "exported data", [&](AddOnContext& context) { return TakeExportedData(*Entry::GetHost(), context, document); });
 }

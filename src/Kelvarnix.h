@@ -19,7 +19,7 @@ host::ErrorCode HandlePaletteRequest(const host::Guid& palette);
 /// Always 0.
 host::ErrorCode HandleReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
 
-/// The energy evaluation asks which data it should send; its block is a host::EnergyExchange::SettingsBlock.
-host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool silent);
-/// It sends them; its block is a host::EnergyExchange::DataBlock. 1 while the module-wide object is missing.
-host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool silent);
+/// The energy evaluation asks which data it should send.
+host::ErrorCode HandleExportSettings(host::ObjectState& settings, bool silent);
+/// It sends them. 1 while the module-wide object is missing.
+host::ErrorCode HandleExportData(const std::string& document, bool silent);

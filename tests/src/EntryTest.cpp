@@ -31,10 +31,15 @@ public:
         menuHandler = handler;
         return Note("handler " + std::to_string(menu));
     }
-    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version,
-                                          host::CommandHandler handler) override {
-        commandHandlers[Letters(code)] = handler;
-        return Note("command handler " + Letters(code) + " " + std::to_string(version));
+    host::ErrorCode InstallSettingsCommandHandler(std::uint32_t code, std::int32_t version,
+                                                  host::SettingsCommandHandler handler) override {
+        settingsHandler = handler;
+        return Note("settings handler " + Letters(code) + " " + std::to_string(version));
+    }
+    host::ErrorCode InstallDocumentCommandHandler(std::uint32_t code, std::int32_t version,
+                                                  host::DocumentCommandHandler handler) override {
+        documentHandler = handler;
+        return Note("document handler " + Letters(code) + " " + std::to_string(version));
     }
     host::ErrorCode InstallProjectEventHandler(std::uint32_t events, host::ProjectEventHandler handler) override {
         eventHandler = handler;
@@ -53,7 +58,8 @@ public:
     host::MenuHandler menuHandler = nullptr;
     host::ProjectEventHandler eventHandler = nullptr;
     host::ReservationChangeHandler reservationHandler = nullptr;
-    std::map<std::string, host::CommandHandler> commandHandlers;
+    host::SettingsCommandHandler settingsHandler = nullptr;
+    host::DocumentCommandHandler documentHandler = nullptr;
 
 private:
     static std::string Letters(std::uint32_t code) {
@@ -201,7 +207,7 @@ TEST_F(EntryTest, InitialisationInstallsAfterTheContextExists) {
     EXPECT_EQ(Entry::Initialise(), host::NoError);
     EXPECT_EQ(registration.calls,
               (Calls{"keep", "handler 32500", "handler 32504", "handler 32501", "handler 32502", "handler 32503",
-                     "reservations 2", "all events", "command handler GRSC 1", "command handler SRDT 1"}));
+                     "reservations 2", "all events", "settings handler GRSC 1", "document handler SRDT 1"}));
     EXPECT_NE(GetContext(), nullptr);
 }
 
@@ -209,8 +215,8 @@ TEST_F(EntryTest, InitialisationAnswersThreeInstallationsOnly) {
     registration.failures = {{"handler 32500", 0x40},
                              {"reservations 2", 0x20},
                              {"all events", 1},
-                             {"command handler GRSC 1", 2},
-                             {"command handler SRDT 1", 4}};
+                             {"settings handler GRSC 1", 2},
+                             {"document handler SRDT 1", 4}};
     EXPECT_EQ(Entry::Initialise(), 7);
 }
 
@@ -221,14 +227,11 @@ TEST_F(EntryTest, HandlersWithoutContextAnswerOne) {
     registration.calls.clear();
     EXPECT_EQ(registration.menuHandler({32500, 1}), 1);
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 1);
-    const std::string document;
-    host::EnergyExchange::DataBlock data{&document};
-    EXPECT_EQ(registration.commandHandlers["SRDT"]({{}, &data}, true), 1);
+    EXPECT_EQ(registration.documentHandler("<root/>", true), 1);
     EXPECT_EQ(registration.calls, (Calls{"keep", "keep", "keep"})); // asked for at each callback
     EXPECT_EQ(registration.reservationHandler({}, 0), 0);
     host::ObjectState settings; // what the add-on wants to be sent does not depend on the object
-    host::EnergyExchange::SettingsBlock block{&settings};
-    EXPECT_EQ(registration.commandHandlers["GRSC"]({{}, &block}, true), 0);
+    EXPECT_EQ(registration.settingsHandler(settings, true), 0);
     EXPECT_FALSE(settings.IsEmpty());
     EXPECT_EQ(Entry::FreeData(), host::NoError); // twice does no harm
 }
@@ -354,9 +357,7 @@ TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
     host::Environment environment;
     environment.applicationCode = host::ArchiCADApplicationCode;
     host::ObjectState settings;
-    host::EnergyExchange::SettingsBlock settingsBlock{&settings};
     const std::string document = "<root/>";
-    host::EnergyExchange::DataBlock dataBlock{&document};
     const auto raise = [&](host::ProjectEvent event) { return registration.eventHandler(event, 0); };
     const struct {
         const char* name;
@@ -392,16 +393,8 @@ TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
         {"start", [&] { return raise(host::ProjectEvent::AllInputFinished); }, 0},
         {"quit", [&] { return raise(host::ProjectEvent::Quit); }, 0},
         {"reservation", [&] { return registration.reservationHandler({}, 1); }, 0},
-        {"GRSC",
-         [&] {
-             return registration.commandHandlers["GRSC"]({{}, &settingsBlock}, true);
-         },
-         0},
-        {"SRDT",
-         [&] {
-             return registration.commandHandlers["SRDT"]({{}, &dataBlock}, true);
-         },
-         0},
+        {"GRSC", [&] { return registration.settingsHandler(settings, true); }, 0},
+        {"SRDT", [&] { return registration.documentHandler(document, true); }, 0},
     };
     constexpr long MostAllocations = 10000;
     for (const auto& callback : callbacks) {

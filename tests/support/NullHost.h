@@ -22,7 +22,12 @@ public:
     host::ErrorCode RegisterMenu(std::int16_t, std::int16_t) override { return 0; }
     host::ErrorCode RegisterSupportedCommand(std::uint32_t, std::int32_t) override { return 0; }
     host::ErrorCode InstallMenuHandler(std::int16_t, host::MenuHandler) override { return 0; }
-    host::ErrorCode InstallCommandHandler(std::uint32_t, std::int32_t, host::CommandHandler) override { return 0; }
+    host::ErrorCode InstallSettingsCommandHandler(std::uint32_t, std::int32_t, host::SettingsCommandHandler) override {
+        return 0;
+    }
+    host::ErrorCode InstallDocumentCommandHandler(std::uint32_t, std::int32_t, host::DocumentCommandHandler) override {
+        return 0;
+    }
     host::ErrorCode InstallProjectEventHandler(std::uint32_t, host::ProjectEventHandler) override { return 0; }
     host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler,
                                                     const std::set<host::Guid>&) override {
@@ -271,8 +276,7 @@ public:
     }
     host::ErrorCode ChangeParameter(host::ParameterListId, const host::CommandParameter&) override { return 0; }
     host::ErrorCode FreeParameterList(host::ParameterListId) override { return 0; }
-    host::ErrorCode Call(const host::ModuleId&, std::uint32_t, std::int32_t, const host::CommandParameters&,
-                         bool) override {
+    host::ErrorCode Call(const host::ModuleId&, std::uint32_t, std::int32_t, host::ParameterListId, bool) override {
         return 0;
     }
 };

@@ -109,7 +109,8 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     set.bytes[0] = 1;
     workbench::WorkbenchHost host;
     workbench::RegistrationRole& registration = host.registration;
-    const auto command = [](const host::CommandParameters&, bool) { return host::ErrorCode{5}; };
+    const auto command = [](const workbench::CommandData&, bool) { return host::ErrorCode{5}; };
+    const auto settings = [](host::ObjectState&, bool) { return host::NoError; };
     const auto call = [&](const host::ModuleId& addOn, const char(&code)[5], std::int32_t version) {
         return host.addOnCommands.Call(addOn, host::CommandCode(code), version, {}, true);
     };
@@ -120,12 +121,17 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 2), host::Errors::BadId);
     registration.SetPhase(Phase::Registering, B);
     EXPECT_EQ(registration.RegisterMenu(100, 200), host::Errors::BadId); // lists are the host's, not an add-on's
+    for (const std::uint32_t code : {host::CommandCode("SET1"), host::CommandCode("SET2")})
+        EXPECT_EQ(registration.RegisterSupportedCommand(code, 1), host::NoError);
     EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 3), host::NoError);
     registration.SetPhase(Phase::Initialising, B);
     EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return 0; }), host::Errors::BadId);
     EXPECT_EQ(registration.InstallProjectEventHandler(host::AllProjectEvents, TellEvent<'B'>), host::NoError);
     EXPECT_EQ(registration.InstallReservationChangeHandler(TellReservation<'B'>, {set}), host::NoError);
-    EXPECT_EQ(registration.InstallCommandHandler(host::CommandCode("COMM"), 3, command), host::NoError);
+    EXPECT_EQ(registration.InstallPartnerHandler(host::CommandCode("COMM"), 3, command), host::NoError);
+    EXPECT_EQ(registration.InstallSettingsCommandHandler(host::CommandCode("SET1"), 1, settings), host::NoError);
+    EXPECT_EQ(registration.InstallSettingsCommandHandler(host::CommandCode("SET2"), 1, settings), host::Errors::BadId)
+        << "the host would not know which of the two it answers";
     registration.SetPhase(Phase::Initialising, A);
     EXPECT_EQ(registration.InstallProjectEventHandler(1, TellEvent<'B'>), host::NoError);
     EXPECT_EQ(registration.InstallProjectEventHandler(0x40, TellEvent<'A'>), host::NoError); // in the place of it
