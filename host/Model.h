@@ -21,6 +21,7 @@ struct MaterialComponent {
     double areaM2 = 0.0;
 };
 
+/// The window's background in the place of a pen.
 inline constexpr std::int16_t NoPen = -1;
 
 /// Eight rows of eight pixels from the top; the highest bit is the leftmost pixel, a set bit the foreground.
@@ -33,7 +34,7 @@ struct BuildingMaterial {
     double densityKgM3 = 0.0;
     AttributeIndex cutFill;
     std::int16_t cutFillPen = 0;
-    std::int16_t cutFillBackgroundPen = 0; ///< NoPen is a transparent background
+    std::int16_t cutFillBackgroundPen = 0; ///< 0 is transparent; NoPen shows what lies behind as well
     AttributeIndex cutSurface;
 };
 

@@ -35,19 +35,13 @@ std::size_t SetRows(host::ObjectParameter& parameter, std::size_t valueCount) {
     return static_cast<std::size_t>(parameter.rows) * static_cast<std::size_t>(parameter.columns);
 }
 
-struct NewObject {
-    host::ObjectElement element;
-    ObjectParameters parameters;
-};
-
-host::ErrorCode ReadNewObject(host::Host& host, host::LibraryPartIndex part, const std::string& favouriteName,
-                              NewObject& object) {
-    host::Favourite favourite;
-    if (!favouriteName.empty() && host.GetLibraries().ReadFavourite(favouriteName, favourite) == host::NoError) {
-        object = {favourite.element, favourite.parameters};
+/// A favourite that the host does not have gives way to the part's defaults.
+host::ErrorCode ReadNewObject(host::Host& host, host::ObjectSource& source, ObjectParameters& parameters) {
+    host::Libraries& libraries = host.GetLibraries();
+    if (!source.favourite.empty() && libraries.ReadParameters(source, parameters) == host::NoError)
         return host::NoError;
-    }
-    return host.GetLibraries().ReadDefaults(part, object.element, object.parameters);
+    source.favourite.clear();
+    return libraries.ReadParameters(source, parameters);
 }
 
 bool IsKeptUpToDate(ObjectParameters& parameters) {
@@ -62,9 +56,10 @@ host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, con
             host.GetModel().ListElements(host::ElementType::Object, host::ElementScope::CurrentDatabase, objects))
         return error;
     for (const host::Guid& object : objects) {
-        host::ObjectElement element;
+        host::LibraryPartIndex objectPart;
         ObjectParameters parameters;
-        if (host.GetPlacedObjects().Read(object, element) != host::NoError || !(element.libraryPart == part)) continue;
+        if (host.GetPlacedObjects().ReadLibraryPart(object, objectPart) != host::NoError || !(objectPart == part))
+            continue;
         if (host.GetPlacedObjects().ReadParameters(object, parameters) != host::NoError) continue;
         if (!IsKeptUpToDate(parameters)) continue;
         fill(parameters);
@@ -108,22 +103,21 @@ void SetText(ObjectParameters& parameters, const std::string& name, const std::s
 
 void PlaceReportObject(host::Host& host, const ReportObjectKind& kind, const std::string& favourite,
                        const ParameterFiller& fill) {
-    host::LibraryPartIndex part;
-    if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) {
+    host::ObjectSource source{{}, favourite};
+    if (host.GetLibraries().FindObject(kind.identifier, source.libraryPart) != host::NoError) {
         ShowTextAlert(host, host::AlertType::Error, Alerts::ErrorTitle, kind.missingPart,
                       ReadText(host, Alerts::SmallText), Alerts::Ok);
         return;
     }
-    NewObject object;
-    if (const host::ErrorCode error = ReadNewObject(host, part, favourite, object))
+    ObjectParameters parameters;
+    if (const host::ErrorCode error = ReadNewObject(host, source, parameters))
         return General::ReportHostError(host, "reading the report object", error);
     const std::optional<host::Point> point = host.GetUserInput().PickPoint(ReadText(host, kind.prompt));
     if (!point) return;
     const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.placeUndoName), [&] {
-        object.element.position = *point;
-        fill(object.parameters);
+        fill(parameters);
         host::Guid created;
-        return host.GetPlacedObjects().Create(object.element, object.parameters, created);
+        return host.GetPlacedObjects().Create(source, *point, parameters, created);
     });
     General::ReportHostError(host, "placing the report object", error);
 }

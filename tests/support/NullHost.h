@@ -75,20 +75,18 @@ public:
 class NullLibraries : public host::Libraries {
 public:
     host::ErrorCode FindObject(const std::string&, host::LibraryPartIndex&) override { return 0; }
-    host::ErrorCode ReadDefaults(host::LibraryPartIndex, host::ObjectElement&,
-                                 std::vector<host::ObjectParameter>&) override {
+    host::ErrorCode ListFavourites(const std::string&, std::vector<std::string>&) override { return 0; }
+    host::ErrorCode ReadParameters(const host::ObjectSource&, std::vector<host::ObjectParameter>&) override {
         return 0;
     }
-    host::ErrorCode ListFavourites(std::vector<std::string>&) override { return 0; }
-    host::ErrorCode ReadFavourite(const std::string&, host::Favourite&) override { return 0; }
 };
 
 class NullPlacedObjects : public host::PlacedObjects {
 public:
-    host::ErrorCode Read(const host::Guid&, host::ObjectElement&) override { return 0; }
+    host::ErrorCode ReadLibraryPart(const host::Guid&, host::LibraryPartIndex&) override { return 0; }
     host::ErrorCode ReadParameters(const host::Guid&, std::vector<host::ObjectParameter>&) override { return 0; }
     host::ErrorCode WriteParameters(const host::Guid&, const std::vector<host::ObjectParameter>&) override { return 0; }
-    host::ErrorCode Create(const host::ObjectElement&, const std::vector<host::ObjectParameter>&,
+    host::ErrorCode Create(const host::ObjectSource&, const host::Point&, const std::vector<host::ObjectParameter>&,
                            host::Guid&) override {
         return 0;
     }
