@@ -30,7 +30,7 @@ inline void ReportHostError(host::Host& host, const char* what, host::ErrorCode 
     if (error == host::NoError || error == host::Errors::UndoEmpty) return;
     constexpr std::size_t Longest = 48;
     char reason[Longest];
-    std::snprintf(reason, Longest, "ended with host error %ld", static_cast<long>(error));
+    std::snprintf(reason, Longest, "ended with host error %ld", static_cast<long>(error.GetValue()));
     ReportFailure(&host, what, reason);
 }
 

@@ -19,14 +19,12 @@ host::ErrorCode CDialogBase::RegisterPalette(host::PaletteRequestHandler handler
 
 void CDialogBase::Release() noexcept {
     isReleased = true;
-    RunGuarded(&host, "closing a dialog", [this] {
+    // An exception of it has its line in the host's report by then.
+    static_cast<void>(RunGuarded(&host, "closing a dialog", [this] {
         if (dialog.IsOpen()) host.GetDialogs().Close(dialog);
-        return host::NoError;
-    });
-    RunGuarded(&host, "giving back a palette", [this] {
         if (isRegistered) ReportHostError(host, "giving back a palette", host.GetDialogs().UnregisterPalette(guid));
         return host::NoError;
-    });
+    }));
     dialog = {};
     isRegistered = false;
 }

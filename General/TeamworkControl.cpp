@@ -77,9 +77,9 @@ void TeamworkControl::ButtonClicked(host::DialogId dialog) {
         const host::Guid lockableSet = teamwork.FindLockableSet(setName);
         // The host's own windows tell the user what went wrong; a refusal shows in the refreshed state.
         if (teamwork.ReadLockableStatus(lockableSet) == host::LockableStatus::HeldByMe)
-            teamwork.Release(lockableSet, host::HostDialogs::Enabled);
+            static_cast<void>(teamwork.Release(lockableSet, host::HostDialogs::Enabled));
         else
-            teamwork.Reserve(lockableSet, host::HostDialogs::Enabled);
+            static_cast<void>(teamwork.Reserve(lockableSet, host::HostDialogs::Enabled));
     }
     Refresh(dialog);
 }

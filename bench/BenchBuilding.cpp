@@ -86,7 +86,8 @@ void GiveMaterialValues(workbench::WorkbenchHost& host, double factor) {
     };
     if (code == host::NoError) code = host.commands.Call("values", write);
     if (code == host::NoError) return;
-    std::fprintf(stderr, "the materials did not take their values (host error %d)\n", static_cast<int>(code));
+    std::fprintf(stderr, "the materials did not take their values (host error %d)\n",
+                 static_cast<int>(code.GetValue()));
     std::exit(1);
 }
 

@@ -30,7 +30,7 @@ struct Bench {
             project->model.AddBuildingMaterial(material);
         }
         host.OpenProject(std::move(project), host::ProjectEvent::New);
-        EnsureSchema(host);
+        std::ignore = EnsureSchema(host);
         bench::GiveMaterialValues(host, 1.0);
     }
 

@@ -32,7 +32,7 @@ inline constexpr std::uint32_t AskSettings = CommandCode("GRSC");
 inline constexpr std::uint32_t SendData = CommandCode("SRDT");
 
 /// What the host answers in the target's place when the caller's block has no settings in it.
-inline constexpr ErrorCode SettingsMissing = -7003;
+inline constexpr ErrorCode SettingsMissing{-7003};
 
 inline constexpr char RootElement[] = "root";
 

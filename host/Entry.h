@@ -48,9 +48,10 @@ bool IsOfThisInterface(const Table* table) {
     return table != nullptr && table->version == InterfaceVersion && table->size == sizeof(Table);
 }
 
-/// The module's two exports. BadParameters for a null table or one of another version or size.
-using SetImportedFunctions = ErrorCode (*)(const ImportedFunctions* functions);
-using GetExportedFunctions = ErrorCode (*)(ExportedFunctions* functions);
+/// The module's two exports, which answer an error code as a bare number. BadParameters for a null table or one of
+/// another version or size.
+using SetImportedFunctions = std::int32_t (*)(const ImportedFunctions* functions);
+using GetExportedFunctions = std::int32_t (*)(ExportedFunctions* functions);
 inline constexpr char SetImportedFunctionsName[] = "SetImportedFuncAddrs";
 inline constexpr char GetExportedFunctionsName[] = "GetExportedFuncAddrs";
 

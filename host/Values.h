@@ -9,15 +9,33 @@
 
 namespace host {
 
-/// 0 is success; every other value is the host's and is passed on unchanged.
-using ErrorCode = std::int32_t;
+/// What an operation of the host ended with: 0 is success, every other value is the host's and is passed on unchanged.
+/// True means an error, so that `if (error)` reads as it is; whoever drops one says so to the compiler.
+class [[nodiscard]] ErrorCode {
+public:
+    constexpr ErrorCode() = default;
+    constexpr ErrorCode(std::int32_t value) : value(value) {}
 
-inline constexpr ErrorCode NoError = 0;
+    constexpr std::int32_t GetValue() const { return value; }
+    constexpr explicit operator bool() const { return value != 0; }
+    /// Joins the codes of several registrations bit by bit, as the host expects of an entry.
+    constexpr ErrorCode& operator|=(ErrorCode other) {
+        value |= other.value;
+        return *this;
+    }
+    friend constexpr bool operator==(ErrorCode a, ErrorCode b) { return a.value == b.value; }
+    friend constexpr bool operator!=(ErrorCode a, ErrorCode b) { return a.value != b.value; }
+
+private:
+    std::int32_t value = 0;
+};
+
+inline constexpr ErrorCode NoError;
 
 /// The host's numbers. An adapter that has the host's own names for them compares by those.
 namespace Errors {
 constexpr ErrorCode Code(std::uint32_t value) {
-    return static_cast<ErrorCode>(value);
+    return ErrorCode(static_cast<std::int32_t>(value));
 }
 inline constexpr ErrorCode General = Code(0x81060001U);
 inline constexpr ErrorCode OutOfMemory = Code(0x81060002U);

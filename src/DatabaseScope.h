@@ -1,16 +1,17 @@
 // Makes other databases current for a while; the former one is current again at the end, on all paths.
 #pragma once
 
+#include "General/CallbackGuard.h"
 #include "host/Model.h"
 
 class DatabaseScope {
 public:
-    explicit DatabaseScope(host::Databases& databases) : databases(databases) {
+    explicit DatabaseScope(host::Host& host) : host(host), databases(host.GetDatabases()) {
         isKnown = databases.ReadCurrentDatabase(former) == host::NoError;
         current = former;
     }
     ~DatabaseScope() {
-        if (isKnown) Change(former);
+        if (isKnown) General::ReportHostError(host, "going back to the former database", Change(former));
     }
     DatabaseScope(const DatabaseScope&) = delete;
     DatabaseScope& operator=(const DatabaseScope&) = delete;
@@ -23,6 +24,7 @@ public:
     }
 
 private:
+    host::Host& host;
     host::Databases& databases;
     host::Database former;
     host::Database current;

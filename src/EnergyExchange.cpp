@@ -20,7 +20,7 @@ public:
         error = commands.CreateParameterList(list);
     }
     ~ParameterList() {
-        if (!list.IsNull()) commands.FreeParameterList(list);
+        if (!list.IsNull()) static_cast<void>(commands.FreeParameterList(list)); // nothing is left to do about it
     }
     ParameterList(const ParameterList&) = delete;
     ParameterList& operator=(const ParameterList&) = delete;

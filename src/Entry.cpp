@@ -35,10 +35,11 @@ namespace Exchange = host::EnergyExchange;
 
 /// Leaves the pointer empty when the object cannot be built; the handlers then do nothing.
 void CreateContext() {
-    General::RunGuarded(importedHost, "initialisation", [] {
+    // A failure has its line in the host's report by then.
+    static_cast<void>(General::RunGuarded(importedHost, "initialisation", [] {
         GetContext() = std::make_unique<AddOnContext>(*importedHost);
         return host::NoError;
-    });
+    }));
 }
 
 std::set<host::Guid> FindWatchedSets() {
@@ -52,11 +53,13 @@ host::ErrorCode InstallHandlers() {
     for (const std::int16_t menu :
          {ResourceIds::Menus::Palette, ResourceIds::Menus::MaterialReport, ResourceIds::Menus::BuildingMaterials,
           ResourceIds::Menus::ProjectSettings, ResourceIds::Menus::Information})
-        registration.InstallMenuHandler(menu, HandleMenuCommand);
+        General::ReportHostError(*importedHost, "installing a menu handler",
+                                 registration.InstallMenuHandler(menu, HandleMenuCommand));
     if (AddOnContext* context = GetContext().get())
         General::ReportHostError(*importedHost, "registering the palette",
                                  context->mainPalette.RegisterPalette(HandlePaletteRequest));
-    registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets());
+    General::ReportHostError(*importedHost, "watching reservations",
+                             registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets()));
     host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);
     result |= registration.InstallSettingsCommandHandler(Exchange::AskSettings, Exchange::CommandVersion,
                                                          HandleExportSettings);

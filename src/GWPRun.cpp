@@ -4,6 +4,8 @@
 #include "src/LCAProjectDataStore.h"
 #include "src/MaterialProperties.h"
 
+#include "General/CallbackGuard.h"
+
 #include "host/Commands.h"
 #include "host/Model.h"
 
@@ -20,19 +22,29 @@ constexpr std::size_t ProgressSteps = 20;
 class Progress {
 public:
     Progress(host::Host& host, std::size_t count)
-        : window(host.GetProgressWindow()), step(std::max<std::size_t>(1, count / ProgressSteps)) {
-        window.Open(ReadText(host, ResourceIds::Alerts::ProgressTitle));
-        window.StartPhase(ReadText(host, ResourceIds::Alerts::ProgressPhase), static_cast<std::int32_t>(count));
+        : host(host), window(host.GetProgressWindow()), step(std::max<std::size_t>(1, count / ProgressSteps)) {
+        Note(window.Open(ReadText(host, ResourceIds::Alerts::ProgressTitle)));
+        Note(window.StartPhase(ReadText(host, ResourceIds::Alerts::ProgressPhase), static_cast<std::int32_t>(count)));
     }
-    ~Progress() { window.Close(); }
+    ~Progress() {
+        Note(window.Close());
+        General::ReportHostError(host, "showing the progress", firstError);
+    }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
     void Update(std::size_t element) {
-        if (element % step == 0) window.SetValue(static_cast<std::int32_t>(element));
+        if (element % step == 0) Note(window.SetValue(static_cast<std::int32_t>(element)));
     }
 
 private:
+    /// A window that does not show is told once; the run does not need it.
+    void Note(host::ErrorCode error) {
+        if (!firstError) firstError = error;
+    }
+
+    host::Host& host;
+    host::ErrorCode firstError;
     host::ProgressWindow& window;
     std::size_t step;
 };
@@ -139,8 +151,8 @@ host::ErrorCode RunGWPCalculation(host::Host& host, lca::LCAProjectData& record,
     if (const host::ErrorCode error = LoadProjectData(host, record)) return error;
     LCADefinitions definitions;
     if (const host::ErrorCode error = FindDefinitions(host, definitions)) return error;
-    DatabaseScope database(host.GetDatabases());
-    database.Change({host::DatabaseType::FloorPlan, {}, {}});
+    DatabaseScope database(host);
+    if (const host::ErrorCode error = database.Change({host::DatabaseType::FloorPlan, {}, {}})) return error;
     std::vector<host::Guid> elements;
     if (const host::ErrorCode error =
             host.GetModel().ListElements(host::ElementType::All, host::ElementScope::FloorPlanIn3D, elements))

@@ -16,7 +16,7 @@
 
 namespace {
 
-constexpr host::ErrorCode ContextMissing = 1;
+constexpr host::ErrorCode ContextMissing{1};
 
 /// Cleared by the first registration, so that there is one a run of the host.
 bool isEnergyRegistrationPending = true;
@@ -57,11 +57,12 @@ void OpenInformation() {
 
 /// The record always starts from the model's values, which need the definitions that carry them.
 void TakeProject(AddOnContext& context, host::ProjectEvent event) {
-    EnsureSchema(*Entry::GetHost());
+    General::ReportHostError(*Entry::GetHost(), "creating the LCA properties", EnsureSchema(*Entry::GetHost()));
     if (event == host::ProjectEvent::NewAndReset)
         context.projectData.Reset();
     else
-        LoadProjectData(*Entry::GetHost(), context.projectData);
+        General::ReportHostError(*Entry::GetHost(), "loading the project settings",
+                                 LoadProjectData(*Entry::GetHost(), context.projectData));
 }
 
 } // namespace
@@ -109,11 +110,12 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
             if (context.mainPalette.IsOpen()) context.mainPalette.OnActiveWindowChanged();
             break;
         case host::ProjectEvent::Quit:
-            UnregisterExportTarget(*Entry::GetHost());
+            static_cast<void>(UnregisterExportTarget(*Entry::GetHost())); // the host ends: nobody is left to tell
             break;
         case host::ProjectEvent::AllInputFinished:
             // Where there is no energy evaluation nothing is said: most users have none.
-            if (std::exchange(isEnergyRegistrationPending, false)) RegisterExportTarget(*Entry::GetHost());
+            if (std::exchange(isEnergyRegistrationPending, false))
+                static_cast<void>(RegisterExportTarget(*Entry::GetHost()));
             break;
         default:
             break;
@@ -128,14 +130,15 @@ host::ErrorCode HandlePaletteRequest(const host::Guid& palette) {
 }
 
 host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
-    Dispatch("reservation change", [](AddOnContext& context) {
+    // The host takes 0 only; without the object there is nothing to refresh.
+    static_cast<void>(Dispatch("reservation change", [](AddOnContext& context) {
         if (context.mainPalette.IsOpen()) {
             context.mainPalette.RefreshEditors();
             context.mainPalette.UpdateSettingsButtonIcon();
         }
         if (context.buildingMaterialsDialog.IsOpen()) context.buildingMaterialsDialog.RefreshTeamwork();
         if (context.settingsDialog.IsOpen()) context.settingsDialog.RefreshTeamwork();
-    });
+    }));
     return host::NoError;
 }
 

@@ -280,13 +280,14 @@ void MainPalette::DrawChart(std::int16_t item, host::NativeContext& context, con
 
 void MainPalette::OnActiveWindowChanged() {
     host::Database window;
-    GetHost().GetDatabases().ReadFrontWindow(window);
+    General::ReportHostError(GetHost(), "reading the front window", GetHost().GetDatabases().ReadFrontWindow(window));
     GetHost().GetDialogItems().Enable(GetDialog(), PaletteItems::PlaceButton,
                                       window.type != host::DatabaseType::Model3D);
 }
 
 void MainPalette::SetMenuText(StringId text) {
-    GetHost().GetRegistration().SetMenuItemText(Menus::Palette, 1, ReadText(GetHost(), text));
+    General::ReportHostError(GetHost(), "naming the palette's menu item",
+                             GetHost().GetRegistration().SetMenuItemText(Menus::Palette, 1, ReadText(GetHost(), text)));
 }
 
 void MainPalette::WarnOfServiceLives() {

@@ -78,7 +78,7 @@ void MaterialCO2ReportDialog::Initialise() {
     GetHost().GetListLayout().SetOwnerDrawn(GetDialog(), Table, BarColumn, true);
     FillFavourites();
     host::Database window;
-    GetHost().GetDatabases().ReadFrontWindow(window);
+    General::ReportHostError(GetHost(), "reading the front window", GetHost().GetDatabases().ReadFrontWindow(window));
     GetHost().GetDialogItems().Enable(GetDialog(), PlaceButton, window.type != host::DatabaseType::Model3D);
     anchoring.RegisterAll(GetDialog(), Anchors);
 }

@@ -1,13 +1,16 @@
 #include "src/MaterialRecords.h"
 
+#include "General/CallbackGuard.h"
+
 #include <algorithm>
 
 void MaterialRecords::Load() {
     records.clear();
     changed.clear();
-    properties.Load();
+    General::ReportHostError(host, "reading the property definitions", properties.Load());
     std::int32_t highestIndex = 0;
-    host.GetAttributes().CountBuildingMaterials(highestIndex);
+    General::ReportHostError(host, "counting the building materials",
+                             host.GetAttributes().CountBuildingMaterials(highestIndex));
     for (std::int32_t index = 1; index <= highestIndex; ++index) {
         Record record;
         if (host.GetAttributes().ReadBuildingMaterial({index}, record.material) != host::NoError) continue;

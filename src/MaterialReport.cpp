@@ -11,14 +11,13 @@ using namespace ResourceIds;
 
 std::string ReadLayerName(host::Host& host, std::int32_t layer) {
     std::string name;
-    host.GetAttributes().ReadLayerName({layer}, name);
-    return name;
+    // An attribute that is gone has no name.
+    return host.GetAttributes().ReadLayerName({layer}, name) ? std::string() : name;
 }
 
 std::string ReadMaterialName(host::Host& host, std::int32_t index) {
     host::BuildingMaterial material;
-    host.GetAttributes().ReadBuildingMaterial({index}, material);
-    return material.name;
+    return host.GetAttributes().ReadBuildingMaterial({index}, material) ? std::string() : material.name;
 }
 
 } // namespace

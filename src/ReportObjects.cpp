@@ -136,7 +136,7 @@ void UpdateReportObjects(host::Host& host, const ReportObjectKind& kind, const P
     const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.updateUndoName), [&] {
         host::LibraryPartIndex part;
         if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) return host::NoError;
-        DatabaseScope scope(host.GetDatabases());
+        DatabaseScope scope(host);
         for (const host::Database& database : CollectObjectDatabases(host)) {
             if (scope.Change(database) != host::NoError) continue;
             if (const host::ErrorCode failure = UpdateObjects(host, part, fill)) return failure;

@@ -11,21 +11,23 @@
 #define KELVARNIX_EXPORT extern "C" __attribute__((visibility("default")))
 #endif
 
-KELVARNIX_EXPORT host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
-    if (!host::IsOfThisInterface(functions) || functions->host == nullptr) return host::Errors::BadParameters;
+KELVARNIX_EXPORT std::int32_t SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || functions->host == nullptr)
+        return host::Errors::BadParameters.GetValue();
     Entry::SetHost(functions->host);
-    return host::NoError;
+    return host::NoError.GetValue();
 }
 
-KELVARNIX_EXPORT host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions) {
+KELVARNIX_EXPORT std::int32_t GetExportedFuncAddrs(host::ExportedFunctions* functions) {
     host::Host* host = Entry::GetHost();
-    if (!host::IsOfThisInterface(functions) || host == nullptr) return host::Errors::BadParameters;
-    return General::RunGuarded(host, "export of the entry", [&] {
+    if (!host::IsOfThisInterface(functions) || host == nullptr) return host::Errors::BadParameters.GetValue();
+    const auto fill = [&] {
         functions->moduleId = host->GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
         functions->checkEnvironment = Entry::CheckEnvironment;
         functions->registerInterface = Entry::RegisterInterface;
         functions->initialise = Entry::Initialise;
         functions->freeData = Entry::FreeData;
         return host::NoError;
-    });
+    };
+    return General::RunGuarded(host, "export of the entry", fill).GetValue();
 }

@@ -54,7 +54,7 @@ void DrawColumn(WorkbenchHost& host, PaintedContext& picture, std::int16_t menu,
             host.dialogManager.DrawCell(dialog, list, row, column, picture);
         }
     };
-    host.registration.ChooseMenu(menu, 1);
+    std::ignore = host.registration.ChooseMenu(menu, 1);
 }
 
 /// Types a value a material, as a user does.
@@ -68,7 +68,7 @@ void EnterValues(WorkbenchHost& host, const std::vector<double>& values) {
         }
         host.dialogManager.Press(dialog, OkButton);
     };
-    host.registration.ChooseMenu(Menus::BuildingMaterials, 1);
+    std::ignore = host.registration.ChooseMenu(Menus::BuildingMaterials, 1);
 }
 
 } // namespace

@@ -137,9 +137,9 @@ TEST_F(EnergyExchangeTest, RegistrationSwitchesTheEvaluationOnWhereItIsOff) {
 
 TEST_F(EnergyExchangeTest, FailuresOfTheRegistrationAreAnswered) {
     for (std::size_t step = 0; step + 1 < Registering.size(); ++step) {
-        commands.failures = {{Registering[step], 100 + static_cast<host::ErrorCode>(step)}};
+        commands.failures = {{Registering[step], 100 + static_cast<int>(step)}};
         // The first list is the enabled test's, which then fails and is followed by switching on.
-        EXPECT_EQ(RegisterExportTarget(host), 100 + static_cast<host::ErrorCode>(step));
+        EXPECT_EQ(RegisterExportTarget(host), 100 + static_cast<int>(step));
         const Calls calls = TakeCalls();
         EXPECT_EQ(std::count(calls.begin(), calls.end(), "free"), step == 0 ? 0 : 2);
     }

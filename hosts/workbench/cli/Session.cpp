@@ -184,7 +184,7 @@ std::string Session::ReadTeamworkStatus(const std::string& setName) {
 
 void Session::UseModal(std::int16_t menu, const std::function<void(host::DialogId)>& use) {
     host->dialogManager.modalUser = use;
-    host->registration.ChooseMenu(menu, 1);
+    std::ignore = host->registration.ChooseMenu(menu, 1); // the add-on reports by itself
     host->dialogManager.modalUser = nullptr;
 }
 
@@ -196,7 +196,7 @@ Outcome Session::UpdateResults() {
         else if (state.maximum > 0)
             bar->Show(static_cast<double>(state.value) / state.maximum);
     };
-    host->registration.ChooseMenu(Menus::Palette, 1);
+    std::ignore = host->registration.ChooseMenu(Menus::Palette, 1);
     const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
     const bool isPressed = palette != nullptr && host->dialogManager.Press(palette->id, PaletteItems::UpdateButton);
     host->progress.observer = nullptr;

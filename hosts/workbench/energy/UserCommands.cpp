@@ -12,7 +12,7 @@ namespace Exchange = host::EnergyExchange;
 class ParameterList {
 public:
     explicit ParameterList(host::AddOnCommands& lists) : lists(lists) { error = lists.CreateParameterList(id); }
-    ~ParameterList() { lists.FreeParameterList(id); }
+    ~ParameterList() { static_cast<void>(lists.FreeParameterList(id)); } // fails only where none was created
     ParameterList(const ParameterList&) = delete;
     ParameterList& operator=(const ParameterList&) = delete;
 

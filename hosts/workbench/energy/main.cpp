@@ -74,18 +74,19 @@ host::ErrorCode FreeData() {
 
 } // namespace
 
-ENERGY_EXPORT host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
-    if (!host::IsOfThisInterface(functions) || functions->host == nullptr) return host::Errors::BadParameters;
+ENERGY_EXPORT std::int32_t SetImportedFuncAddrs(const host::ImportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || functions->host == nullptr)
+        return host::Errors::BadParameters.GetValue();
     importedHost = functions->host;
-    return host::NoError;
+    return host::NoError.GetValue();
 }
 
-ENERGY_EXPORT host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions) {
-    if (!host::IsOfThisInterface(functions) || importedHost == nullptr) return host::Errors::BadParameters;
+ENERGY_EXPORT std::int32_t GetExportedFuncAddrs(host::ExportedFunctions* functions) {
+    if (!host::IsOfThisInterface(functions) || importedHost == nullptr) return host::Errors::BadParameters.GetValue();
     functions->moduleId = Exchange::EnergyEvaluation;
     functions->checkEnvironment = CheckEnvironment;
     functions->registerInterface = RegisterInterface;
     functions->initialise = Initialise;
     functions->freeData = FreeData;
-    return host::NoError;
+    return host::NoError.GetValue();
 }

@@ -10,7 +10,7 @@ namespace {
 
 std::string WriteCode(host::ErrorCode code) {
     char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "0x%08X", static_cast<unsigned>(code));
+    std::snprintf(buffer, sizeof buffer, "0x%08X", static_cast<unsigned>(code.GetValue()));
     return buffer;
 }
 
@@ -34,8 +34,8 @@ std::string Module::Load(const std::filesystem::path& file) {
     imported = {};
     imported.host = &host;
     exported = {};
-    host::ErrorCode error = setImported(&imported);
-    if (error == host::NoError) error = getExported(&exported);
+    host::ErrorCode error(setImported(&imported));
+    if (error == host::NoError) error = host::ErrorCode(getExported(&exported));
     if (error != host::NoError)
         return name + ": the add-on was built for another version of the host (" + WriteCode(error) +
                "); build both anew";
@@ -61,7 +61,7 @@ std::string Module::Start() {
 
 void Module::Unload() {
     if (library == nullptr) return;
-    if (exported.freeData != nullptr) exported.freeData();
+    if (exported.freeData != nullptr) std::ignore = exported.freeData();
     host.registration.Remove(exported.moduleId);
     dlclose(library);
     library = nullptr;

@@ -291,7 +291,7 @@ host::ErrorCode ClassificationsRole::ClassifyMaterial(host::AttributeIndex mater
         FindIn(project->model.GetItems(), [&](const ClassificationItem& one) { return one.item.guid == item; });
     if (found == nullptr) return host::Errors::BadId;
     std::vector<host::Classification> present;
-    ReadMaterialClassifications(material, present);
+    if (const host::ErrorCode error = ReadMaterialClassifications(material, present)) return error;
     for (const host::Classification& one : present)
         if (one.system == found->system) return host::Errors::NameAlreadyUsed; // one item a system
     project->Record({{}, MaterialClassification{material, item}});

@@ -110,7 +110,7 @@ void TeamworkRole::TurnEventLoop() {
         std::int16_t& told = toldHolders[set.name];
         if (told == holder) continue;
         told = holder;
-        registration.RaiseReservationChange(FindLockableSet(set.name), holder);
+        std::ignore = registration.RaiseReservationChange(FindLockableSet(set.name), holder);
     }
     AnswerRequests();
 }
@@ -132,7 +132,7 @@ void TeamworkRole::AnswerRequests() {
                                      (set == nullptr ? request.lockableSet : std::string(set->title)) + ".";
         if (alerts.Show({host::AlertType::Information, RequestAlertTitle, question, {}, {"Release", "Keep"}}) ==
             ReleaseAnswer)
-            Release(guid, host::HostDialogs::Enabled);
+            std::ignore = Release(guid, host::HostDialogs::Enabled); // refused: the next turn asks again
     }
 }
 

@@ -21,8 +21,10 @@ void WorkbenchHost::OpenProject(std::unique_ptr<Project> opened, host::ProjectEv
     project = ownedProject.get();
     databases.Reset();
     teamwork.TakeHolders();
-    registration.RaiseEvent(event);
-    if (!std::exchange(isStartComplete, true)) registration.RaiseEvent(host::ProjectEvent::AllInputFinished);
+    // As in any host, what an add-on answers to an event changes nothing; it reports by itself.
+    std::ignore = registration.RaiseEvent(event);
+    if (!std::exchange(isStartComplete, true))
+        std::ignore = registration.RaiseEvent(host::ProjectEvent::AllInputFinished);
 }
 
 host::ErrorCode WorkbenchHost::SwitchWindow(const host::Database& database) {

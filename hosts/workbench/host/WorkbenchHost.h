@@ -29,7 +29,7 @@ public:
     /// several.
     host::ErrorCode SwitchWindow(const host::Database& database);
     /// Tells the add-ons that the host ends; they are to be unloaded next.
-    void Quit() { registration.RaiseEvent(host::ProjectEvent::Quit); }
+    void Quit() { std::ignore = registration.RaiseEvent(host::ProjectEvent::Quit); }
     /// What a host does between two actions of the user: learns what other processes have done to a shared project.
     void TurnEventLoop() { teamwork.TurnEventLoop(); }
     /// Null while none is open.

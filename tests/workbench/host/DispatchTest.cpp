@@ -125,7 +125,8 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
         EXPECT_EQ(registration.RegisterSupportedCommand(code, 1), host::NoError);
     EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 3), host::NoError);
     registration.SetPhase(Phase::Initialising, B);
-    EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return 0; }), host::Errors::BadId);
+    EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return host::NoError; }),
+              host::Errors::BadId);
     EXPECT_EQ(registration.InstallProjectEventHandler(host::AllProjectEvents, TellEvent<'B'>), host::NoError);
     EXPECT_EQ(registration.InstallReservationChangeHandler(TellReservation<'B'>, {set}), host::NoError);
     EXPECT_EQ(registration.InstallPartnerHandler(host::CommandCode("COMM"), 3, command), host::NoError);
@@ -148,9 +149,9 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     host.OpenProject(test::MakeBuilding(), ProjectEvent::New);
     host.OpenProject(test::MakeBuilding(), ProjectEvent::NewAndReset);
     host.OpenProject(test::MakeBuilding(), ProjectEvent::Open);
-    host.SwitchWindow({DatabaseType::Model3D, {}, {}});
-    registration.RaiseReservationChange(set, 3);
-    registration.RaiseReservationChange({}, 4);
+    EXPECT_EQ(host.SwitchWindow({DatabaseType::Model3D, {}, {}}), 8);
+    EXPECT_EQ(registration.RaiseReservationChange(set, 3), 0);
+    EXPECT_EQ(registration.RaiseReservationChange({}, 4), 0);
     EXPECT_EQ(registration.RaiseEvent(ProjectEvent::Quit), 8);
     // The start is complete once, after the first project.
     EXPECT_EQ(told, (std::vector<std::string>{"B1", "B4194304", "B2", "B4", "B524288", "Br3", "B64", "A64"}));

@@ -80,7 +80,8 @@ protected:
         ASSERT_EQ(host.commands.Call(
                       "m",
                       [&] {
-                          host.classifications.ClassifyMaterial(material, definition.availability.at(0));
+                          static_cast<void>( // a second time is refused and changes nothing
+                              host.classifications.ClassifyMaterial(material, definition.availability.at(0)));
                           return host.properties.WriteMaterialValues(
                               material, {ValueOf(Model(), lca::PropertyKey::GWPPerUnit, host::Variant::OfText(text))});
                       }),
@@ -94,7 +95,7 @@ protected:
     }
     host::Variant Default(lca::PropertyKey key) { return FindByKey(Model(), key).defaultValue; }
     /// Reads the settings anew, as opening the project does.
-    void Reopen() { host.registration.RaiseEvent(host::ProjectEvent::Open); }
+    void Reopen() { EXPECT_FALSE(host.registration.RaiseEvent(host::ProjectEvent::Open)); }
     void SetDoorGWP(double gwp) {
         const std::vector<host::PropertyValue> values = {
             ValueOf(Model(), lca::PropertyKey::GWP, host::Variant::OfReal(gwp))};

@@ -93,7 +93,7 @@ TEST_F(EnergyExchangeTest, RegistersOnceARunAndLeavesAtTheEnd) {
     EXPECT_EQ(host.addOnCommands.CountLists(), 0U);
     host.Quit();
     EXPECT_TRUE(Targets().empty());
-    host.registration.RaiseEvent(host::ProjectEvent::AllInputFinished);
+    EXPECT_FALSE(host.registration.RaiseEvent(host::ProjectEvent::AllInputFinished));
     EXPECT_TRUE(Targets().empty());
     EXPECT_EQ(SendDocument("<root/>"), host::Errors::BadName);
     EXPECT_TRUE(settings.IsEmpty());
@@ -237,12 +237,12 @@ TEST_F(EnergyExchangeTest, TheEvaluationRefusesWhatItCannotUse) {
     const host::ModuleId own = {1, 2};
     const auto registerTarget = [&](std::int32_t version, const std::vector<host::CommandParameter>& parameters) {
         host::ParameterListId list;
-        host.addOnCommands.CreateParameterList(list);
+        EXPECT_FALSE(host.addOnCommands.CreateParameterList(list));
         for (const host::CommandParameter& parameter : parameters)
-            host.addOnCommands.AddParameter(list, parameter);
+            EXPECT_FALSE(host.addOnCommands.AddParameter(list, parameter));
         const host::ErrorCode error =
             host.addOnCommands.Call(Exchange::EnergyEvaluation, Exchange::RegisterTarget, version, list, true);
-        host.addOnCommands.FreeParameterList(list);
+        EXPECT_FALSE(host.addOnCommands.FreeParameterList(list));
         return error;
     };
     const host::CommandParameter id = {"mdid", own}, text = {"uiStr", std::string("Other")},

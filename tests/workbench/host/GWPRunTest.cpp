@@ -96,7 +96,7 @@ TEST_F(GWPRunTest, WithoutSchemaEverythingIsZero) {
 }
 
 TEST_F(GWPRunTest, RunsOnTheFloorPlanAndComesBack) {
-    host.databases.ChangeCurrentDatabase({host::DatabaseType::Model3D, {}, {}});
+    ASSERT_FALSE(host.databases.ChangeCurrentDatabase({host::DatabaseType::Model3D, {}, {}}));
     std::vector<host::DatabaseType> seen;
     host.progress.observer = [&](const auto&) { seen.push_back(host.databases.GetCurrent().type); };
     Run();

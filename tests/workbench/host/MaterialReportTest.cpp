@@ -44,10 +44,10 @@ protected:
         object.libraryPart = part;
         object.parameters = Model().libraryParts.front().parameters;
         object.parameters.back().real = addOnUpdate;
-        host.commands.Call("put", [&] {
+        EXPECT_FALSE(host.commands.Call("put", [&] {
             host.GetProject()->Record({{}, object});
             return host::NoError;
-        });
+        }));
         return object.guid;
     }
     const host::ObjectParameter& Parameter(const host::Guid& object, const std::string& name) {
@@ -235,7 +235,7 @@ TEST_F(MaterialReportTest, UpdateResultsRewritesObjectsInAllDatabases) {
     const std::vector<host::Guid> left = {PutObject({}, 0), PutObject(layout, 2),
                                           PutObject({}, 1, workbench::ResultReportPart),
                                           PutObject(test::GuidOf(99), 1)}; // in a database that does not exist
-    host.databases.ChangeCurrentDatabase({host::DatabaseType::Layout, layout, {}});
+    ASSERT_FALSE(host.databases.ChangeCurrentDatabase({host::DatabaseType::Layout, layout, {}}));
     TogglePalette();
     const std::size_t steps = CountSteps();
     ASSERT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton));
@@ -260,7 +260,9 @@ TEST_F(MaterialReportTest, ASecondOpeningIsRefused) {
     int opened = 0;
     host.dialogManager.modalUser = [&](host::DialogId) {
         if (++opened < 3) host.dialogManager.Press(Palette()->id, PaletteItems::MaterialReportButton);
-        if (opened < 3) host.registration.ChooseMenu(Menu, 1);
+        if (opened < 3) {
+            EXPECT_FALSE(host.registration.ChooseMenu(Menu, 1));
+        }
     };
     host.dialogManager.Press(Palette()->id, PaletteItems::MaterialReportButton);
     EXPECT_EQ(opened, 1);

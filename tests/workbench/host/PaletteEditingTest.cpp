@@ -198,7 +198,7 @@ TEST_F(PaletteEditingTest, MenuCommandsAndEventsOfAClosedPalette) {
         EXPECT_EQ(opened, 0);
     }
     for (const std::int16_t menu : {Menus::BuildingMaterials, Menus::ProjectSettings, Menus::MaterialReport})
-        host.registration.ChooseMenu(menu, 1);
+        EXPECT_FALSE(host.registration.ChooseMenu(menu, 1));
     EXPECT_EQ(opened, 3);
     EXPECT_EQ(Palette(), nullptr);
 }

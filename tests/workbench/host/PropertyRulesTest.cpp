@@ -96,15 +96,15 @@ TEST_F(PropertyRulesTest, CommandsAreAllOrNothing) {
         return host.properties.CreateGroup(group);
     };
     EXPECT_EQ(Do([&] {
-                  add("A");
+                  EXPECT_FALSE(add("A"));
                   return Errors::General;
               }),
               Errors::General);
     EXPECT_EQ(Model().GetGroups().size(), groups);
-    EXPECT_THROW(Do([&]() -> host::ErrorCode {
-                     add("A");
+    EXPECT_THROW(static_cast<void>(Do([&]() -> host::ErrorCode {
+                     EXPECT_FALSE(add("A"));
                      throw std::runtime_error("in the middle");
-                 }),
+                 })),
                  std::runtime_error);
     EXPECT_EQ(Model().GetGroups().size(), groups);
     EXPECT_EQ(Do([] { return host::NoError; }), Errors::UndoEmpty);

@@ -128,10 +128,10 @@ TEST_F(ResultReportTest, PlacesTheReportAndKeepsItUpToDate) {
     ASSERT_TRUE(Press(PlaceButton));
     workbench::PlacedObject kept = Placed(1);
     kept.parameters.back().real = 0; // not to be updated
-    host.commands.Call("keep", [&] {
+    ASSERT_FALSE(host.commands.Call("keep", [&] {
         host.GetProject()->Record({Placed(1), kept});
         return host::NoError;
-    });
+    }));
     SetDoorGWP(1000);
     const std::size_t steps = CountSteps();
     Press(UpdateButton);

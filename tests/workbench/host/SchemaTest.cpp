@@ -132,7 +132,7 @@ TEST_F(SchemaTest, AnUnmarkedDefinitionOfTheNameIsTakenOver) {
     ASSERT_EQ(host.commands.Call("prepare",
                                  [&] {
                                      host::PropertyGroup group{{}, "LCA Material"};
-                                     host.properties.CreateGroup(group);
+                                     EXPECT_FALSE(host.properties.CreateGroup(group));
                                      unit.group = group.guid;
                                      unit.name = "GWP Unit Type";
                                      unit.valueType = ValueType::String;
@@ -185,8 +185,8 @@ TEST_F(SchemaTest, TheRecordIsStoredAsOneStepNamedUndo) {
     EXPECT_EQ(StoreProjectData(host, loaded), host::NoError);
     EXPECT_LE(Project().ListUndoNames().size(), steps + 1);
     EXPECT_EQ(StoreProjectData(host, loaded), host::NoError);
-    Project().Undo();
-    LoadProjectData(host, loaded);
+    EXPECT_FALSE(Project().Undo());
+    EXPECT_FALSE(LoadProjectData(host, loaded));
 }
 
 TEST_F(SchemaTest, OnlyTheFirstOfTwoMarkedDefinitionsIsStored) {
