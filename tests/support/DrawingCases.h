@@ -126,7 +126,7 @@ void ExpectTexts(host::TextMeasuring& font) {
     const auto draw = [](const auto& text) {
         Context context(Width, Height, Scale);
         if constexpr (std::is_same_v<decltype(text), const host::BoxedText&>)
-            context.DrawText(text, Black);
+            context.DrawBoxedText(text, Black);
         else
             context.DrawSlantedText(text, Black);
         return FindInk(context, Width * Scale, Height * Scale);

@@ -8,8 +8,6 @@
 #include <new>
 #include <vector>
 
-#undef DrawText
-
 namespace archicad {
 
 namespace {
@@ -158,7 +156,7 @@ void GdiContext::FillSector(double centreX, double centreY, double radius, doubl
         }
 }
 
-void GdiContext::DrawText(const host::BoxedText& text, const host::Colour& colour) {
+void GdiContext::DrawBoxedText(const host::BoxedText& text, const host::Colour& colour) {
     const SelectedFont font(surface->context, scale, 0.0, colour);
     const std::wstring wide = WideFromUtf8(text.text);
     const SIZE size = Measure(surface->context, wide);

@@ -22,7 +22,7 @@ public:
     void DrawImage(const host::NativeImage& image, double left, double top) override;
     void FillSector(double centreX, double centreY, double radius, double startAngle, double sweep,
                     const host::Colour& colour) override;
-    void DrawText(const host::BoxedText& text, const host::Colour& colour) override;
+    void DrawBoxedText(const host::BoxedText& text, const host::Colour& colour) override;
     void DrawSlantedText(const host::SlantedText& text, const host::Colour& colour) override;
 
     /// Pixels of the picture.

@@ -73,7 +73,7 @@ public:
                 Copy(1);
             }
         }
-        return depth == 0;
+        return hasRoot && depth == 0;
     }
 
     std::u16string prepared;
