@@ -3,7 +3,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdio>
 #include <ctime>
 #include <functional>
 #include <limits>
@@ -40,8 +39,7 @@ inline void ExpectLocalTime(const std::function<std::string()>& write) {
         const std::time_t now = std::time(nullptr);
         const std::tm local = *std::localtime(&now);
         char text[32];
-        std::snprintf(text, sizeof text, "%04d-%02d-%02d %02d:%02d:%02d", local.tm_year + 1900, local.tm_mon + 1,
-                      local.tm_mday, local.tm_hour, local.tm_min, local.tm_sec);
+        std::strftime(text, sizeof text, "%Y-%m-%d %H:%M:%S", &local);
         return std::string(text);
     };
     const std::string before = expected(), found = write(), after = expected();
