@@ -143,6 +143,16 @@ inline void ExpectDeepAndGrowingDocuments(host::XmlReading& reading) {
     EXPECT_EQ(text, "&e9;");
 }
 
+/// 100 MB of nothing but tags, whose tree takes more memory than is given to one.
+inline void ExpectLimitOfDocuments(host::XmlReading& reading) {
+    constexpr std::size_t Large = 100'000'000;
+    std::string tags = "<root>";
+    tags.reserve(Large + 16);
+    while (tags.size() < Large)
+        tags += "<a/>";
+    EXPECT_EQ(ReadXml(reading, tags.append("</root>")), host::Errors::OutOfMemory);
+}
+
 /// Cut at each length, a document is nothing; with a byte changed it is nothing or another document.
 inline void ExpectDamagedDocuments(host::XmlReading& reading) {
     const std::string whole = "<?xml version='1.0'?><root a='1'><!-- c --><b>&amp;<![CDATA[x]]></b></root>";

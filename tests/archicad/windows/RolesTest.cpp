@@ -46,6 +46,11 @@ TEST(WindowsXml, DeepDocumentsAndEntitiesThatGrow) {
     support::ExpectDeepAndGrowingDocuments(reading);
 }
 
+TEST(WindowsXml, LargeDocumentsStayWithinTheLimit) {
+    archicad::XmlLiteReading reading;
+    support::ExpectLimitOfDocuments(reading);
+}
+
 TEST(WindowsXml, DamagedDocuments) {
     archicad::XmlLiteReading reading;
     support::ExpectDamagedDocuments(reading);
