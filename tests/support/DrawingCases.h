@@ -123,7 +123,7 @@ template <class Context>
 void ExpectTexts(host::TextMeasuring& font) {
     constexpr int Width = 120, Height = 80, Scale = 2;
     const double capital = font.ReadCapitalHeight() * Scale, width = font.MeasureWidth("HHHH") * Scale;
-    const auto draw = [](const auto& text) {
+    const auto draw = [&](const auto& text) {
         Context context(Width, Height, Scale);
         if constexpr (std::is_same_v<decltype(text), const host::BoxedText&>)
             context.DrawBoxedText(text, Black);

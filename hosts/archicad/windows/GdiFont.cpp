@@ -14,19 +14,23 @@ constexpr double TenthsPerRadian = 1800.0 / 3.14159265358979323846;
 } // namespace
 
 struct GdiFont::Measure {
+    Measure() = default;
+    ~Measure() {
+        SelectObject(context, former);
+        DeleteObject(font);
+        DeleteDC(context);
+    }
+    Measure(const Measure&) = delete;
+    Measure& operator=(const Measure&) = delete;
+
     HDC context = CreateCompatibleDC(nullptr);
     HFONT font = static_cast<HFONT>(CreateHandle(MeasureScale, 0.0));
     HGDIOBJ former = SelectObject(context, font);
 };
 
-GdiFont::GdiFont() : measure(new Measure) {}
+GdiFont::GdiFont() : measure(std::make_unique<Measure>()) {}
 
-GdiFont::~GdiFont() {
-    SelectObject(measure->context, measure->former);
-    DeleteObject(measure->font);
-    DeleteDC(measure->context);
-    delete measure;
-}
+GdiFont::~GdiFont() = default;
 
 void* GdiFont::CreateHandle(double scale, double angle) {
     NONCLIENTMETRICSW metrics{};

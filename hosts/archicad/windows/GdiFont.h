@@ -3,6 +3,8 @@
 
 #include "host/Drawing.h"
 
+#include <memory>
+
 namespace archicad {
 
 class GdiFont : public host::TextMeasuring {
@@ -25,7 +27,7 @@ public:
 
 private:
     struct Measure;
-    Measure* measure;
+    std::unique_ptr<Measure> measure;
 };
 
 } // namespace archicad
