@@ -7,6 +7,7 @@
 #include <objbase.h>
 #include <wincodec.h>
 
+#include <new>
 #include <vector>
 
 namespace archicad {
@@ -69,13 +70,17 @@ bool Encode(const std::wstring& path, const GdiContext& context, double scale) {
 
 host::ErrorCode WriteJpeg(const std::string& path, int width, int height, double scale,
                           const std::function<void(host::NativeContext&)>& draw) {
-    GdiContext context(width, height, scale);
-    draw(context);
-    const ComSession session;
-    const std::wstring file = WideFromUtf8(path);
-    if (Encode(file, context, scale)) return host::NoError;
-    DeleteFileW(file.c_str()); // it may not have come to be
-    return host::Errors::General;
+    try {
+        GdiContext context(width, height, scale);
+        draw(context);
+        const ComSession session;
+        const std::wstring file = WideFromUtf8(path);
+        if (Encode(file, context, scale)) return host::NoError;
+        DeleteFileW(file.c_str()); // it may not have come to be
+        return host::Errors::General;
+    } catch (const std::bad_alloc&) {
+        return host::Errors::OutOfMemory;
+    }
 }
 
 } // namespace archicad

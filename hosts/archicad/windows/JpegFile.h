@@ -9,7 +9,7 @@
 namespace archicad {
 
 /// Does what host::Pictures::WriteJpeg says. path is UTF-8. General where the file cannot be written, which then is not
-/// there.
+/// there; OutOfMemory for a picture that is too large.
 host::ErrorCode WriteJpeg(const std::string& path, int width, int height, double scale,
                           const std::function<void(host::NativeContext&)>& draw);
 

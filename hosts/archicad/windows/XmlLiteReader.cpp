@@ -9,6 +9,7 @@
 #include <xmllite.h>
 
 #include <map>
+#include <new>
 #include <vector>
 
 namespace archicad {
@@ -158,11 +159,7 @@ private:
     std::string blanks;
 };
 
-} // namespace
-
-host::ErrorCode XmlLiteReading::ReadDocument(const std::string& document, const std::string& rootName,
-                                             std::unique_ptr<host::DOMReader>& reader) {
-    reader.reset();
+host::ErrorCode ReadTree(const std::string& document, const std::string& rootName, Tree& tree) {
     if (document.size() > MemoryLimit) return host::Errors::OutOfMemory;
     const std::optional<std::string> prepared = PrepareXml(document);
     if (!prepared) return host::Errors::BadValue;
@@ -176,11 +173,25 @@ host::ErrorCode XmlLiteReading::ReadDocument(const std::string& document, const 
         return host::Errors::General;
     TreeBuilder builder(*system.Get(), prepared->size() + document.size());
     if (const host::ErrorCode error = builder.Build(); error != host::NoError) return error;
-    if (builder.tree.names.find(rootName) == builder.tree.names.end() ||
-        builder.tree.names[rootName] != builder.tree.elements.front().name)
-        return host::Errors::BadValue;
-    reader = std::make_unique<TreeReader>(std::move(builder.tree));
+    tree = std::move(builder.tree);
+    const auto root = tree.names.find(rootName);
+    if (root == tree.names.end() || root->second != tree.elements.front().name) return host::Errors::BadValue;
     return host::NoError;
+}
+
+} // namespace
+
+host::ErrorCode XmlLiteReading::ReadDocument(const std::string& document, const std::string& rootName,
+                                             std::unique_ptr<host::DOMReader>& reader) {
+    reader.reset();
+    try {
+        Tree tree;
+        if (const host::ErrorCode error = ReadTree(document, rootName, tree); error != host::NoError) return error;
+        reader = std::make_unique<TreeReader>(std::move(tree));
+        return host::NoError;
+    } catch (const std::bad_alloc&) {
+        return host::Errors::OutOfMemory;
+    }
 }
 
 } // namespace archicad

@@ -5,6 +5,7 @@
 
 namespace archicad {
 
+/// The system's reader knows namespaces: a name whose prefix nobody declares is not well-formed for it.
 class XmlLiteReading : public host::XmlReading {
 public:
     host::ErrorCode ReadDocument(const std::string& document, const std::string& rootName,

@@ -70,7 +70,7 @@ public:
                 hasRoot = true;
                 if (!CopyTag()) return false;
             } else {
-                Copy(1);
+                Copy(std::min(rest.find_first_of(L"<&"), rest.size()));
             }
         }
         return hasRoot && depth == 0;

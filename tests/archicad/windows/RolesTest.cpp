@@ -93,6 +93,9 @@ TEST(WindowsDrawing, JpegFiles) {
     support::ExpectJpegFiles([](auto&&... arguments) { return archicad::WriteJpeg(arguments...) == host::NoError; },
                              ReadPixel);
     CoUninitialize();
+    constexpr int TooLarge = 1'000'000;
+    EXPECT_EQ(archicad::WriteJpeg("large.jpg", TooLarge, TooLarge, 1, [](host::NativeContext&) {}),
+              host::Errors::OutOfMemory);
 }
 
 } // namespace
