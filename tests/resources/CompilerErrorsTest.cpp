@@ -63,6 +63,7 @@ const WrongSource wrongSources[] = {
     {"HelpWithoutDialog", "\n'DLGH' 9 Help {\n}", 2, "no 'GDLG' 9"},
     {"HelpTooShort", Dialog("Separator 1 1 1 1") + "'DLGH' 1 Help {\n}", 4, "has 0 items, its dialog 1"},
     {"HelpOutOfOrder", Dialog("Separator 1 1 1 1") + "'DLGH' 1 Help {\n2 \"\" Item\n}", 5, "item number 1"},
+    {"DialogWithoutHelp", Dialog("Separator 1 1 1 1"), 1, "'GDLG' 1 has no 'DLGH'"},
     {"ImageMissing", "\n'GICN' 9 \"n\" { \"Absent\" }", 2, "there is no image Absent_"},
     {"IncludeMissing", "\n#include \"absent.grc\"", 2, "absent.grc is not found"},
     {"IncludeWithAngles", "#include <absent.grc>", 1, "file name in double quotes"},
