@@ -34,6 +34,32 @@ inline void ReportHostError(host::Host& host, const char* what, host::ErrorCode 
     ReportFailure(&host, what, reason);
 }
 
+/// Failures of one kind in a walk that goes on: how many, and the code of the first.
+class CountedFailures {
+public:
+    /// Answers whether it was one.
+    bool Note(host::ErrorCode error) {
+        if (!error) return false;
+        if (count++ == 0) first = error;
+        return true;
+    }
+    std::size_t GetCount() const { return count; }
+    host::ErrorCode GetFirst() const { return first; }
+    /// One line of the host's report, "N <what> (first host error E)"; none where there were no failures.
+    void Report(host::Host& host, const char* callback, const char* what) const noexcept {
+        if (count == 0) return;
+        constexpr std::size_t Longest = 192;
+        char line[Longest];
+        std::snprintf(line, Longest, "%lu %s (first host error %ld)", static_cast<unsigned long>(count), what,
+                      static_cast<long>(first.GetValue()));
+        ReportFailure(&host, callback, line);
+    }
+
+private:
+    std::size_t count = 0;
+    host::ErrorCode first;
+};
+
 /// A call of the host that is under way, one inside the other.
 class RunningCallback {
 public:

@@ -1,9 +1,11 @@
 #include "General/UInterface.h"
 
+#include "General/CallbackGuard.h"
 #include "host/Resources.h"
 #include "resources/ResourceIds.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace General {
 
@@ -39,8 +41,8 @@ void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list) 
         const host::ListColumn place = layout.ReadColumn(dialog, list, column);
         const int width = std::min(place.end, space.width) - place.begin;
         host::Rectangle rectangle = host.GetDialogItems().ReadRectangle(dialog, editor);
-        rectangle.width = static_cast<std::int16_t>(width - EditorMargin);
-        rectangle.height = static_cast<std::int16_t>(space.height - EditorMargin);
+        rectangle.width = static_cast<std::int16_t>(std::max(width - EditorMargin, 0));
+        rectangle.height = static_cast<std::int16_t>(std::max(space.height - EditorMargin, 0));
         host.GetDialogItems().SetRectangle(dialog, editor, rectangle);
     }
 }
@@ -57,6 +59,12 @@ void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog) {
         layout.SetColumn(dialog, ReportListItem, column, place);
         end = place.begin;
     }
+}
+
+bool IsUsableNumber(host::Host& host, double value) {
+    const bool isFinite = std::isfinite(value);
+    if (!isFinite) ReportFailure(&host, "typed value", "it is too large to be a number, the former one stays");
+    return isFinite;
 }
 
 std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,

@@ -20,6 +20,10 @@ void SetListColumn(host::Host& host, host::DialogId dialog, std::int16_t list, s
 /// row's height, each less 2 pixels.
 void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list);
 
+/// Whether a value that was typed is finite; what is not is told in the host's report, and the field that it was typed
+/// into goes back to its old value.
+bool IsUsableNumber(host::Host& host, double value);
+
 /// Lays the columns of list item 3 from the last, which ends at the list's width, to the first; each as wide as its
 /// header, or as its header's minimum where the header is narrower or cannot be resized.
 void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog);

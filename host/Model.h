@@ -53,12 +53,16 @@ class Model {
 public:
     virtual ~Model() = default;
 
-    /// Identifiers in the model's order.
+    /// Identifiers in the model's order. Of an element that is made of others (curtain wall, stair, railing) only the
+    /// owner is listed, never its parts beside it.
     virtual ErrorCode ListElements(ElementType type, ElementScope scope, std::vector<Guid>& elements) = 0;
     /// BadId when there is no such element.
     virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
-    /// Components in the element's order; replaces what the list held. BadId when there is no such element.
-    virtual ErrorCode ReadElementComponents(const Guid& element, std::vector<MaterialComponent>& components) = 0;
+    /// Components in the element's order; replaces what the list held. An element without any answers an empty list and
+    /// 0. header as ReadElementHeader gives it: how components are asked depends on the kind. BadId when there is no
+    /// such element.
+    virtual ErrorCode ReadElementComponents(const ElementHeader& element,
+                                            std::vector<MaterialComponent>& components) = 0;
 };
 
 /// Attributes of the project. Every reading operation answers BadIndex where the index is a gap or past the end.

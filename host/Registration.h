@@ -47,7 +47,8 @@ public:
                                                     DocumentCommandHandler handler) = 0;
     /// events is a mask of ProjectEvent codes.
     virtual ErrorCode InstallProjectEventHandler(std::uint32_t events, ProjectEventHandler handler) = 0;
-    /// One handler and one filter an add-on: a second call replaces the first.
+    /// One handler and one filter an add-on: a second call replaces the first. Also in a project event, since another
+    /// project may have other sets.
     virtual ErrorCode InstallReservationChangeHandler(ReservationChangeHandler handler,
                                                       const std::set<Guid>& lockableSets) = 0;
     /// Changes the text of a menu item of this add-on; BadIndex when it has none there.

@@ -4,6 +4,7 @@
 #include "src/EnergyData.h"
 #include "src/LCAProjectDataStore.h"
 
+#include "General/CallbackGuard.h"
 #include "General/ObjectStateProcessor.h"
 #include "host/AddOnCommands.h"
 #include "host/EnergyExchange.h"
@@ -72,26 +73,20 @@ struct EvaluatedValue {
     double value;
 };
 
-/// Takes and chooses values of one part of the data and stores the record on its own. What the model does not take, the
-/// record does not keep.
+/// Takes and chooses values of one part of the data onto what the model holds, and stores them on their own. What the
+/// model does not take, the record does not keep.
 class PartTaker {
 public:
     PartTaker(host::Host& host, lca::LCAProjectData& record) : host(host), record(record) {}
 
     void Take(const std::vector<EvaluatedValue>& values) {
-        lca::LCAProjectData changed = record;
-        for (const EvaluatedValue& one : values) {
-            changed.SetFloorValue(one.quantity, lca::FloorSource::EnergyEvaluation, one.value);
-            changed.SetFloorChoice(one.quantity, lca::FloorSource::EnergyEvaluation);
-            // The yield and its limit exclude each other.
-            if (one.quantity == lca::FloorQuantity::SolarPanels)
-                changed.SetFloorChoice(lca::FloorQuantity::MaxSolarContribution, lca::FloorSource::ByHand);
-        }
-        const host::ErrorCode error = StoreProjectData(host, changed);
-        if (error == host::NoError || error == host::Errors::UndoEmpty)
-            record = std::move(changed);
-        else if (firstError == host::NoError)
-            firstError = error;
+        const host::ErrorCode error = ChangeProjectData(host, record, [&](lca::LCAProjectData& present) {
+            for (const EvaluatedValue& one : values) {
+                present.SetFloorValue(one.quantity, lca::FloorSource::EnergyEvaluation, one.value);
+                present.ChooseFloorSource(one.quantity, lca::FloorSource::EnergyEvaluation);
+            }
+        });
+        if (!firstError) firstError = error;
     }
 
     host::ErrorCode GetFirstError() const { return firstError; }
@@ -146,10 +141,8 @@ host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const 
     const EnergyData data = ReadEnergyData(*reader);
     reader.reset(); // a large document's memory, before the calculation needs its own
 
-    // What has changed in the model since the last loading must not be stored back.
-    lca::LCAProjectData present = context.projectData;
-    if (const host::ErrorCode failure = LoadProjectData(host, present)) return failure;
-    context.projectData = std::move(present);
+    for (const std::string& skipped : data.skippedParts)
+        General::ReportFailure(&host, "exported data", skipped.c_str());
     PartTaker taker(host, context.projectData);
     for (const double factor : data.electricityFactors)
         taker.Take({{lca::FloorQuantity::ElectricitySourceFactor, factor}});

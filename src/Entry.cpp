@@ -6,11 +6,9 @@
 #include "General/CallbackGuard.h"
 #include "host/EnergyExchange.h"
 #include "host/Registration.h"
-#include "host/Teamwork.h"
 #include "src/Texts.h"
 
 #include <memory>
-#include <set>
 #include <utility>
 
 namespace {
@@ -42,12 +40,6 @@ void CreateContext() {
     }));
 }
 
-std::set<host::Guid> FindWatchedSets() {
-    host::Teamwork& teamwork = importedHost->GetTeamwork();
-    return {teamwork.FindLockableSet(host::ClassificationsAndPropertiesSet),
-            teamwork.FindLockableSet(host::BuildingMaterialsSet)};
-}
-
 host::ErrorCode InstallHandlers() {
     host::Registration& registration = importedHost->GetRegistration();
     for (const std::int16_t menu :
@@ -58,8 +50,7 @@ host::ErrorCode InstallHandlers() {
     if (AddOnContext* context = GetContext().get())
         General::ReportHostError(*importedHost, "registering the palette",
                                  context->mainPalette.RegisterPalette(HandlePaletteRequest));
-    General::ReportHostError(*importedHost, "watching reservations",
-                             registration.InstallReservationChangeHandler(HandleReservationChange, FindWatchedSets()));
+    WatchReservations(*importedHost);
     host::ErrorCode result = registration.InstallProjectEventHandler(host::AllProjectEvents, HandleProjectEvent);
     result |= registration.InstallSettingsCommandHandler(Exchange::AskSettings, Exchange::CommandVersion,
                                                          HandleExportSettings);

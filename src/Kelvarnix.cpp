@@ -4,14 +4,17 @@
 #include "src/EnergyExchange.h"
 #include "src/Entry.h"
 #include "src/LCAProjectDataStore.h"
+#include "src/LCAProperties.h"
 #include "src/LCASchema.h"
 #include "src/SystemStart.h"
 #include "src/WindowCommands.h"
 
 #include "General/CallbackGuard.h"
+#include "host/Teamwork.h"
 #include "platform/Text.h"
 #include "src/Texts.h"
 
+#include <set>
 #include <utility>
 
 namespace {
@@ -55,14 +58,17 @@ void OpenInformation() {
         General::ReportFailure(Entry::GetHost(), "opening the web page", "the system has no program for it");
 }
 
-/// The record always starts from the model's values, which need the definitions that carry them.
+/// The record always starts from the model's values, which need the definitions that carry them, and never from the
+/// former project's.
 void TakeProject(AddOnContext& context, host::ProjectEvent event) {
-    General::ReportHostError(*Entry::GetHost(), "creating the LCA properties", EnsureSchema(*Entry::GetHost()));
-    if (event == host::ProjectEvent::NewAndReset)
-        context.projectData.Reset();
-    else
-        General::ReportHostError(*Entry::GetHost(), "loading the project settings",
-                                 LoadProjectData(*Entry::GetHost(), context.projectData));
+    host::Host& host = *Entry::GetHost();
+    context.projectData.Reset();
+    General::ReportHostError(host, "creating the LCA properties", EnsureSchema(host));
+    WarnOfDoubledDefinitions(host);
+    if (event != host::ProjectEvent::NewAndReset)
+        General::ReportHostError(host, "loading the project settings", LoadProjectData(host, context.projectData));
+    WatchReservations(host);
+    context.mainPalette.TakeNewProject();
 }
 
 } // namespace
@@ -70,6 +76,15 @@ void TakeProject(AddOnContext& context, host::ProjectEvent event) {
 std::unique_ptr<AddOnContext>& GetContext() {
     static std::unique_ptr<AddOnContext> context;
     return context;
+}
+
+void WatchReservations(host::Host& host) {
+    std::set<host::Guid> sets;
+    for (const char* name : {host::ClassificationsAndPropertiesSet, host::BuildingMaterialsSet})
+        if (const host::Guid set = host.GetTeamwork().FindLockableSet(name); !set.IsNull()) sets.insert(set);
+    if (sets.empty()) return;
+    General::ReportHostError(host, "watching reservations",
+                             host.GetRegistration().InstallReservationChangeHandler(HandleReservationChange, sets));
 }
 
 host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
@@ -90,6 +105,7 @@ host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
             break;
         case ResourceIds::Menus::MaterialReport:
             context.mainPalette.CollectElementGWP();
+            if (context.mainPalette.IsOpen()) context.mainPalette.RebuildTable(MainPalette::Rebuild::TextsOnly);
             RunMaterialReport(context);
             break;
         default:

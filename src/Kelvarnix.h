@@ -16,6 +16,9 @@ host::ErrorCode HandleMenuCommand(const host::MenuCommand& command);
 host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t parameter);
 /// Opens the palette. 1 while the module-wide object is missing, else 0.
 host::ErrorCode HandlePaletteRequest(const host::Guid& palette);
+/// Has the host tell of reservations of the two sets that guard the add-on's data. Sets may be others in each project,
+/// so they are looked up again; where the host knows none, there is nothing to be told of.
+void WatchReservations(host::Host& host);
 /// Always 0.
 host::ErrorCode HandleReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
 

@@ -15,6 +15,7 @@ namespace {
 using namespace ResourceIds;
 
 constexpr char UpdateFlag[] = "addon_update";
+constexpr char UpdateTask[] = "updating the report objects";
 
 constexpr host::DatabaseType ListedDatabases[] = {
     host::DatabaseType::Worksheet,         host::DatabaseType::Section, host::DatabaseType::Elevation,
@@ -49,23 +50,41 @@ bool IsKeptUpToDate(ObjectParameters& parameters) {
     return flag != nullptr && flag->real == 1.0;
 }
 
-/// The objects of the current database.
-host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, const ParameterFiller& fill) {
+/// An object that may be locked, on a hidden layer or somebody else's.
+host::ErrorCode UpdateObject(host::Host& host, const host::Guid& object, host::LibraryPartIndex part,
+                             const ParameterFiller& fill) {
+    host::PlacedObjects& placed = host.GetPlacedObjects();
+    host::LibraryPartIndex objectPart;
+    if (const host::ErrorCode error = placed.ReadLibraryPart(object, objectPart)) return error;
+    if (!(objectPart == part)) return host::NoError;
+    ObjectParameters parameters;
+    if (const host::ErrorCode error = placed.ReadParameters(object, parameters)) return error;
+    if (!IsKeptUpToDate(parameters)) return host::NoError;
+    fill(parameters);
+    return placed.WriteParameters(object, parameters);
+}
+
+/// The objects of the current database; those that are left as they were are counted.
+host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, const ParameterFiller& fill,
+                              General::CountedFailures& left) {
     std::vector<host::Guid> objects;
     if (const host::ErrorCode error =
             host.GetModel().ListElements(host::ElementType::Object, host::ElementScope::CurrentDatabase, objects))
         return error;
-    for (const host::Guid& object : objects) {
-        host::LibraryPartIndex objectPart;
-        ObjectParameters parameters;
-        if (host.GetPlacedObjects().ReadLibraryPart(object, objectPart) != host::NoError || !(objectPart == part))
-            continue;
-        if (host.GetPlacedObjects().ReadParameters(object, parameters) != host::NoError) continue;
-        if (!IsKeptUpToDate(parameters)) continue;
-        fill(parameters);
-        if (const host::ErrorCode error = host.GetPlacedObjects().WriteParameters(object, parameters)) return error;
-    }
+    for (const host::Guid& object : objects)
+        left.Note(UpdateObject(host, object, part, fill));
     return host::NoError;
+}
+
+/// Floor plan, worksheets, sections, elevations, interior elevations, details, layouts, master layouts.
+std::vector<host::Database> CollectObjectDatabases(host::Host& host, General::CountedFailures& left) {
+    std::vector<host::Database> databases = {{host::DatabaseType::FloorPlan, {}, {}}};
+    for (const host::DatabaseType type : ListedDatabases) {
+        std::vector<host::Database> listed;
+        if (!left.Note(host.GetDatabases().ListDatabases(type, listed)))
+            databases.insert(databases.end(), listed.begin(), listed.end());
+    }
+    return databases;
 }
 
 } // namespace
@@ -122,26 +141,21 @@ void PlaceReportObject(host::Host& host, const ReportObjectKind& kind, const std
     General::ReportHostError(host, "placing the report object", error);
 }
 
-std::vector<host::Database> CollectObjectDatabases(host::Host& host) {
-    std::vector<host::Database> databases = {{host::DatabaseType::FloorPlan, {}, {}}};
-    for (const host::DatabaseType type : ListedDatabases) {
-        std::vector<host::Database> listed;
-        if (host.GetDatabases().ListDatabases(type, listed) == host::NoError)
-            databases.insert(databases.end(), listed.begin(), listed.end());
-    }
-    return databases;
-}
-
 void UpdateReportObjects(host::Host& host, const ReportObjectKind& kind, const ParameterFiller& fill) {
+    host::LibraryPartIndex part;
+    const host::ErrorCode notFound = host.GetLibraries().FindObject(kind.identifier, part);
+    // Without the part nothing can be placed that would have to follow.
+    if (notFound == host::Errors::BadId) return;
+    if (notFound) return General::ReportHostError(host, UpdateTask, notFound);
+    General::CountedFailures left;
     const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.updateUndoName), [&] {
-        host::LibraryPartIndex part;
-        if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) return host::NoError;
         DatabaseScope scope(host);
-        for (const host::Database& database : CollectObjectDatabases(host)) {
-            if (scope.Change(database) != host::NoError) continue;
-            if (const host::ErrorCode failure = UpdateObjects(host, part, fill)) return failure;
+        for (const host::Database& database : CollectObjectDatabases(host, left)) {
+            const host::ErrorCode notOpened = scope.Change(database);
+            left.Note(notOpened ? notOpened : UpdateObjects(host, part, fill, left));
         }
-        return host::NoError;
+        return host::NoError; // what was written stays, whatever refused
     });
-    General::ReportHostError(host, "updating the report objects", error);
+    General::ReportHostError(host, UpdateTask, error);
+    left.Report(host, UpdateTask, "objects or databases were left as they were");
 }

@@ -307,8 +307,9 @@ TEST_F(EntryTest, ProjectEventsResetOrLoadTheRecord) {
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::WindowChanged, 0), 0);
     EXPECT_EQ(record.floorChoice.size(), 1U);
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 0);
-    EXPECT_TRUE(record.floorChoice.empty()); // loaded from a model without definitions
-    EXPECT_EQ(record.consideredServiceLifeYears, 7U);
+    // A model without definitions gives the defaults and nothing of the project before it.
+    EXPECT_EQ(record, lca::LCAProjectData());
+    record.consideredServiceLifeYears = 7;
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::NewAndReset, 0), 0);
     EXPECT_EQ(record.consideredServiceLifeYears, 50U);
 }

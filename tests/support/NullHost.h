@@ -49,7 +49,7 @@ class NullModel : public host::Model {
 public:
     host::ErrorCode ListElements(host::ElementType, host::ElementScope, std::vector<host::Guid>&) override { return 0; }
     host::ErrorCode ReadElementHeader(const host::Guid&, host::ElementHeader&) override { return 0; }
-    host::ErrorCode ReadElementComponents(const host::Guid&, std::vector<host::MaterialComponent>&) override {
+    host::ErrorCode ReadElementComponents(const host::ElementHeader&, std::vector<host::MaterialComponent>&) override {
         return 0;
     }
 };
@@ -128,7 +128,7 @@ public:
 class NullTeamwork : public host::Teamwork {
 public:
     bool IsTeamworkProject() override { return false; }
-    host::Guid FindLockableSet(const std::string&) override { return {}; }
+    host::Guid FindLockableSet(const std::string&) override { return host::Guid{{1}}; }
     bool HasConnection() override { return false; }
     host::LockableStatus ReadLockableStatus(const host::Guid&) override { return host::LockableStatus::Unknown; }
     std::vector<std::int16_t> ListHolders(const host::Guid&) override { return {}; }

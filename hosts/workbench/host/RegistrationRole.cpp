@@ -79,7 +79,7 @@ host::ErrorCode RegistrationRole::InstallProjectEventHandler(std::uint32_t event
 
 host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                                   const std::set<host::Guid>& lockableSets) {
-    if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
+    if (phase != Phase::Initialising && phase != Phase::InEvent) return host::Errors::RefusedCommand;
     RemoveOf(starting, reservationHandlers);
     reservationHandlers.push_back({starting, lockableSets, handler});
     return host::NoError;
@@ -112,7 +112,9 @@ host::ErrorCode RegistrationRole::RaiseEvent(host::ProjectEvent event) {
     host::ErrorCode result = host::NoError;
     for (const EventHandler& one : eventHandlers) {
         if ((one.events & static_cast<std::uint32_t>(event)) == 0) continue;
+        SetPhase(Phase::InEvent, one.addOn);
         const host::ErrorCode error = one.handler(event, 0);
+        SetPhase(Phase::Closed);
         if (result == host::NoError) result = error;
     }
     return result;

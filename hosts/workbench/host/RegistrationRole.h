@@ -37,7 +37,7 @@ public:
                                     const std::string& text) override;
 
     /// Registering is allowed only during interface registration, as the host demands.
-    enum class Phase { Closed, Registering, Initialising };
+    enum class Phase { Closed, Registering, Initialising, InEvent };
     /// What is registered and installed from now on is the add-on's.
     void SetPhase(Phase now, const host::ModuleId& addOn = {}) {
         phase = now;

@@ -81,10 +81,10 @@ host::ErrorCode ModelRole::ReadElementHeader(const host::Guid& element, host::El
     return host::NoError;
 }
 
-host::ErrorCode ModelRole::ReadElementComponents(const host::Guid& element,
+host::ErrorCode ModelRole::ReadElementComponents(const host::ElementHeader& header,
                                                  std::vector<host::MaterialComponent>& components) {
     if (project == nullptr) return host::Errors::NoProject;
-    const std::uint32_t position = project->model.FindElement(element);
+    const std::uint32_t position = project->model.FindElement(header.guid);
     if (position == ElementIndex::NotFound) return host::Errors::BadId;
     const auto found = project->model.GetComponents(project->model.GetElements()[position]);
     components.assign(found.begin(), found.end());

@@ -26,7 +26,7 @@ public:
     host::ErrorCode ListElements(host::ElementType type, host::ElementScope scope,
                                  std::vector<host::Guid>& elements) override;
     host::ErrorCode ReadElementHeader(const host::Guid& element, host::ElementHeader& header) override;
-    host::ErrorCode ReadElementComponents(const host::Guid& element,
+    host::ErrorCode ReadElementComponents(const host::ElementHeader& element,
                                           std::vector<host::MaterialComponent>& components) override;
 
 private:
