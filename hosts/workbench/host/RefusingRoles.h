@@ -28,9 +28,9 @@ public:
         if (const host::ErrorCode refused = refusals.Ask("Model.ReadElementHeader", element)) return refused;
         return inner.ReadElementHeader(element, header);
     }
-    host::ErrorCode ReadElementComponents(const host::Guid& element,
+    host::ErrorCode ReadElementComponents(const host::ElementHeader& element,
                                           std::vector<host::MaterialComponent>& components) override {
-        if (const host::ErrorCode refused = refusals.Ask("Model.ReadElementComponents", element)) return refused;
+        if (const host::ErrorCode refused = refusals.Ask("Model.ReadElementComponents", element.guid)) return refused;
         return inner.ReadElementComponents(element, components);
     }
 
