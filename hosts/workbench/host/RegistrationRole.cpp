@@ -87,6 +87,7 @@ host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::Reservat
 
 host::ErrorCode RegistrationRole::SetMenuItemText(std::int16_t menuStringList, std::int32_t itemIndex,
                                                   const std::string& text) {
+    if (const host::ErrorCode refused = refusals.Ask("Registration.SetMenuItemText")) return refused;
     Menu* menu = FindMenu(menuStringList);
     if (menu == nullptr || itemIndex != 1) return host::Errors::BadIndex;
     menu->itemText = text;
