@@ -79,6 +79,7 @@ host::ErrorCode RegistrationRole::InstallProjectEventHandler(std::uint32_t event
 
 host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                                   const std::set<host::Guid>& lockableSets) {
+    if (const host::ErrorCode refused = refusals.Ask("Registration.InstallReservationChangeHandler")) return refused;
     if (phase != Phase::Initialising && phase != Phase::InEvent) return host::Errors::RefusedCommand;
     RemoveOf(starting, reservationHandlers);
     reservationHandlers.push_back({starting, lockableSets, handler});
