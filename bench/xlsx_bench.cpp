@@ -47,13 +47,17 @@ public:
         const Stopwatch watch(spent);
         return std::make_unique<Output>(*this, files.CreateOrTruncate(path));
     }
+    platform::Creation CreateEmpty(const std::string& path, const std::string& model) override {
+        const Stopwatch watch(spent);
+        return files.CreateEmpty(path, model);
+    }
     std::unique_ptr<platform::InputFile> OpenForReading(const std::string& path) override {
         const Stopwatch watch(spent);
         std::unique_ptr<platform::InputFile> file = files.OpenForReading(path);
         if (!file) return nullptr;
         return std::make_unique<Input>(*this, std::move(file));
     }
-    platform::FolderCreation CreateFolder(const std::string& path) override {
+    platform::Creation CreateFolder(const std::string& path) override {
         const Stopwatch watch(spent);
         return files.CreateFolder(path);
     }

@@ -63,6 +63,8 @@ public:
     /// such element.
     virtual ErrorCode ReadElementComponents(const ElementHeader& element,
                                             std::vector<MaterialComponent>& components) = 0;
+    /// The open project's name, UTF-8; empty for one that has none yet. NoProject when none is open.
+    virtual ErrorCode ReadProjectName(std::string& name) = 0;
 };
 
 /// Attributes of the project. Every reading operation answers BadIndex where the index is a gap or past the end.

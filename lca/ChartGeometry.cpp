@@ -77,7 +77,7 @@ void SortBarEntries(std::vector<BarEntry>& entries) {
 std::vector<ChartBar> LayOutBarChart(const std::vector<BarEntry>& sorted, const ChartArea& area, const ChartFont& font,
                                      const std::function<std::string(double)>& formatNumber) {
     std::vector<ChartBar> bars;
-    if (sorted.size() < 2) return bars;
+    if (sorted.size() < FewestBars) return bars;
     const int bottom = area.top + area.height;
     const int margin = area.width / 15;
     const double usedWidth = area.width - 2 * margin;

@@ -81,8 +81,11 @@ struct ChartBar {
     SlantedLabel name;
 };
 
-/// Bars of sorted entries, in their order; none for fewer than two. Heights are relative to the first value, whatever
-/// that is: where it is 0 they are no numbers.
+/// One entry alone has nothing to be compared with.
+inline constexpr std::size_t FewestBars = 2;
+
+/// Bars of sorted entries, in their order; none for fewer than FewestBars. Heights are relative to the first value,
+/// whatever that is: where it is 0 they are no numbers.
 std::vector<ChartBar> LayOutBarChart(const std::vector<BarEntry>& sorted, const ChartArea& area, const ChartFont& font,
                                      const std::function<std::string(double)>& formatNumber);
 

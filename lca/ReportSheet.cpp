@@ -1,6 +1,10 @@
 #include "lca/ReportSheet.h"
 
 #include <algorithm>
+#include <cmath>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
 
 namespace lca {
 
@@ -26,6 +30,11 @@ SheetCell NumberCell(CellRole role, double number) {
 
 SheetCell InputCell(double number) {
     return number > 0.0 ? NumberCell(CellRole::Number, number) : TextCell(CellRole::Text, {});
+}
+
+SheetCell AsYears(SheetCell cell) {
+    cell.decimals = 0;
+    return cell;
 }
 
 CellRole GetLabelRole(ElementCategory category) {
@@ -88,8 +97,12 @@ SheetRow BuildHeader(const ReportSheetTexts& texts) {
 }
 
 SheetRow BuildRow(CellRole label, const std::string& name, const std::string& stage, const Inputs& inputs) {
-    return {TextCell(label, name),        TextCell(CellRole::Text, stage),    InputCell(inputs.embodied),
-            InputCell(inputs.percentage), InputCell(inputs.serviceLifeYears), InputCell(inputs.replacements)};
+    return {TextCell(label, name),
+            TextCell(CellRole::Text, stage),
+            InputCell(inputs.embodied),
+            InputCell(inputs.percentage),
+            AsYears(InputCell(inputs.serviceLifeYears)),
+            InputCell(inputs.replacements)};
 }
 
 } // namespace
@@ -112,11 +125,21 @@ std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseS
     total.push_back(NumberCell(CellRole::TotalPerYear, results.totalGwpPerAreaPerYear));
     rows.push_back(std::move(total));
     rows.emplace_back();
-    rows.push_back({TextCell(CellRole::NoteLabel, texts.consideredPeriod),
-                    NumberCell(CellRole::NoteYears, record.consideredServiceLifeYears)});
-    rows.push_back({TextCell(CellRole::NoteLabel, texts.grossFloorArea),
+    // Beside the label a cell stays free, over which it goes on.
+    rows.push_back({TextCell(CellRole::NoteLabel, texts.consideredPeriod), TextCell(CellRole::NoteLabel, {}),
+                    AsYears(NumberCell(CellRole::NoteNumber, record.consideredServiceLifeYears))});
+    rows.push_back({TextCell(CellRole::NoteLabel, texts.grossFloorArea), TextCell(CellRole::NoteLabel, {}),
                     NumberCell(CellRole::NoteNumber, record.GetFloorValue(FloorQuantity::GrossFloorArea))});
     return rows;
+}
+
+unsigned CountShownDecimals(double number, unsigned most) {
+    if (!std::isfinite(number)) return most;
+    constexpr int DecimalsOfOnes = 5; ///< of six digits
+    char text[32];
+    std::snprintf(text, sizeof text, "%.*e", DecimalsOfOnes, number);
+    const int exponent = std::atoi(std::strchr(text, 'e') + 1);
+    return static_cast<unsigned>(std::clamp(DecimalsOfOnes - exponent, 0, static_cast<int>(most)));
 }
 
 std::string MakeCellText(const std::string& text) {

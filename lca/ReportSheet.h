@@ -25,8 +25,7 @@ enum class CellRole {
     TotalNumber, ///< GWP and GWP per area of the total
     TotalPerYear,
     NoteLabel, ///< below the table
-    NoteNumber,
-    NoteYears ///< a whole number
+    NoteNumber
 };
 
 /// Without text and number the cell is styled and has no value.
@@ -34,6 +33,7 @@ struct SheetCell {
     CellRole role = CellRole::Text;
     std::string text;
     std::optional<double> number; ///< may be infinite
+    unsigned decimals = 2;        ///< that its column has room for
 };
 
 using SheetRow = std::vector<SheetCell>;
@@ -55,6 +55,9 @@ struct ReportSheetTexts {
 /// number, infinite for a service life of 0.
 std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseSums& sums, const Results& results,
                                        const ReportSheetTexts& texts);
+
+/// Decimals that a number shows where `most` have room: none beyond the six digits that a cell of a workbook holds.
+unsigned CountShownDecimals(double number, unsigned most);
 
 /// The text as a cell can hold it: one that begins with "=" gets a blank before it, because it would be a formula.
 std::string MakeCellText(const std::string& text);

@@ -1,6 +1,6 @@
 // Files and folders as the archive and workbook writers need them: one interface, an implementation for Windows and one
 // for POSIX, and room for a fake that makes an operation fail. Paths are narrow text: the system's code page on Windows
-// (see Text.h), UTF-8 on POSIX; "/" separates folders on both.
+// (see Text.h), UTF-8 on POSIX; "/" separates folders on both. A path with a NUL inside is refused.
 #pragma once
 
 #include <cstddef>
@@ -57,7 +57,7 @@ public:
     [[nodiscard]] virtual std::optional<FileFacts> Facts() = 0;
 };
 
-enum class FolderCreation { Created, AlreadyThere, Failed };
+enum class Creation { Created, AlreadyThere, Failed };
 
 /// What the writers ask of a file system. No operation throws; a failure has no further reason than its operation.
 class FileLayer {
@@ -66,10 +66,13 @@ public:
     /// Creates the file, or empties the one that is there, for writing only. On Windows nobody else may have it open
     /// (share mode none), and a file that somebody has open is left as it is. Null on failure.
     [[nodiscard]] virtual std::unique_ptr<OutputFile> CreateOrTruncate(const std::string& path) = 0;
+    /// Creates an empty file where nothing has that name yet. On POSIX it gets permissions, owner and group of the
+    /// file `model`, if there is one, as far as this user may give them; on Windows the folder decides.
+    [[nodiscard]] virtual Creation CreateEmpty(const std::string& path, const std::string& model) = 0;
     /// Opens an existing file for reading; others may read it meanwhile. A folder is refused. Null on failure.
     [[nodiscard]] virtual std::unique_ptr<InputFile> OpenForReading(const std::string& path) = 0;
     /// Creates one folder inside an existing one; on POSIX only its owner may enter it.
-    [[nodiscard]] virtual FolderCreation CreateFolder(const std::string& path) = 0;
+    [[nodiscard]] virtual Creation CreateFolder(const std::string& path) = 0;
     /// False also when there is no such file.
     [[nodiscard]] virtual bool RemoveFile(const std::string& path) = 0;
     /// Removes an empty folder.
@@ -84,8 +87,12 @@ public:
 /// Facts of a file or folder by its path; none when there is nothing there.
 [[nodiscard]] std::optional<FileFacts> FactsOf(const std::string& path);
 
-/// False when something is there that is no file or that this user may not write, although its folder may let him
-/// replace it.
+/// Where a symbolic link leads in the end, also when nothing is there yet; another path as it is. None when links lead
+/// round in a circle or cannot be read.
+[[nodiscard]] std::optional<std::string> FollowLinks(const std::string& path);
+
+/// False when something is there that is no ordinary file (a folder, a device, a pipe), or that this user may not
+/// write, although its folder may let him replace it.
 [[nodiscard]] bool MayReplace(const std::string& path);
 
 } // namespace platform

@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 
+#include "platform/OsPath.h"
+
 #include <cerrno>
 #include <climits>
 #include <cstdio>
@@ -13,11 +15,12 @@ namespace {
 
 constexpr std::uint64_t unixEpoch = 116444736000000000; // 1970-01-01 in 100 ns since 1601-01-01
 constexpr std::size_t largestTransfer = 1U << 30;
+constexpr int mostLinks = 40; // as many as the system itself follows
 
-int WithoutInterruption(const char* path, int flags) {
+int WithoutInterruption(const std::string& path, int flags, mode_t mode = 0666) {
     int file;
     do {
-        file = open(path, flags | O_CLOEXEC, 0666);
+        file = open(OsPath(path), flags | O_CLOEXEC, mode);
     } while (file < 0 && errno == EINTR);
     return file;
 }
@@ -103,16 +106,36 @@ private:
     int file;
 };
 
+// What the group may do goes with the group: where that cannot be given, nobody else's group gets it.
+bool TakePermissions(int file, const struct stat& like) {
+    constexpr uid_t sameOwner = static_cast<uid_t>(-1);
+    const bool hasGroup = fchown(file, like.st_uid, like.st_gid) == 0 || fchown(file, sameOwner, like.st_gid) == 0;
+    const mode_t mode = like.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
+    return fchmod(file, hasGroup ? mode : mode & ~static_cast<mode_t>(S_IRWXG)) == 0;
+}
+
 class PosixFiles final : public FileLayer {
 public:
     std::unique_ptr<OutputFile> CreateOrTruncate(const std::string& path) override {
-        const int file = WithoutInterruption(path.c_str(), O_WRONLY | O_CREAT | O_TRUNC);
+        const int file = WithoutInterruption(path, O_WRONLY | O_CREAT | O_TRUNC);
         if (file < 0) return nullptr;
         return std::make_unique<PosixOutputFile>(file);
     }
 
+    Creation CreateEmpty(const std::string& path, const std::string& model) override {
+        struct stat like {};
+        const bool hasModel = stat(OsPath(model), &like) == 0;
+        const int file = WithoutInterruption(path, O_WRONLY | O_CREAT | O_EXCL, hasModel ? 0600 : 0666);
+        if (file < 0) return errno == EEXIST ? Creation::AlreadyThere : Creation::Failed;
+        const bool isLikeModel = !hasModel || TakePermissions(file, like);
+        const bool isClosed = close(file) == 0;
+        if (isLikeModel && isClosed) return Creation::Created;
+        unlink(OsPath(path));
+        return Creation::Failed;
+    }
+
     std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
-        const int file = WithoutInterruption(path.c_str(), O_RDONLY);
+        const int file = WithoutInterruption(path, O_RDONLY);
         if (file < 0) return nullptr;
         auto opened = std::make_unique<PosixInputFile>(file);
         const std::optional<FileFacts> facts = opened->Facts();
@@ -120,15 +143,15 @@ public:
         return opened;
     }
 
-    FolderCreation CreateFolder(const std::string& path) override {
-        if (mkdir(path.c_str(), 0700) == 0) return FolderCreation::Created;
-        return errno == EEXIST ? FolderCreation::AlreadyThere : FolderCreation::Failed;
+    Creation CreateFolder(const std::string& path) override {
+        if (mkdir(OsPath(path), 0700) == 0) return Creation::Created;
+        return errno == EEXIST ? Creation::AlreadyThere : Creation::Failed;
     }
 
-    bool RemoveFile(const std::string& path) override { return unlink(path.c_str()) == 0; }
-    bool RemoveFolder(const std::string& path) override { return rmdir(path.c_str()) == 0; }
+    bool RemoveFile(const std::string& path) override { return unlink(OsPath(path)) == 0; }
+    bool RemoveFolder(const std::string& path) override { return rmdir(OsPath(path)) == 0; }
     bool Replace(const std::string& from, const std::string& to) override {
-        return std::rename(from.c_str(), to.c_str()) == 0;
+        return std::rename(OsPath(from), OsPath(to)) == 0;
     }
 };
 
@@ -140,13 +163,27 @@ FileLayer& OperatingSystemFiles() {
 }
 
 std::optional<FileFacts> FactsOf(const std::string& path) {
-    return FactsAt(AT_FDCWD, path.c_str(), 0);
+    return FactsAt(AT_FDCWD, OsPath(path), 0);
+}
+
+std::optional<std::string> FollowLinks(const std::string& path) {
+    std::string place = path;
+    for (int link = 0; link < mostLinks; ++link) {
+        char next[PATH_MAX];
+        const ssize_t size = readlink(OsPath(place), next, sizeof next);
+        if (size < 0 && (errno == EINVAL || errno == ENOENT)) return place; // no link, or nothing at all
+        if (size <= 0 || static_cast<std::size_t>(size) == sizeof next) return std::nullopt;
+        const std::string target(next, static_cast<std::size_t>(size));
+        const std::size_t name = place.rfind('/') + 1; // 0 where there is no folder
+        place = target.front() == '/' ? target : place.substr(0, name) + target;
+    }
+    return std::nullopt;
 }
 
 bool MayReplace(const std::string& path) {
-    const std::optional<FileFacts> facts = FactsOf(path);
-    if (!facts) return true;
-    return (facts->attributes & Directory) == 0 && access(path.c_str(), W_OK) == 0;
+    struct stat found {};
+    if (stat(OsPath(path), &found) != 0) return true;
+    return S_ISREG(found.st_mode) && access(OsPath(path), W_OK) == 0;
 }
 
 } // namespace platform

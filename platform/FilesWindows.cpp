@@ -1,5 +1,7 @@
 #include "platform/Files.h"
 
+#include "platform/OsPath.h"
+
 #ifndef NOMINMAX
 #define NOMINMAX
 #endif
@@ -108,27 +110,34 @@ class WindowsFiles final : public FileLayer {
 public:
     std::unique_ptr<OutputFile> CreateOrTruncate(const std::string& path) override {
         const HANDLE file =
-            CreateFileA(path.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
+            CreateFileA(OsPath(path), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file == INVALID_HANDLE_VALUE) return nullptr;
         return std::make_unique<WindowsOutputFile>(file);
     }
 
+    Creation CreateEmpty(const std::string& path, const std::string&) override {
+        const HANDLE file =
+            CreateFileA(OsPath(path), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        if (file != INVALID_HANDLE_VALUE) return CloseHandle(file) ? Creation::Created : Creation::Failed;
+        return GetLastError() == ERROR_FILE_EXISTS ? Creation::AlreadyThere : Creation::Failed;
+    }
+
     std::unique_ptr<InputFile> OpenForReading(const std::string& path) override {
-        const HANDLE file = CreateFileA(path.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+        const HANDLE file = CreateFileA(OsPath(path), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
                                         FILE_ATTRIBUTE_NORMAL, nullptr);
         if (file == INVALID_HANDLE_VALUE) return nullptr;
         return std::make_unique<WindowsInputFile>(file);
     }
 
-    FolderCreation CreateFolder(const std::string& path) override {
-        if (CreateDirectoryA(path.c_str(), nullptr)) return FolderCreation::Created;
-        return GetLastError() == ERROR_ALREADY_EXISTS ? FolderCreation::AlreadyThere : FolderCreation::Failed;
+    Creation CreateFolder(const std::string& path) override {
+        if (CreateDirectoryA(OsPath(path), nullptr)) return Creation::Created;
+        return GetLastError() == ERROR_ALREADY_EXISTS ? Creation::AlreadyThere : Creation::Failed;
     }
 
-    bool RemoveFile(const std::string& path) override { return DeleteFileA(path.c_str()) != 0; }
-    bool RemoveFolder(const std::string& path) override { return RemoveDirectoryA(path.c_str()) != 0; }
+    bool RemoveFile(const std::string& path) override { return DeleteFileA(OsPath(path)) != 0; }
+    bool RemoveFolder(const std::string& path) override { return RemoveDirectoryA(OsPath(path)) != 0; }
     bool Replace(const std::string& from, const std::string& to) override {
-        return MoveFileExA(from.c_str(), to.c_str(), MOVEFILE_REPLACE_EXISTING) != 0;
+        return MoveFileExA(OsPath(from), OsPath(to), MOVEFILE_REPLACE_EXISTING) != 0;
     }
 };
 
@@ -141,13 +150,46 @@ FileLayer& OperatingSystemFiles() {
 
 std::optional<FileFacts> FactsOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA information;
-    if (!GetFileAttributesExA(path.c_str(), GetFileExInfoStandard, &information)) return std::nullopt;
+    if (!GetFileAttributesExA(OsPath(path), GetFileExInfoStandard, &information)) return std::nullopt;
     return FactsFrom(information);
 }
 
+namespace {
+
+constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+
+// Neither reads nor writes; answers also for folders.
+HANDLE OpenForQuestions(const std::string& path) {
+    return CreateFileA(OsPath(path), 0, shareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+}
+
+// Without the prefix that takes a path out of the usual rules, which the other calls here follow.
+std::string WithoutPrefix(const std::string& path) {
+    if (path.compare(0, 8, "\\\\?\\UNC\\") == 0) return "\\\\" + path.substr(8);
+    return path.compare(0, 4, "\\\\?\\") == 0 ? path.substr(4) : path;
+}
+
+} // namespace
+
+std::optional<std::string> FollowLinks(const std::string& path) {
+    const DWORD attributes = GetFileAttributesA(OsPath(path));
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return path;
+    const HANDLE file = OpenForQuestions(path);
+    if (file == INVALID_HANDLE_VALUE) return std::nullopt;
+    char place[MAX_PATH + 8];
+    const DWORD size = GetFinalPathNameByHandleA(file, place, sizeof place, FILE_NAME_NORMALIZED | VOLUME_NAME_DOS);
+    CloseHandle(file);
+    if (size == 0 || size >= sizeof place) return std::nullopt;
+    return WithoutPrefix(std::string(place, size));
+}
+
 bool MayReplace(const std::string& path) {
+    const HANDLE file = OpenForQuestions(path);
+    if (file == INVALID_HANDLE_VALUE) return true;
+    const bool isOnDisk = GetFileType(file) == FILE_TYPE_DISK;
+    CloseHandle(file);
     const std::optional<FileFacts> facts = FactsOf(path);
-    return !facts || (facts->attributes & (Directory | ReadOnly)) == 0;
+    return isOnDisk && facts && (facts->attributes & (Directory | ReadOnly)) == 0;
 }
 
 } // namespace platform

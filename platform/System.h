@@ -26,7 +26,8 @@ extern const char* const openAddressCommand;
 extern const char* const openFileCommand;
 
 /// Starts a command line without a window and does not wait for its end. On POSIX blanks separate its words, double
-/// quotes hold a word together, and no shell takes part. False when the program cannot be started.
+/// quotes hold a word together, in which a doubled one is a double quote, and no shell takes part. False when the
+/// program cannot be started.
 [[nodiscard]] bool StartHidden(const std::string& commandLine);
 
 } // namespace platform

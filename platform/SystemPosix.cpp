@@ -40,14 +40,17 @@ std::vector<std::string> WordsOf(const std::string& commandLine) {
     std::vector<std::string> words;
     bool isInWord = false;
     bool isQuoted = false;
-    for (const char letter : commandLine) {
+    for (std::size_t i = 0; i < commandLine.size(); ++i) {
+        const char letter = commandLine[i];
         if (letter == ' ' && !isQuoted) {
             isInWord = false;
             continue;
         }
         if (!isInWord) words.emplace_back();
         isInWord = true;
-        if (letter == '"') {
+        if (letter == '"' && isQuoted && i + 1 < commandLine.size() && commandLine[i + 1] == '"') {
+            words.back().push_back(commandLine[++i]); // a doubled one stands for itself
+        } else if (letter == '"') {
             isQuoted = !isQuoted;
         } else {
             words.back().push_back(letter);

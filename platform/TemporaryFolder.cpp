@@ -42,11 +42,11 @@ std::optional<std::string> CreatePrivateFolder(FileLayer& files, const std::stri
     for (int attempt = 0; attempt < attempts; ++attempt, ++ticks) {
         std::string path = start + std::to_string(ticks);
         switch (files.CreateFolder(path)) {
-        case FolderCreation::Created:
+        case Creation::Created:
             return path;
-        case FolderCreation::AlreadyThere:
+        case Creation::AlreadyThere:
             continue;
-        case FolderCreation::Failed:
+        case Creation::Failed:
             return std::nullopt;
         }
     }

@@ -152,7 +152,7 @@ void MaterialCO2ReportDialog::DrawBar(const host::DialogMessageData& cell) {
     const double bottom = top + cell.area.height;
     cell.context->FillRectangle(left + bar.left, top + BarMargin, left + bar.right, bottom - BarMargin,
                                 row.kind == MaterialReportRow::Kind::Layer ? LayerBar : MaterialBar);
-    const double zeroLine = left + std::min<double>(bar.zeroLine, cell.area.width - 1);
+    const double zeroLine = left + bar.zeroLine;
     cell.context->FillRectangle(zeroLine, top, zeroLine + 1, bottom, ZeroLine);
 }
 

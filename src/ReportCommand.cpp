@@ -7,6 +7,7 @@
 
 #include "General/CallbackGuard.h"
 #include "General/UInterface.h"
+#include "host/Model.h"
 #include "host/UserInput.h"
 #include "lca/Numbers.h"
 #include "platform/Text.h"
@@ -71,20 +72,19 @@ std::vector<lca::SheetRow> BuildMaterialSheet(host::Host& host, const lca::Mater
 }
 
 /// Empty where the picture could not be written: the report then does without it.
-std::string DrawChart(host::Host& host, MainPalette& palette, std::int16_t item, StringId fileName) {
+std::string DrawChart(host::Host& host, MainPalette& palette, std::int16_t item, StringId fileName,
+                      const PictureSize& size) {
     std::string path;
-    host::ErrorCode error = host.GetPictures().ReadSpecialFolder(host::TemporaryFolder, path);
-    if (error == host::NoError) {
-        path.append("/").append(ReadText(host, fileName));
-        const host::Rectangle place = host.GetDialogItems().ReadRectangle(palette.GetDialog(), item);
-        error = host.GetPictures().WriteJpeg(path, place.width, place.height, PictureScale,
-                                             [&](host::NativeContext& context) {
-                                                 palette.DrawChart(item, context, {0, 0, place.width, place.height});
-                                             });
-    }
-    if (error == host::NoError) return path;
-    General::ReportHostError(host, "drawing a chart for the report", error);
-    return {};
+    const host::ErrorCode noFolder = host.GetPictures().ReadSpecialFolder(host::TemporaryFolder, path);
+    General::ReportHostError(host, "finding the folder for temporary files", noFolder);
+    if (noFolder != host::NoError) return {};
+    path.append("/").append(ReadText(host, fileName));
+    const host::Rectangle area{0, 0, static_cast<std::int16_t>(size.width), static_cast<std::int16_t>(size.height)};
+    const host::ErrorCode notDrawn =
+        host.GetPictures().WriteJpeg(path, size.width, size.height, PictureScale,
+                                     [&](host::NativeContext& context) { palette.DrawChart(item, context, area); });
+    General::ReportHostError(host, ("drawing the chart " + path).c_str(), notDrawn);
+    return notDrawn == host::NoError ? path : std::string();
 }
 
 std::vector<LegendEntry> BuildLegend(host::Host& host, const lca::LCAProjectData& record) {
@@ -98,17 +98,20 @@ std::vector<LegendEntry> BuildLegend(host::Host& host, const lca::LCAProjectData
 SpreadsheetReport BuildReport(host::Host& host, AddOnContext& context) {
     MainPalette& palette = context.mainPalette;
     SpreadsheetReport report;
+    const auto readLabel = [&](std::int16_t item) { return host.GetDialogItems().ReadText(palette.GetDialog(), item); };
     report.resultSheetName = lca::MakeSheetName(ReadText(host, Report::ResultSheetName));
     report.materialSheetName = lca::MakeSheetName(ReadText(host, Report::MaterialSheetName));
+    General::ReportHostError(host, "reading the project's name", host.GetModel().ReadProjectName(report.projectName));
+    report.lastUpdate = readLabel(PaletteItems::LastUpdateLabel) + " " + palette.GetLastUpdateText();
     report.resultColumnWidth = lca::ParseDecimal(ReadText(host, ReportColumns::ColumnWidth)).value_or(0.0);
     report.resultRows =
         lca::BuildResultSheet(context.projectData, palette.GetBaseSums(), palette.GetResults(), ReadSheetTexts(host));
     report.materialRows = BuildMaterialSheet(host, context.materialSums);
-    const auto readLabel = [&](std::int16_t item) { return host.GetDialogItems().ReadText(palette.GetDialog(), item); };
-    report.pieChart = {readLabel(PaletteItems::PieLabel),
-                       DrawChart(host, palette, PaletteItems::PieChart, Report::PieChartFile)};
-    report.barChart = {readLabel(PaletteItems::BarLabel),
-                       DrawChart(host, palette, PaletteItems::BarChart, Report::BarChartFile)};
+    report.pieChart.file = DrawChart(host, palette, PaletteItems::PieChart, Report::PieChartFile, PiePictureSize);
+    report.barChart.file = DrawChart(host, palette, PaletteItems::BarChart, Report::BarChartFile, BarPictureSize);
+    if (!palette.GetCharts().GetPieValues().empty()) report.pieChart.title = readLabel(PaletteItems::PieLabel);
+    if (palette.GetCharts().GetBarEntries().size() >= lca::FewestBars)
+        report.barChart.title = readLabel(PaletteItems::BarLabel);
     report.legend = BuildLegend(host, context.projectData);
     return report;
 }
@@ -128,11 +131,12 @@ void GenerateReport(host::Host& host, AddOnContext& context) {
         ShowTextAlert(host, host::AlertType::Warning, Alerts::WarningTitle, Report::FileNameTooShort, {}, Alerts::Ok);
         return;
     }
-    const ReportOutcome outcome = WriteSpreadsheetReport(BuildReport(host, context), *path);
+    const auto [outcome, failure] = WriteSpreadsheetReport(BuildReport(host, context), *path);
     if (outcome == ReportOutcome::WrittenWithoutPicture)
-        General::ReportFailure(&host, "writing the report", "a chart's picture is not there; it is left out");
+        General::ReportFailure(&host, "writing the report", "a chart's picture cannot be read; it is left out");
     if (outcome == ReportOutcome::Failed) {
         ShowTextAlert(host, host::AlertType::Error, Report::SaveTitle, Report::SaveFailed, {}, Alerts::Ok);
+        General::ReportFailure(&host, "writing the report", failure.c_str());
         return;
     }
     const std::int16_t pressed =

@@ -6,70 +6,94 @@
 #include "xlsx/Workbook.h"
 
 #include <algorithm>
+#include <array>
+#include <cmath>
 #include <iterator>
 #include <map>
 #include <optional>
 
 namespace {
 
-using lca::CellRole;
-
-/// Points. The result sheet's wide columns shrink on a printed page, so its letters are larger.
+/// Points. All columns of a sheet go on one page's width, which scales its letters, to 42% and 69% where a reader has
+/// no Calibri and takes a wider font. They are large enough to be of 8 points or more on paper even then. A row of the
+/// result sheet has room for two lines, its header for three.
 struct SheetSizes {
     int font;
-    double headerHeight, rowHeight;
+    double headerHeight, lineHeight;
 };
 
-constexpr SheetSizes ResultSizes{13, 48, 30}, MaterialSizes{11, 26, 18};
-/// Letters.
-constexpr double MaterialWidths[] = {34, 46, 22}, WidestColumn = 90;
-constexpr std::size_t ColumnMargin = 2;
+constexpr SheetSizes ResultSizes{20, 80, 26}, MaterialSizes{12, 26, 18};
+constexpr double ResultRowHeight = 2 * ResultSizes.lineHeight, NoteRowHeight = 27, FillerRowHeight = 8;
+/// Letters. Longer names of layers and materials go on in further lines.
+constexpr double MaterialWidths[] = {34, 46, 22};
+constexpr double LettersPerWidth = 0.8; ///< that surely fit, as capitals are wider than digits
 
-/// Below the rows the legend stands in the first column, and the pictures beside it, in the proportions of the
-/// palette's charts. Their places are told in absolute lengths, because readers differ in how wide a letter of a column
-/// is: the first column is some 215 pixels wide here and 280 there.
-constexpr unsigned PieColumn = 1, BarColumn = 4; ///< of their titles, from 0
+/// Below the rows stand the pictures side by side, each below its title, and the legend is a row below them. The
+/// pictures' places are absolute lengths, as readers differ in how wide a column's letter is: the fifth column begins
+/// 840 pixels from the left where letters are narrowest and 1120 where there is no Calibri, so that its title stands
+/// above the left quarter of its picture. The pictures are so much larger than they are drawn that their letters, too,
+/// are of 8 points or more on paper.
+constexpr unsigned PieColumn = 0, BarColumn = 4; ///< of their titles, from 0
 constexpr std::int64_t EmuPerPixel = Xlsx::emuPerInch / 96;
-constexpr std::int64_t PictureHeight = 424 * EmuPerPixel; ///< both then end with the last column
-constexpr std::int64_t PieLeft = 285 * EmuPerPixel;
-constexpr Xlsx::AnchorSize PieSize{PictureHeight * 350 / 230, PictureHeight};
-constexpr Xlsx::AnchorSize BarSize{PictureHeight * 520 / 230, PictureHeight};
-constexpr double PictureHeightPoints = static_cast<double>(PictureHeight) / Xlsx::emuPerPoint;
-constexpr double LegendRowHeight = 22, FillerRowHeight = 15; ///< points
+constexpr std::int64_t BarLeft = 840 * EmuPerPixel;
+constexpr double PictureScale = 2.34;
+
+constexpr Xlsx::AnchorSize ScalePicture(const PictureSize& size) {
+    return {static_cast<std::int64_t>(size.width * PictureScale * EmuPerPixel),
+            static_cast<std::int64_t>(size.height * PictureScale * EmuPerPixel)};
+}
+constexpr int PictureRows = 2; ///< none may be higher than 409 points
+constexpr double PictureRowHeight =
+    static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::emuPerPoint / PictureRows + 3;
+static_assert(ScalePicture(PiePictureSize).width <= BarLeft, "the pictures overlap");
+
+/// Whether the file can be read and begins as a JPEG file does.
+bool IsReadable(const ReportPicture& picture) {
+    const std::optional<std::string> path = platform::NarrowFromWide(platform::WideFromUtf8(picture.file));
+    const auto file = path ? platform::OperatingSystemFiles().OpenForReading(*path) : nullptr;
+    constexpr std::array<unsigned char, 3> JpegStart{0xFF, 0xD8, 0xFF};
+    std::array<unsigned char, JpegStart.size()> start{};
+    return file && file->Read(start.data(), start.size()).value_or(0) == start.size() && start == JpegStart;
+}
+
+double FindResultHeight(const lca::SheetRow& row) {
+    if (row.empty()) return FillerRowHeight;
+    switch (row.front().role) {
+    case lca::CellRole::Header:
+        return ResultSizes.headerHeight;
+    case lca::CellRole::NoteLabel:
+        return NoteRowHeight;
+    default:
+        return ResultRowHeight;
+    }
+}
 
 /// Points from the sheet's top to the pictures: the rows, a gap, and the titles.
 double FindPictureTop(const std::vector<lca::SheetRow>& rows) {
-    return ResultSizes.headerHeight + ResultSizes.rowHeight * static_cast<double>(rows.size() - 1) + FillerRowHeight +
-           ResultSizes.rowHeight;
+    double top = FillerRowHeight + ResultSizes.lineHeight;
+    for (const lca::SheetRow& row : rows)
+        top += FindResultHeight(row);
+    return top;
 }
 
-bool IsThere(const ReportPicture& picture) {
-    const std::optional<std::string> path = platform::NarrowFromWide(platform::WideFromUtf8(picture.file));
-    const std::optional<platform::FileFacts> facts = path ? platform::FactsOf(*path) : std::nullopt;
-    return facts && (facts->attributes & platform::Directory) == 0;
-}
-
-/// As wide as the longest text wants, within bounds.
-std::vector<Xlsx::ColumnWidth> FitColumns(const std::vector<lca::SheetRow>& rows) {
-    std::vector<Xlsx::ColumnWidth> widths;
-    for (unsigned column = 0; column < std::size(MaterialWidths); ++column) {
-        double width = MaterialWidths[column];
-        for (const lca::SheetRow& row : rows) {
-            const std::size_t letters = platform::WideFromUtf8(row[column].text).size();
-            width = std::max(width, std::min(static_cast<double>(letters + ColumnMargin), WidestColumn));
-        }
-        widths.push_back({column + 1, column + 1, width});
+/// Lines that the names of a material row take.
+double CountLines(const lca::SheetRow& row) {
+    double lines = 1;
+    for (std::size_t column = 0; column < row.size(); ++column) {
+        const auto letters = static_cast<double>(platform::WideFromUtf8(row[column].text).size());
+        lines = std::max(lines, std::ceil(letters / (MaterialWidths[column] * LettersPerWidth)));
     }
-    return widths;
+    constexpr double MostLines = 20; // no row is higher than 409 points
+    return std::min(lines, MostLines);
 }
 
 class ReportWriter {
 public:
-    ReportOutcome Write(const SpreadsheetReport& report, const std::string& path) {
+    WrittenReport Write(const SpreadsheetReport& report, const std::string& path) {
         WriteResults(report);
         WriteMaterials(report);
-        if (!workbook.Save(platform::WideFromUtf8(path))) return ReportOutcome::Failed;
-        return isPictureMissing ? ReportOutcome::WrittenWithoutPicture : ReportOutcome::Written;
+        if (!workbook.Save(platform::WideFromUtf8(path))) return {ReportOutcome::Failed, workbook.Failure()};
+        return {isPictureMissing ? ReportOutcome::WrittenWithoutPicture : ReportOutcome::Written, {}};
     }
 
 private:
@@ -79,22 +103,38 @@ private:
             widths.push_back({column, column, report.resultColumnWidth});
         Xlsx::CWorksheet& sheet = workbook.AddSheet(report.resultSheetName, widths, {{}, Xlsx::PageScale::FitWidth});
         SetPage(sheet);
-        WriteRows(sheet, report.resultRows, ResultSizes);
+        SetHeader(sheet, report, ResultSizes);
+        for (const lca::SheetRow& row : report.resultRows)
+            WriteRow(sheet, row, ResultSizes, FindResultHeight(row));
         WritePictures(sheet, report);
     }
 
     void WriteMaterials(const SpreadsheetReport& report) {
-        Xlsx::CWorksheet& sheet = workbook.AddSheet(report.materialSheetName, FitColumns(report.materialRows),
-                                                    {Xlsx::FrozenPane{1, 0}, Xlsx::PageScale::FitWidth});
-        WriteRows(sheet, report.materialRows, MaterialSizes);
+        std::vector<Xlsx::ColumnWidth> widths;
+        for (unsigned column = 1; column <= std::size(MaterialWidths); ++column)
+            widths.push_back({column, column, MaterialWidths[column - 1]});
+        Xlsx::CWorksheet& sheet =
+            workbook.AddSheet(report.materialSheetName, widths, {Xlsx::FrozenPane{1, 0}, Xlsx::PageScale::FitWidth});
+        SetHeader(sheet, report, MaterialSizes);
+        double height = MaterialSizes.headerHeight;
+        for (const lca::SheetRow& row : report.materialRows) {
+            WriteRow(sheet, row, MaterialSizes, std::max(height, MaterialSizes.lineHeight * CountLines(row)));
+            height = MaterialSizes.lineHeight;
+        }
         RepeatHeader(report.materialSheetName);
     }
 
+    /// In letters of the cells' size.
+    static void SetHeader(Xlsx::CWorksheet& sheet, const SpreadsheetReport& report, const SheetSizes& sizes) {
+        sheet.SetPageHeader({report.projectName, {}, report.lastUpdate, static_cast<unsigned>(sizes.font)});
+    }
+
+    /// Inches; the upper margin holds the page header.
     static void SetPage(Xlsx::CWorksheet& sheet) {
         Xlsx::PageSetup page;
         page.orientation = Xlsx::PageOrientation::Landscape;
-        page.left = page.right = 0.4;
-        page.top = page.bottom = 0.5;
+        page.left = page.right = page.bottom = page.header = 0.22;
+        page.top = 0.5;
         sheet.SetPageSetup(page);
     }
 
@@ -106,14 +146,10 @@ private:
         workbook.DefineName({"_xlnm.Print_Titles", formula.append("'!$1:$1"), {}, 1});
     }
 
-    void WriteRows(Xlsx::CWorksheet& sheet, const std::vector<lca::SheetRow>& rows, const SheetSizes& sizes) {
-        double height = sizes.headerHeight;
-        for (const lca::SheetRow& row : rows) {
-            sheet.BeginRow(height);
-            for (const lca::SheetCell& cell : row)
-                AddCell(sheet, cell, GetStyle(cell.role, sizes.font));
-            height = sizes.rowHeight;
-        }
+    void WriteRow(Xlsx::CWorksheet& sheet, const lca::SheetRow& row, const SheetSizes& sizes, double height) {
+        sheet.BeginRow(height);
+        for (const lca::SheetCell& cell : row)
+            AddCell(sheet, cell, GetStyle(FindLook(cell), sizes.font));
     }
 
     static void AddCell(Xlsx::CWorksheet& sheet, const lca::SheetCell& cell, unsigned style) {
@@ -127,47 +163,44 @@ private:
         sheet.AddCell(lca::MakeCellText(text), style);
     }
 
-    unsigned GetStyle(CellRole role, int fontSize) {
-        const auto [entry, isNew] = styles.try_emplace({role, fontSize}, 0);
-        if (isNew) entry->second = workbook.AddStyle(MakeCellStyle(role, fontSize));
+    unsigned GetStyle(const CellLook& look, int fontSize) {
+        const auto [entry, isNew] = styles.try_emplace({look, fontSize}, 0);
+        if (isNew) entry->second = workbook.AddStyle(MakeCellStyle(look, fontSize));
         return entry->second;
     }
 
     void WritePictures(Xlsx::CWorksheet& sheet, const SpreadsheetReport& report) {
         const bool hasPie = TakesPicture(report.pieChart), hasBars = TakesPicture(report.barChart);
         if (!hasPie && !hasBars) return;
+        const std::string pieTitle = hasPie ? report.pieChart.title : std::string();
         sheet.BeginRow(FillerRowHeight);
-        WriteTitles(sheet, hasPie ? report.pieChart.title : std::string(),
-                    hasBars ? report.barChart.title : std::string());
+        WriteTitles(sheet, pieTitle, hasBars ? report.barChart.title : std::string());
         const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::emuPerPoint);
-        if (hasPie) AddPicture(sheet, report.pieChart, {PieLeft, top, PieSize});
-        if (hasBars) AddPicture(sheet, report.barChart, {PieLeft + PieSize.width, top, BarSize});
-        double height = 0;
-        if (hasPie) height = WriteLegend(sheet, report.legend);
-        // The page to be printed reaches as far down as the pictures.
-        for (; height < PictureHeightPoints; height += FillerRowHeight)
-            sheet.BeginRow(FillerRowHeight);
+        if (hasPie) AddPicture(sheet, report.pieChart, {0, top, ScalePicture(PiePictureSize)});
+        if (hasBars) AddPicture(sheet, report.barChart, {BarLeft, top, ScalePicture(BarPictureSize)});
+        // The page to be printed reaches as far down as the pictures. In few rows, as readers round the height of each
+        // on a scaled page.
+        for (int i = 0; i < PictureRows; ++i)
+            sheet.BeginRow(PictureRowHeight);
+        if (!pieTitle.empty()) WriteLegend(sheet, report.legend);
     }
 
     void WriteTitles(Xlsx::CWorksheet& sheet, const std::string& pie, const std::string& bars) {
         const unsigned style = workbook.AddStyle(MakePictureTitleStyle(ResultSizes.font));
-        sheet.BeginRow(ResultSizes.rowHeight);
+        sheet.BeginRow(ResultSizes.lineHeight);
         for (unsigned column = 0; column <= BarColumn; ++column)
             AddText(sheet, column == PieColumn ? pie : column == BarColumn ? bars : std::string(), style);
     }
 
-    /// returns  its height in points
-    double WriteLegend(Xlsx::CWorksheet& sheet, const std::vector<LegendEntry>& legend) {
-        for (const LegendEntry& entry : legend) {
-            sheet.BeginRow(LegendRowHeight);
+    void WriteLegend(Xlsx::CWorksheet& sheet, const std::vector<LegendEntry>& legend) {
+        sheet.BeginRow(ResultRowHeight);
+        for (const LegendEntry& entry : legend)
             AddText(sheet, entry.name, workbook.AddStyle(MakeLegendStyle(entry.argb, ResultSizes.font)));
-        }
-        return LegendRowHeight * static_cast<double>(legend.size());
     }
 
     bool TakesPicture(const ReportPicture& picture) {
         if (picture.file.empty()) return false;
-        if (IsThere(picture)) return true;
+        if (IsReadable(picture)) return true;
         isPictureMissing = true;
         return false;
     }
@@ -177,12 +210,12 @@ private:
     }
 
     Xlsx::CWorkbook workbook;
-    std::map<std::pair<CellRole, int>, unsigned> styles; ///< by role and letter size
+    std::map<std::pair<CellLook, int>, unsigned> styles; ///< by look and letter size
     bool isPictureMissing = false;
 };
 
 } // namespace
 
-ReportOutcome WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path) {
+WrittenReport WriteSpreadsheetReport(const SpreadsheetReport& report, const std::string& path) {
     return ReportWriter().Write(report, path);
 }

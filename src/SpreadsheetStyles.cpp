@@ -1,15 +1,15 @@
 #include "src/SpreadsheetStyles.h"
 
+#include <cmath>
 #include <cstdio>
 
 namespace {
 
 using lca::CellRole;
 
-constexpr char DarkFill[] = "FF274B5A", StageFill[] = "FFF3E3D3", PartFill[] = "FFDCE9F2", PerYearFill[] = "FF2B82E2";
-constexpr char LightText[] = "FFFFFFFF", DarkText[] = "FF1F2A30", NoteText[] = "FF5A6B73";
+constexpr char DarkFill[] = "FF274B5A", StageFill[] = "FFF3E3D3", PartFill[] = "FFDCE9F2", PerYearFill[] = "FF1F6FCB";
+constexpr char LightText[] = "FFFFFFFF", DarkText[] = "FF1F2A30", NoteText[] = "FF5A6B73", Black[] = "FF000000";
 constexpr char LineColour[] = "FFB7C4CB", LegendLine[] = "FFFFFFFF";
-constexpr double DarkestLight = 150.0; ///< brightness (0-255) from which on a fill takes dark letters
 
 Xlsx::Style MakeBase(int fontPoints) {
     Xlsx::Style style;
@@ -33,19 +33,22 @@ void SetBand(Xlsx::Style& style, const char* fill, const char* text) {
     SetText(style, text, Xlsx::Bold);
 }
 
-/// The blank of an empty suffix keeps the digits off the cell's edge.
-void SetNumber(Xlsx::Style& style, unsigned decimals) {
+/// The blank before the suffix keeps the digits off the cell's edge; the suffix itself is as wide as what is not shown.
+void SetNumber(Xlsx::Style& style, const CellLook& look) {
     style.numberFormat.id = Xlsx::firstCustomFormat;
     style.numberFormat.kind = Xlsx::NumberKind::Suffixed;
-    style.numberFormat.decimals = decimals;
+    style.numberFormat.decimals = look.decimals;
     style.numberFormat.hasThousandsSeparator = true;
+    if (look.decimals == 0 && look.mostDecimals > 0) style.numberFormat.suffix += "_.";
+    for (unsigned i = look.decimals; i < look.mostDecimals; ++i)
+        style.numberFormat.suffix += "_0";
     style.alignment.horizontal = Xlsx::HorizontalAlignment::Right;
 }
 
 void SetNote(Xlsx::Style& style) {
     SetText(style, NoteText, 0);
     style.border = {};
-    style.alignment.horizontal = Xlsx::HorizontalAlignment::Left;
+    style.alignment.wrapsText = false;
 }
 
 /// Fill and letters; what holds a number or a heading has its alignment from MakeCellStyle.
@@ -65,7 +68,6 @@ void SetColours(Xlsx::Style& style, CellRole role) {
         return SetBand(style, PartFill, DarkText);
     case CellRole::NoteLabel:
     case CellRole::NoteNumber:
-    case CellRole::NoteYears:
         return SetNote(style);
     case CellRole::Text:
     case CellRole::Number:
@@ -73,44 +75,49 @@ void SetColours(Xlsx::Style& style, CellRole role) {
     }
 }
 
+bool IsNumber(CellRole role) {
+    return role == CellRole::Number || role == CellRole::PartNumber || role == CellRole::TotalNumber ||
+           role == CellRole::TotalPerYear || role == CellRole::NoteNumber;
+}
+
+/// Of a colour against black, by the sRGB curve: 0 for black, 1 for white.
+double MeasureLuminance(std::uint32_t argb) {
+    const auto channel = [&](unsigned shift) {
+        const double share = ((argb >> shift) & 0xFFU) / 255.0;
+        return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * channel(16) + 0.7152 * channel(8) + 0.0722 * channel(0);
+}
+
 } // namespace
 
-Xlsx::Style MakeCellStyle(CellRole role, int fontPoints) {
-    constexpr unsigned Decimals = 2;
+CellLook FindLook(const lca::SheetCell& cell) {
+    if (!cell.number) return {cell.role, 0, 0};
+    return {cell.role, lca::CountShownDecimals(*cell.number, cell.decimals), cell.decimals};
+}
+
+Xlsx::Style MakeCellStyle(const CellLook& look, int fontPoints) {
     Xlsx::Style style = MakeBase(fontPoints);
     style.border.bottom = {Xlsx::BorderLine::Thin, LineColour};
-    switch (role) {
-    case CellRole::Number:
-    case CellRole::PartNumber:
-    case CellRole::TotalNumber:
-    case CellRole::TotalPerYear:
-    case CellRole::NoteNumber:
-        SetNumber(style, Decimals);
-        break;
-    case CellRole::NoteYears:
-        SetNumber(style, 0);
-        break;
-    case CellRole::NumberHeader:
-        style.alignment.horizontal = Xlsx::HorizontalAlignment::Right;
-        break;
-    default:
-        style.alignment.horizontal = Xlsx::HorizontalAlignment::Left;
-        break;
-    }
-    style.alignment.wrapsText = role == CellRole::Header || role == CellRole::NumberHeader;
-    SetColours(style, role);
+    style.alignment.wrapsText = !IsNumber(look.role);
+    style.alignment.horizontal = Xlsx::HorizontalAlignment::Left;
+    if (look.role == CellRole::NumberHeader) style.alignment.horizontal = Xlsx::HorizontalAlignment::Right;
+    if (IsNumber(look.role)) SetNumber(style, look);
+    SetColours(style, look.role);
     return style;
 }
 
 Xlsx::Style MakeLegendStyle(std::uint32_t argb, int fontPoints) {
-    const auto channel = [&](unsigned shift) { return (argb >> shift) & 0xFFU; };
-    const double brightness = 0.299 * channel(16) + 0.587 * channel(8) + 0.114 * channel(0);
+    constexpr double Flare = 0.05; ///< of the surroundings, added to both sides of a contrast
+    const double light = MeasureLuminance(argb) + Flare;
+    const bool isDark = (1.0 + Flare) / light > light / Flare;
     char colour[9];
     std::snprintf(colour, sizeof colour, "FF%06X", static_cast<unsigned>(argb & 0xFFFFFFU));
     Xlsx::Style style = MakeBase(fontPoints);
     SetFill(style, colour);
-    SetText(style, brightness < DarkestLight ? LightText : DarkText, 0);
-    style.border.bottom = {Xlsx::BorderLine::Medium, LegendLine}; // a gap between two colours
+    SetText(style, isDark ? LightText : Black, 0);
+    style.alignment.wrapsText = true;
+    style.border.right = {Xlsx::BorderLine::Medium, LegendLine}; // a gap between two colours
     return style;
 }
 

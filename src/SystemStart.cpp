@@ -19,6 +19,8 @@ bool OpenWithSystemStart(const std::string& address) {
 }
 
 bool OpenFileWithShell(const std::string& path) {
-    std::string commandLine = platform::openFileCommand;
-    return Start(commandLine.append("\"").append(path).append("\""), FileCommandSize);
+    std::string commandLine = std::string(platform::openFileCommand) + '"';
+    for (const char letter : path)
+        commandLine.append(letter == '"' ? 2 : 1, letter);
+    return Start(commandLine + '"', FileCommandSize);
 }

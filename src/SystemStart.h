@@ -7,5 +7,5 @@
 /// address is narrow text. False when the program cannot be started.
 bool OpenWithSystemStart(const std::string& address);
 
-/// path is narrow text and may hold blanks. False when the program cannot be started.
+/// path is narrow text and may hold blanks and double quotes. False when the program cannot be started.
 bool OpenFileWithShell(const std::string& path);

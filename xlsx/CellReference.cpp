@@ -17,4 +17,41 @@ std::string RangeReference(CellPlace first, CellPlace last) {
     return CellReference(first) + ":" + CellReference(last);
 }
 
+std::optional<CellPlace> CellOf(std::string_view reference) {
+    constexpr std::size_t mostLetters = 3, mostDigits = 7;
+    unsigned column = 0, row = 0; // from 1
+    std::size_t at = 0;
+    for (; at < reference.size() && at <= mostLetters; ++at) {
+        const int letter = (reference[at] | 0x20) - 'a';
+        if (letter < 0 || letter >= 26) break;
+        column = column * 26 + static_cast<unsigned>(letter) + 1;
+    }
+    const std::size_t digits = reference.size() - at;
+    if (at == 0 || at > mostLetters || digits == 0 || digits > mostDigits || reference[at] == '0') return std::nullopt;
+    for (; at < reference.size(); ++at) {
+        if (reference[at] < '0' || reference[at] > '9') return std::nullopt;
+        row = row * 10 + static_cast<unsigned>(reference[at] - '0');
+    }
+    const CellPlace place{row - 1, column - 1};
+    return IsInSheet(place) ? std::optional(place) : std::nullopt;
+}
+
+std::optional<CellRange> RangeOf(std::string_view reference) {
+    const std::size_t colon = reference.find(':');
+    if (colon == std::string_view::npos) return std::nullopt;
+    const std::optional<CellPlace> first = CellOf(reference.substr(0, colon));
+    const std::optional<CellPlace> last = CellOf(reference.substr(colon + 1));
+    if (!first || !last || first->row > last->row || first->column > last->column) return std::nullopt;
+    return CellRange{*first, *last};
+}
+
+bool IsInSheet(CellPlace place) {
+    return place.row < mostRows && place.column < mostColumns;
+}
+
+bool DoOverlap(const CellRange& one, const CellRange& other) {
+    return one.first.row <= other.last.row && other.first.row <= one.last.row &&
+           one.first.column <= other.last.column && other.first.column <= one.last.column;
+}
+
 } // namespace Xlsx

@@ -2,6 +2,7 @@
 
 #include "platform/System.h"
 #include "platform/TemporaryFolder.h"
+#include "platform/Text.h"
 #include "zip/ZipArchiveWriter.h"
 
 #include <algorithm>
@@ -13,6 +14,8 @@ namespace {
 
 constexpr std::size_t copySize = 1 << 14;
 constexpr int nameAttempts = 1000;
+constexpr std::size_t mostTemporaryLetters = 12;
+constexpr std::uint64_t threadDistance = 1000003; // keeps the names of two threads apart
 
 bool CopyContent(platform::InputFile& source, PartFile& part) {
     std::array<char, copySize> piece;
@@ -24,13 +27,35 @@ bool CopyContent(platform::InputFile& source, PartFile& part) {
     }
 }
 
-// A name beside the target that no file has.
-std::optional<std::string> NameBeside(platform::FileLayer& files, const std::string& targetPath) {
-    const std::string start = targetPath + "." + std::to_string(platform::ThreadId()) + "_";
-    std::uint64_t ticks = platform::ProcessClockTicks();
-    for (int attempt = 0; attempt < nameAttempts; ++attempt, ++ticks) {
-        std::string path = start + std::to_string(ticks) + ".tmp";
-        if (!files.OpenForReading(path)) return path;
+// As many letters as asked: "~", digits of the number, and ".tmp" where there is room for all of it.
+std::string TemporaryName(std::uint64_t number, std::size_t letters) {
+    static constexpr char digits[] = "0123456789abcdefghijklmnopqrstuvwxyz";
+    const std::string end = letters == mostTemporaryLetters ? ".tmp" : "";
+    std::string name = letters > 1 ? "~" : "";
+    for (; name.size() < letters - end.size(); number /= 36) {
+        name += digits[number % 36];
+    }
+    return name + end;
+}
+
+// Creates an empty file beside the target. Its name is no longer than the target's, as a longer one may have no place
+// there.
+std::optional<std::string> CreateBeside(platform::FileLayer& files, const std::string& targetPath) {
+    const std::size_t nameStart = targetPath.find_last_of("/\\:") + 1; // 0 where there is no folder
+    const std::optional<std::wstring> name = platform::WideFromNarrow(targetPath.substr(nameStart));
+    if (!name || name->empty()) return std::nullopt;
+    const std::size_t letters = std::min(name->size(), mostTemporaryLetters);
+    std::uint64_t number = platform::ThreadId() * threadDistance + platform::ProcessClockTicks();
+    for (int attempt = 0; attempt < nameAttempts; ++attempt, ++number) {
+        std::string path = targetPath.substr(0, nameStart) + TemporaryName(number, letters);
+        switch (files.CreateEmpty(path, targetPath)) {
+        case platform::Creation::Created:
+            return path;
+        case platform::Creation::AlreadyThere:
+            continue;
+        case platform::Creation::Failed:
+            return std::nullopt;
+        }
     }
     return std::nullopt;
 }
@@ -65,11 +90,12 @@ bool Package::CopyPart(const std::string& path, const std::string& sourcePath) {
 }
 
 bool Package::Pack(const std::string& targetPath) {
-    if (!platform::MayReplace(targetPath)) return false;
-    const std::optional<std::string> archivePath = NameBeside(files, targetPath);
+    const std::optional<std::string> target = platform::FollowLinks(targetPath);
+    if (!target || !platform::MayReplace(*target)) return false;
+    const std::optional<std::string> archivePath = CreateBeside(files, *target);
     if (!archivePath) return false;
-    if (WriteArchive(*archivePath) && files.Replace(*archivePath, targetPath)) return true;
-    static_cast<void>(files.RemoveFile(*archivePath)); // it may not have come to be
+    if (WriteArchive(*archivePath) && files.Replace(*archivePath, *target)) return true;
+    static_cast<void>(files.RemoveFile(*archivePath)); // a failure to write is told already
     return false;
 }
 
@@ -100,7 +126,7 @@ bool Package::CreateFolders(const std::string& path) {
     for (std::size_t end = path.find('/', 1); end != std::string::npos; end = path.find('/', end + 1)) {
         const std::string made = path.substr(0, end);
         if (std::find(folderPaths.begin(), folderPaths.end(), made) != folderPaths.end()) continue;
-        if (files.CreateFolder(*folder + made) == platform::FolderCreation::Failed) return false;
+        if (files.CreateFolder(*folder + made) == platform::Creation::Failed) return false;
         folderPaths.push_back(made);
     }
     return true;

@@ -34,7 +34,8 @@ public:
     [[nodiscard]] bool CopyPart(const std::string& path, const std::string& sourcePath);
 
     /// Packs the parts in the order of the list into a file beside the target, which takes the target's name when it is
-    /// whole. After false the file at the target is as it was.
+    /// whole, and keeps the permissions of a file that it replaces. A symbolic link stays; where it leads is written.
+    /// After false the file at the target is as it was, and so is a target that is no ordinary file.
     /// targetPath  narrow text
     [[nodiscard]] bool Pack(const std::string& targetPath);
 

@@ -1,14 +1,17 @@
 #include "xlsx/Workbook.h"
 
 #include "platform/System.h"
+#include "platform/TemporaryFolder.h"
 #include "platform/Text.h"
 #include "xlsx/ChartWriter.h"
 #include "xlsx/CommentsWriter.h"
+#include "xlsx/NameRules.h"
 #include "xlsx/PackageParts.h"
 #include "xlsx/StylesWriter.h"
 #include "xlsx/Theme.h"
 
 #include <algorithm>
+#include <set>
 
 namespace Xlsx {
 
@@ -31,10 +34,11 @@ CWorkbook::~CWorkbook() = default;
 
 CWorksheet& CWorkbook::AddSheet(const std::string& title, const std::vector<ColumnWidth>& columns,
                                 const SheetView& view) {
-    const WorksheetContext context = {content->package, content->strings, content->comments};
-    content->worksheets.push_back(
-        std::make_unique<CWorksheet>(content->nextSheetId++, title, NewDrawing(), context, columns, view));
-    return *content->worksheets.back();
+    const WorksheetContext context = {content->package, content->strings, content->comments, content->styles,
+                                      content->refusals};
+    auto sheet = std::make_unique<CWorksheet>(content->nextSheetId++, title, NewDrawing(), context, columns, view);
+    CheckSheetName(sheet->Title());
+    return *content->worksheets.emplace_back(std::move(sheet));
 }
 
 CWorksheet& CWorkbook::AddSheet(const std::wstring& title, const std::vector<ColumnWidth>& columns,
@@ -43,6 +47,7 @@ CWorksheet& CWorkbook::AddSheet(const std::wstring& title, const std::vector<Col
 }
 
 CChartsheet& CWorkbook::AddChartsheet(const std::string& title) {
+    CheckSheetName(title);
     content->chartsheets.push_back(
         std::make_unique<CChartsheet>(content->nextSheetId++, title, NewDrawing(), NewChart()));
     return *content->chartsheets.back();
@@ -60,7 +65,8 @@ void CWorkbook::AddPicture(CWorksheet& sheet, const std::wstring& path, ImageKin
     if (name)
         sheet.Drawing().PlacePicture(*name, anchor);
     else
-        isPictureMissing = true;
+        content->refusals.Add("picture '" + platform::Utf8FromWide(path) +
+                              "' cannot be copied below the temporary folder '" + platform::TemporaryRoot() + "'");
 }
 
 unsigned CWorkbook::AddStyle(const Style& style) {
@@ -76,15 +82,57 @@ void CWorkbook::SetActiveSheet(unsigned position) {
 }
 
 bool CWorkbook::Save(const std::wstring& path) {
-    if (isSpent) return false;
+    Refusals& refusals = content->refusals;
+    if (isSpent) {
+        refusals.Add("a workbook is saved once only");
+        return false;
+    }
     isSpent = true;
-    const std::optional<std::string> narrow = platform::NarrowFromWide(path);
-    const bool isSaved = narrow && WriteParts() && content->package.Pack(*narrow);
+    if (content->worksheets.empty() && content->chartsheets.empty()) refusals.Add("a workbook without sheets");
+    CheckDefinedNames();
+    const bool isSaved = refusals.IsEmpty() && PackInto(path);
     for (const auto& sheet : content->worksheets) {
         sheet->Abandon();
     }
     content->package.Clear();
     return isSaved;
+}
+
+const std::string& CWorkbook::Failure() const {
+    return content->refusals.First();
+}
+
+bool CWorkbook::PackInto(const std::wstring& path) {
+    const std::optional<std::string> narrow = platform::NarrowFromWide(path);
+    if (!narrow || path.find(L'\0') != std::wstring::npos) {
+        content->refusals.Add("'" + platform::Utf8FromWide(path) + "' is no path here");
+    } else if (!WriteParts()) {
+        content->refusals.Add("a part cannot be written below the temporary folder '" + platform::TemporaryRoot() +
+                              "'");
+    } else if (!content->package.Pack(*narrow)) {
+        content->refusals.Add("'" + platform::Utf8FromWide(path) + "' cannot be written");
+    } else {
+        return true;
+    }
+    return false;
+}
+
+void CWorkbook::CheckSheetName(const std::string& title) {
+    const bool isNew = content->sheetNames.insert(WithoutCase(title)).second;
+    if (!IsSheetName(title) || !isNew)
+        content->refusals.Add("'" + title + "' as the name of " + (isNew ? "a sheet" : "a second sheet"));
+}
+
+void CWorkbook::CheckDefinedNames() {
+    std::set<std::string> taken; // with the sheet that a name is seen in
+    for (const DefinedName& each : content->definedNames) {
+        const bool isSheetThere = !each.sheetPosition || *each.sheetPosition + 1 < content->nextSheetId;
+        const std::string scope = each.sheetPosition ? std::to_string(*each.sheetPosition) : std::string();
+        const std::size_t letters = LetterCount(each.formula);
+        const bool isSound = IsDefinedName(each.name) && letters > 0 && letters <= mostFormulaLetters && isSheetThere;
+        if (!isSound || !taken.insert(scope + "!" + WithoutCase(each.name)).second)
+            content->refusals.Add("'" + each.name + "' as a defined name with this sheet and formula");
+    }
 }
 
 CDrawing& CWorkbook::NewDrawing() {
@@ -98,9 +146,8 @@ CChart& CWorkbook::NewChart() {
 }
 
 bool CWorkbook::WriteParts() {
-    const bool isEmpty = content->worksheets.empty() && content->chartsheets.empty();
-    return !isEmpty && !isPictureMissing && WriteCoreProperties(*content, platform::LocalTime()) &&
-           WriteApplicationProperties(*content) && WriteContentTypes(*content) && WriteTheme(content->package) &&
+    return WriteCoreProperties(*content, platform::LocalTime()) && WriteApplicationProperties(*content) &&
+           WriteContentTypes(*content) && WriteTheme(content->package) &&
            WriteComments(content->package, content->comments, content->author) && WriteSharedStrings(*content) &&
            WriteStyles(content->package, content->styles) && WriteWorkbook(*content) && WriteSheets();
 }

@@ -6,12 +6,14 @@
 #include "xlsx/Comment.h"
 #include "xlsx/Drawing.h"
 #include "xlsx/Media.h"
+#include "xlsx/Refusals.h"
 #include "xlsx/SharedStrings.h"
 #include "xlsx/StyleRegistry.h"
 #include "xlsx/Worksheet.h"
 
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,12 +36,14 @@ struct WorkbookContent {
     SharedStrings strings;
     CommentList comments;
     CStyleRegistry styles;
+    Refusals refusals;
     std::vector<DefinedName> definedNames;
     std::vector<std::unique_ptr<CChart>> charts;
     std::vector<std::unique_ptr<CDrawing>> drawings;
     std::vector<std::unique_ptr<CWorksheet>> worksheets;
     std::vector<std::unique_ptr<CChartsheet>> chartsheets;
-    unsigned nextSheetId = 1; // of both kinds of sheets
+    std::set<std::string> sheetNames; // of both kinds of sheets, without case
+    unsigned nextSheetId = 1;         // of both kinds of sheets
     unsigned activeSheet = 0;
 
     [[nodiscard]] bool HasFormulas() const;

@@ -41,8 +41,8 @@ void AdvanceLetters(std::string& letters) {
 
 void WriteView(XmlWriter& xml, const SheetView& view) {
     xml.Start("sheetViews");
-    xml.Start("sheetView", {{"showGridLines", 1}, {"tabSelected", 0}, {"workbookViewId", 0}});
-    if (view.frozenPane) {
+    xml.Start("sheetView", {{"tabSelected", 0}, {"showGridLines", 1}, {"workbookViewId", 0}});
+    if (view.frozenPane && (view.frozenPane->rows > 0 || view.frozenPane->columns > 0)) {
         const FrozenPane& pane = *view.frozenPane;
         const bool hasRows = pane.rows > 0;
         xml.Start("pane");
@@ -66,7 +66,18 @@ void WriteColumns(XmlWriter& xml, const std::vector<ColumnWidth>& columns) {
     xml.End();
 }
 
-void WriteBreaks(XmlWriter& xml, const char* name, const std::vector<unsigned>& breaks, unsigned last) {
+// In ascending order and apart, each as wide as a program can show it.
+bool AreSound(const std::vector<ColumnWidth>& columns) {
+    unsigned taken = 0;
+    for (const ColumnWidth& column : columns) {
+        const bool isWidth = column.width >= 0 && column.width <= mostColumnWidth;
+        if (column.first <= taken || column.last < column.first || column.last > mostColumns || !isWidth) return false;
+        taken = column.last;
+    }
+    return true;
+}
+
+void WriteBreaks(XmlWriter& xml, const char* name, const std::set<unsigned>& breaks, unsigned last) {
     if (breaks.empty()) return;
     xml.Start(name, {{"manualBreakCount", breaks.size()}});
     for (const unsigned each : breaks) {
@@ -81,7 +92,18 @@ CWorksheet::CWorksheet(unsigned id, const std::string& title, CDrawing& drawing,
                        const std::vector<ColumnWidth>& columns, const SheetView& view)
     : CSheet(id, title.empty() ? "Sheet 1" : title, drawing), context(context),
       part(context.package.CreatePart("/xl/worksheets/" + FileName())), xml(part), pageScale(view.pageScale) {
+    CheckView(columns, view);
     WriteBeginning(columns, view);
+}
+
+void CWorksheet::Refuse(const std::string& what) {
+    context.refusals.Add("sheet '" + Title() + "': " + what);
+}
+
+void CWorksheet::CheckView(const std::vector<ColumnWidth>& columns, const SheetView& view) {
+    if (!AreSound(columns)) Refuse("column widths that overlap, do not ascend, or are none");
+    if (view.frozenPane && !IsInSheet({view.frozenPane->rows, view.frozenPane->columns}))
+        Refuse("a frozen pane outside the sheet");
 }
 
 void CWorksheet::WriteBeginning(const std::vector<ColumnWidth>& columns, const SheetView& view) {
@@ -105,10 +127,8 @@ void CWorksheet::WriteBeginning(const std::vector<ColumnWidth>& columns, const S
 
 void CWorksheet::BeginRow(double height) {
     EndRow();
-    if (row >= mostRows) {
-        isRefused = true;
-        return;
-    }
+    if (row >= mostRows) return Refuse("more than " + std::to_string(mostRows) + " rows");
+    if (height > mostRowHeight) Refuse("row " + std::to_string(row + 1) + " of " + NumberText(height) + " points");
     isInRow = true;
     ++row;
     column = 0;
@@ -129,15 +149,25 @@ void CWorksheet::EndRow() {
     isInRow = false;
 }
 
-bool CWorksheet::TakesCell(std::string_view text) {
-    const bool isTaken =
-        isInRow && column < mostColumns && (text.size() <= mostCellLetters || LetterCount(text) <= mostCellLetters);
-    if (!isTaken) isRefused = true;
-    return isTaken;
+bool CWorksheet::TakesCell(std::string_view text, unsigned style) {
+    const bool isFormula = text.size() > 1 && text.front() == '=';
+    const std::size_t most = isFormula ? mostFormulaLetters + 1 : mostCellLetters;
+    const bool isTooLong = text.size() > most && LetterCount(text) > most; // a letter is a byte or more
+    const bool isStyle = style < context.styles.CellFormats().size();
+    if (isInRow && column < mostColumns && !isTooLong && isStyle) return true;
+    if (!isInRow)
+        Refuse("a cell outside a row");
+    else if (column >= mostColumns)
+        Refuse("more than " + std::to_string(mostColumns) + " columns");
+    else if (isTooLong)
+        Refuse("cell " + columnLetters + std::to_string(row) + " of more than " + std::to_string(most) + " letters");
+    else
+        Refuse("cell " + columnLetters + std::to_string(row) + " with a style that was not added");
+    return false;
 }
 
 void CWorksheet::AddCell(const std::string& text, unsigned style) {
-    if (!TakesCell(text)) return;
+    if (!TakesCell(text, style)) return;
     if (text.size() > 1 && text.front() == '=') {
         WriteFormula(std::string_view(text).substr(1), style);
     } else if (!text.empty()) {
@@ -155,7 +185,7 @@ void CWorksheet::AddCell(const std::wstring& text, unsigned style) {
 }
 
 void CWorksheet::AddCell(double number, unsigned style) {
-    if (!TakesCell({})) return;
+    if (!TakesCell({}, style)) return;
     StartCell(style);
     const bool isFinite = std::isfinite(number);
     if (!isFinite) xml.PlainAttribute("t", "e");
@@ -200,11 +230,32 @@ void CWorksheet::WriteSharedText(const std::string& text, unsigned style) {
     xml.End();
 }
 
+void CWorksheet::MergeCells(const std::string& reference) {
+    const std::optional<CellRange> range = RangeOf(reference);
+    const bool isOne = range && range->first.row == range->last.row && range->first.column == range->last.column;
+    if (!range || isOne) return Refuse("'" + reference + "' is no range to merge");
+    for (const CellRange& earlier : mergedRanges) {
+        if (DoOverlap(earlier, *range))
+            return Refuse("merging '" + reference + "' over " + RangeReference(earlier.first, earlier.last));
+    }
+    mergedRanges.push_back(*range);
+}
+
+void CWorksheet::AddBreak(std::set<unsigned>& breaks, unsigned after, unsigned end) {
+    if (after == 0 || after >= end) return Refuse("a page break at " + std::to_string(after));
+    breaks.insert(after);
+    if (breaks.size() > mostBreaks) Refuse("more than " + std::to_string(mostBreaks) + " page breaks of one kind");
+}
+
+void CWorksheet::AddComment(const Comment& comment) {
+    if (!IsInSheet(comment.place)) return Refuse("a comment outside the sheet");
+    context.comments.Add(Id(), comment);
+}
+
 bool CWorksheet::Finish() {
     EndRow();
     WriteEnd();
-    const bool isWhole = part.Close() && !isRefused;
-    return isWhole && WriteSheetRelationships();
+    return part.Close() && WriteSheetRelationships();
 }
 
 void CWorksheet::Abandon() {
@@ -215,8 +266,8 @@ void CWorksheet::WriteEnd() {
     xml.End();
     if (!mergedRanges.empty()) {
         xml.Start("mergeCells", {{"count", mergedRanges.size()}});
-        for (const std::string& range : mergedRanges) {
-            xml.Leaf("mergeCell", {{"ref", range, TextKind::Prose}});
+        for (const CellRange& range : mergedRanges) {
+            xml.Leaf("mergeCell", {{"ref", RangeReference(range.first, range.last)}});
         }
         xml.End();
     }
@@ -237,6 +288,16 @@ void CWorksheet::WritePage() {
     xml.Start("pageSetup", {{"paperSize", 9}});
     if (pageScale == PageScale::FitWidth) xml.Attribute({"fitToHeight", 0}); // as many pages as it takes
     xml.Attribute({"orientation", pageSetup.orientation == PageOrientation::Landscape ? "landscape" : "portrait"});
+    xml.End();
+    WriteHeaderAndFooter();
+}
+
+void CWorksheet::WriteHeaderAndFooter() {
+    if (pageHeader.empty() && pageFooter.empty()) return;
+    xml.Start("headerFooter");
+    if (!scalesPageLines) xml.Attribute({"scaleWithDoc", 0});
+    if (!pageHeader.empty()) xml.TextElement("oddHeader", pageHeader);
+    if (!pageFooter.empty()) xml.TextElement("oddFooter", pageFooter);
     xml.End();
 }
 

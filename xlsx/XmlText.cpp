@@ -105,13 +105,7 @@ bool HasBlankEnd(std::string_view text) {
 }
 
 std::size_t LetterCount(std::string_view text) {
-    std::size_t count = 0;
-    for (const char letter : text) {
-        const unsigned char byte = static_cast<unsigned char>(letter);
-        if ((byte & 0xC0) != 0x80) ++count;
-        if (byte >= 0xF0) ++count; // beyond U+FFFF: two units
-    }
-    return count;
+    return platform::Utf16FromUtf8(std::string(text)).size();
 }
 
 std::string NumberText(double value) {

@@ -20,7 +20,8 @@ void AppendXmlText(std::string& out, std::string_view text, TextKind kind, TextP
 /// Whether a reader could take blanks, tabs or line feeds at either end for layout.
 [[nodiscard]] bool HasBlankEnd(std::string_view text);
 
-/// Number of UTF-16 units of a UTF-8 text, in which spreadsheets measure a cell's length.
+/// Number of UTF-16 units of a UTF-8 text, in which spreadsheets measure a cell's length; each byte that is no UTF-8 is
+/// one, as it will be written.
 [[nodiscard]] std::size_t LetterCount(std::string_view text);
 
 /// The general form with 6 significant digits, as "%g" prints it in the "C" locale: 0.25, 1.23457e+06. Infinities and

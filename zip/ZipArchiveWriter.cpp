@@ -102,7 +102,8 @@ ZipResult ZipArchiveWriter::AddFile(const std::string& entryName, const std::str
 ZipResult ZipArchiveWriter::RefusalOf(const std::string& entryName) const {
     if (lastError != ZipResult::Success) return ZipResult::PreviousError;
     if (ended) return ZipResult::AdditionsEnded;
-    if (!output || entryName.empty()) return ZipResult::FaultyArguments;
+    const bool isName = !entryName.empty() && entryName.find('\0') == std::string::npos;
+    if (!output || !isName) return ZipResult::FaultyArguments;
     return ZipResult::Success;
 }
 
@@ -119,7 +120,6 @@ ZipResult ZipArchiveWriter::AddEntry(const std::string& entryName, const std::st
 
     ZipEntryRecord entry = RecordOf(entryName, *facts, *executable);
     entry.localOffset = output->BytesWritten();
-    if (entry.localOffset > largestOffset - startOffset) return ZipResult::WriteFailed;
     const std::uint64_t roomNeeded = localHeaderSize + entry.name.size() + localExtraSize + entry.compressedSize;
     if (!output->HasRoomFor(roomNeeded)) return ZipResult::WriteFailed;
     const ZipResult result = WriteEntry(entry, *source, sizeBytes);
@@ -176,10 +176,9 @@ ZipResult ZipArchiveWriter::WriteDirectory() {
         const Bytes header = CentralHeader(entry);
         directory.insert(directory.end(), header.begin(), header.end());
     }
-    const std::uint64_t offset = std::uint64_t{startOffset} + output->BytesWritten();
-    if (offset > largestOffset || !output->HasRoomFor(directory.size() + endSize)) return ZipResult::WriteFailed;
+    if (!output->HasRoomFor(directory.size() + endSize)) return ZipResult::WriteFailed;
     const Bytes end = EndRecord({static_cast<std::uint16_t>(entries.size()),
-                                 static_cast<std::uint32_t>(directory.size()), static_cast<std::uint32_t>(offset)});
+                                 static_cast<std::uint32_t>(directory.size()), startOffset + output->BytesWritten()});
     directory.insert(directory.end(), end.begin(), end.end());
     return output->Append(directory) ? ZipResult::Success : ZipResult::WriteFailed;
 }

@@ -70,8 +70,8 @@ TEST(ResultSheet, EachCellFollowsItsRule) {
                               "Proc|A4, A5|98|10|-|-|98|0.98|0.0196", // the percentage of the installations
                               "TOTAL|-|-|-|-|-|3118|28.18|0.5636",
                               "",
-                              "period|50",
-                              "area|200"};
+                              "period|-|50",
+                              "area|-|200"};
     ASSERT_EQ(rows.size(), std::size(expected));
     for (std::size_t i = 0; i < rows.size(); ++i)
         EXPECT_EQ(Show(rows[i]), expected[i]) << i;
@@ -93,6 +93,21 @@ TEST(ResultSheet, RolesTellTheStyles) {
     EXPECT_EQ(rows[8][6].role, CellRole::TotalNumber);
     EXPECT_EQ(rows[8][7].role, CellRole::TotalNumber);
     EXPECT_EQ(rows[8][8].role, CellRole::TotalPerYear);
+    EXPECT_EQ(rows[3][4].decimals, 0U); // years are whole
+    EXPECT_EQ(rows[3][5].decimals, 2U);
+    EXPECT_EQ(rows[10][2].decimals, 0U);
+}
+
+/// A cell holds six digits.
+TEST(ShownDecimals, AreNoneThatTheCellDoesNotHold) {
+    const struct {
+        double number;
+        unsigned most, shown;
+    } cases[] = {{0, 2, 2},      {-1.5, 2, 2},     {0.001, 2, 2},    {9999.994, 2, 2}, {9999.996, 2, 1},
+                 {-10000, 2, 1}, {99999.94, 2, 1}, {99999.96, 2, 0}, {1e6, 2, 0},      {12389000, 2, 0},
+                 {50, 0, 0},     {1e308, 2, 0},    {5e-324, 2, 2},   {Infinite, 2, 2}};
+    for (const auto& one : cases)
+        EXPECT_EQ(lca::CountShownDecimals(one.number, one.most), one.shown) << one.number;
 }
 
 TEST(ResultSheet, APeriodOfZeroLeavesTheReplacementsBlank) {

@@ -95,9 +95,9 @@ TEST(FilesTest, TellsAttributes) {
 TEST(FilesTest, CreatesRemovesAndReplaces) {
     platform::FileLayer& files = OperatingSystemFiles();
     const TestFolder folder;
-    EXPECT_EQ(files.CreateFolder(folder / "a"), platform::FolderCreation::Created);
-    EXPECT_EQ(files.CreateFolder(folder / "a"), platform::FolderCreation::AlreadyThere);
-    EXPECT_EQ(files.CreateFolder(folder / "b/c"), platform::FolderCreation::Failed);
+    EXPECT_EQ(files.CreateFolder(folder / "a"), platform::Creation::Created);
+    EXPECT_EQ(files.CreateFolder(folder / "a"), platform::Creation::AlreadyThere);
+    EXPECT_EQ(files.CreateFolder(folder / "b/c"), platform::Creation::Failed);
     const std::string inner = folder.Write("a/file", "new");
     const std::string outer = folder.Write("file", "old");
     EXPECT_FALSE(files.RemoveFolder(folder / "a"));
@@ -112,6 +112,37 @@ TEST(FilesTest, CreatesRemovesAndReplaces) {
     EXPECT_FALSE(files.RemoveFolder(folder / "a"));
     EXPECT_TRUE(files.RemoveFile(outer));
     EXPECT_FALSE(files.RemoveFile(outer));
+}
+
+TEST(FilesTest, CreatesEmptyFilesWhereNothingIs) {
+    platform::FileLayer& files = OperatingSystemFiles();
+    const TestFolder folder;
+    const std::string there = folder.Write("there", "content");
+    EXPECT_EQ(files.CreateEmpty(folder / "new", there), platform::Creation::Created);
+    EXPECT_EQ(ContentOf(folder / "new"), "");
+    EXPECT_EQ(files.CreateEmpty(there, ""), platform::Creation::AlreadyThere);
+    EXPECT_EQ(ContentOf(there), "content");
+    EXPECT_EQ(files.CreateEmpty(folder / "no/such", there), platform::Creation::Failed);
+}
+
+TEST(FilesTest, RefusesPathsWithANul) {
+    platform::FileLayer& files = OperatingSystemFiles();
+    const TestFolder folder;
+    const std::string cut = folder / "x";
+    const std::string path = cut + std::string("\0y", 2);
+    EXPECT_EQ(files.CreateOrTruncate(path), nullptr);
+    EXPECT_EQ(files.CreateEmpty(path, ""), platform::Creation::Failed);
+    EXPECT_EQ(files.CreateFolder(path), platform::Creation::Failed);
+    EXPECT_FALSE(FactsOf(cut).has_value());
+    folder.Write("x", "content");
+    EXPECT_EQ(files.OpenForReading(path), nullptr);
+    EXPECT_FALSE(FactsOf(path).has_value());
+    EXPECT_FALSE(files.RemoveFile(path));
+    EXPECT_FALSE(files.Replace(path, folder / "z"));
+    EXPECT_FALSE(files.Replace(cut, folder / std::string("z\0y", 3)));
+    EXPECT_EQ(ContentOf(cut), "content");
+    ASSERT_EQ(files.CreateFolder(folder / "folder"), platform::Creation::Created);
+    EXPECT_FALSE(files.RemoveFolder(folder / std::string("folder\0y", 8)));
 }
 
 class Environment {
@@ -162,9 +193,9 @@ TEST(TemporaryFolderTest, NamesFoldersByThreadAndClockAndSharesNone) {
 class CrowdedFiles final : public support::FakeFiles {
 public:
     std::vector<std::uint64_t> ticksTried;
-    platform::FolderCreation CreateFolder(const std::string& path) override {
+    platform::Creation CreateFolder(const std::string& path) override {
         ticksTried.push_back(std::stoull(path.substr(path.rfind('_') + 1)));
-        return ticksTried.size() < 4 ? platform::FolderCreation::AlreadyThere : platform::FolderCreation::Created;
+        return ticksTried.size() < 4 ? platform::Creation::AlreadyThere : platform::Creation::Created;
     }
 };
 

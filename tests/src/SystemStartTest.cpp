@@ -19,9 +19,11 @@ TEST(SystemStart, TheShellCallsTheFile) {
 #else
 
 TEST(SystemStart, TheOpenerGetsTheFileAsOneWord) {
-    const support::FakeOpener opener;
-    EXPECT_TRUE(OpenFileWithShell("/a b/Größe.xlsx"));
-    EXPECT_EQ(opener.WaitForWords(), "/a b/Größe.xlsx|done");
+    for (const std::string file : {"/a b/Größe.xlsx", "/a b/19\" rack.xlsx", "/\"", "/\"\" \"/x.xlsx\""}) {
+        const support::FakeOpener opener;
+        EXPECT_TRUE(OpenFileWithShell(file));
+        EXPECT_EQ(opener.WaitForWords(), file + "|done");
+    }
 }
 
 #endif

@@ -40,12 +40,28 @@ def judge_awkward():
     same("windows", rows[4][2:], [None, None, 30, 1.66667, -200, -2, -0.04])
     same("kinds of the doors", [cell.data_type for cell in results[4]][4:7], ["n", "e", "n"])
     same("blanks are styled", all(results.cell(9, column).has_style for column in range(2, 7)), True)
-    same("notes", rows[10:], [["period", 50] + [None] * 7, ["area", 200] + [None] * 7])
+    same("notes", rows[10:], [["period", None, 50] + [None] * 6, ["area", None, 200] + [None] * 6])
     same("last row", results.max_row, 12)  # neither titles nor legend without a picture
     same("materials", values(materials, 2, 4),
          [[" =Walls", None, 1.5], [None, " =1+", -1.5], [" =", "Größe <&> 日本", 3]])
     same("kinds of the materials", [materials["A2"].data_type, materials["B3"].data_type], ["s", "s"])
     same("rows that each page repeats", materials.print_title_rows, "$1:$1")
+
+
+def luminance(argb):
+    shares = [int(argb[place:place + 2], 16) / 255 for place in (2, 4, 6)]
+    return sum(weight * (share / 12.92 if share <= 0.04045 else ((share + 0.055) / 1.055) ** 2.4)
+               for weight, share in zip((0.2126, 0.7152, 0.0722), shares))
+
+
+def judge_legend():
+    results = openpyxl.load_workbook(os.path.join(FOLDER, "legend.xlsx")).worksheets[0]
+    legend = [cell for cell in results[results.max_row] if cell.value == "Name"]
+    same("colours of the legend", len({cell.fill.fgColor.rgb for cell in legend}), 216)
+    for cell in legend:
+        lights = sorted((luminance(cell.fill.fgColor.rgb), luminance(cell.font.color.rgb)))
+        same("contrast of %s and %s" % (cell.fill.fgColor.rgb, cell.font.color.rgb),
+             (lights[1] + 0.05) / (lights[0] + 0.05) >= 4.5, True)
 
 
 def judge_layers():
@@ -69,7 +85,15 @@ def judge_libreoffice():
     same("LibreOffice: doors", [text.strip() for text in rows[3][2:]], ["500.00", "", "", "#DIV/0!", "0.00", "0.00", "0.00"])
     same("LibreOffice: operation", [text.strip() for text in rows[1][2:]], ["", "", "", "", "-150.00", "-0.75", "-0.02"])
     with open(os.path.join(WORK, "awkward-Bob's _list_.csv"), encoding="utf-8", newline="") as file:
-        same("LibreOffice: layer", list(csv.reader(file))[1][0], " =Walls")
+        rows = list(csv.reader(file))
+    same("LibreOffice: layer", rows[1][0], " =Walls")
+    # Six digits are held: neither decimals nor other places show more.
+    same("LibreOffice: digits", [row[2].strip() for row in rows[4:]],
+         ["12,389,000", "34,089.4", "10,000.0", "-1,234,570", "0.04", "1,000,000,000"])
+    convert("pdf", "awkward")
+    text = subprocess.run(["pdftotext", os.path.join(WORK, "awkward.pdf"), "-"], check=True, capture_output=True,
+                          text=True, timeout=TIME_LIMIT).stdout
+    same("words of long names on paper", text.count("Rigips"), 6 * 30)
     convert("pdf", "layers")
     pages = subprocess.run(["pdftotext", "-layout", os.path.join(WORK, "layers.pdf"), "-"], check=True,
                            capture_output=True, text=True, timeout=TIME_LIMIT).stdout.strip("\f\n").split("\f")
@@ -79,6 +103,7 @@ def judge_libreoffice():
 
 os.makedirs(WORK, exist_ok=True)
 judge_awkward()
+judge_legend()
 judge_layers()
 judge_libreoffice()
 for fault in faults:

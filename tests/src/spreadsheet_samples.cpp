@@ -69,15 +69,32 @@ void WriteAwkward(const std::string& folder) {
     report.materialRows.push_back(MakeMaterialRow(CellRole::PartLabel, "=Walls", "", 1.5));
     report.materialRows.push_back(MakeMaterialRow(CellRole::Text, "", "=1+", -1.5));
     report.materialRows.push_back(MakeMaterialRow(CellRole::Text, "=", "Größe <&> 日本", 3));
+    std::string longName;
+    for (int i = 0; i < 30; ++i)
+        longName += "Rigips ";
+    for (const double number : {12389000.4, 34089.449, 9999.996, -1234567.0, 0.0449, 1e9})
+        report.materialRows.push_back(MakeMaterialRow(CellRole::PartLabel, longName, "", number));
     report.pieChart = {"GWP", folder + "/no such picture.jpg"};
     report.barChart = {"Threshold", folder}; // a folder is no picture
     report.legend = {{"Op", 0xFF112233}};
-    Check(WriteSpreadsheetReport(report, folder + "/awkward.xlsx") == ReportOutcome::WrittenWithoutPicture,
+    Check(WriteSpreadsheetReport(report, folder + "/awkward.xlsx").outcome == ReportOutcome::WrittenWithoutPicture,
           "missing pictures are not told");
     const std::string before = ContentOf(folder + "/awkward.xlsx");
-    Check(WriteSpreadsheetReport(report, folder + "/none/awkward.xlsx") == ReportOutcome::Failed,
+    Check(WriteSpreadsheetReport(report, folder + "/none/awkward.xlsx").outcome == ReportOutcome::Failed,
           "a folder that is not there takes a report");
     Check(!before.empty() && ContentOf(folder + "/awkward.xlsx") == before, "the report did not stay as it was");
+}
+
+/// A legend of colours from all over the cube, some 50 apart in each channel.
+void WriteLegend(const std::string& folder) {
+    SpreadsheetReport report = MakeReport();
+    report.pieChart = {"GWP", folder + "/picture.jpg"};
+    std::ofstream(report.pieChart.file, std::ios::binary) << "\xFF\xD8\xFF";
+    for (std::uint32_t red = 0; red < 256; red += 51)
+        for (std::uint32_t green = 0; green < 256; green += 51)
+            for (std::uint32_t blue = 0; blue < 256; blue += 51)
+                report.legend.push_back({"Name", 0xFF000000U | red << 16U | green << 8U | blue});
+    Check(WriteSpreadsheetReport(report, folder + "/legend.xlsx").outcome == ReportOutcome::Written, "no legend");
 }
 
 void WriteManyLayers(const std::string& folder) {
@@ -88,7 +105,8 @@ void WriteManyLayers(const std::string& folder) {
         report.materialRows.push_back(MakeMaterialRow(CellRole::Text, "", "Material " + std::to_string(i % 50), i));
     }
     const auto start = std::chrono::steady_clock::now();
-    Check(WriteSpreadsheetReport(report, folder + "/layers.xlsx") == ReportOutcome::Written, "many layers do not fit");
+    Check(WriteSpreadsheetReport(report, folder + "/layers.xlsx").outcome == ReportOutcome::Written,
+          "many layers do not fit");
     const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
     std::printf("%d layers: %.0f ms\n", Layers, taken.count());
 }
@@ -98,6 +116,7 @@ void WriteManyLayers(const std::string& folder) {
 int main(int argumentCount, char** arguments) {
     if (argumentCount != 2) return 2;
     WriteAwkward(arguments[1]);
+    WriteLegend(arguments[1]);
     WriteManyLayers(arguments[1]);
     return faults == 0 ? 0 : 1;
 }

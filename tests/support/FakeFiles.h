@@ -53,13 +53,17 @@ public:
         files[path] = FakeFile();
         return std::make_unique<Output>(*this, path);
     }
+    platform::Creation CreateEmpty(const std::string& path, const std::string&) override {
+        if (Fails()) return platform::Creation::Failed;
+        return files.emplace(path, FakeFile()).second ? platform::Creation::Created : platform::Creation::AlreadyThere;
+    }
     std::unique_ptr<platform::InputFile> OpenForReading(const std::string& path) override {
         if (Fails() || files.count(path) == 0) return nullptr;
         return std::make_unique<Input>(*this, files[path]);
     }
-    platform::FolderCreation CreateFolder(const std::string& path) override {
-        if (Fails()) return platform::FolderCreation::Failed;
-        return folders.insert(path).second ? platform::FolderCreation::Created : platform::FolderCreation::AlreadyThere;
+    platform::Creation CreateFolder(const std::string& path) override {
+        if (Fails()) return platform::Creation::Failed;
+        return folders.insert(path).second ? platform::Creation::Created : platform::Creation::AlreadyThere;
     }
     bool RemoveFile(const std::string& path) override { return !Fails() && files.erase(path) == 1; }
     bool RemoveFolder(const std::string& path) override { return !Fails() && folders.erase(path) == 1; }

@@ -52,6 +52,7 @@ public:
     host::ErrorCode ReadElementComponents(const host::ElementHeader&, std::vector<host::MaterialComponent>&) override {
         return 0;
     }
+    host::ErrorCode ReadProjectName(std::string&) override { return 0; }
 };
 
 class NullAttributes : public host::Attributes {

@@ -2,12 +2,14 @@
 // and each of its parts well-formed XML to another parser.
 #include "../zip/Inflater.h"
 #include "support/FakeFiles.h"
+#include "xlsx/NameRules.h"
 #include "xlsx/Workbook.h"
 #include "zip/Crc32.h"
 
 #include <expat.h>
 
 #include <cstdlib>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -34,15 +36,17 @@ public:
     unsigned partCount = 0;
 
     std::unique_ptr<platform::OutputFile> CreateOrTruncate(const std::string& path) override {
-        if (!takesArchive && path.compare(0, target.size(), target) == 0) return nullptr;
         return inner.CreateOrTruncate(path);
+    }
+    platform::Creation CreateEmpty(const std::string& path, const std::string& model) override {
+        return takesArchive ? inner.CreateEmpty(path, model) : platform::Creation::Failed;
     }
     std::unique_ptr<platform::InputFile> OpenForReading(const std::string& path) override {
         const auto found = inner.files.find(path);
         if (found != inner.files.end()) found->second.facts.sizeBytes = found->second.bytes.size();
         return inner.OpenForReading(path);
     }
-    platform::FolderCreation CreateFolder(const std::string& path) override { return inner.CreateFolder(path); }
+    platform::Creation CreateFolder(const std::string& path) override { return inner.CreateFolder(path); }
     bool RemoveFile(const std::string& path) override {
         const auto found = inner.files.find(path);
         if (found == inner.files.end()) return false;
@@ -93,6 +97,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const bool takesArchive = runs++ % 64 == 0;
     Files files(takesArchive);
     Xlsx::CWorkbook workbook("Author", files);
+    std::set<std::string> titles = {"first"};
+    std::size_t refused = 0;
     Xlsx::CWorksheet* sheet = &workbook.AddSheet("First");
     sheet->BeginRow();
     const std::string all(reinterpret_cast<const char*>(data), sizeBytes);
@@ -100,10 +106,15 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         const std::size_t end = std::min(all.find('\xFE', at), all.size());
         const std::string text = all.substr(at + 1, end > at ? end - at - 1 : 0);
         switch (static_cast<unsigned char>(all[at]) % 4) {
-        case 0:
-            sheet = &workbook.AddSheet(text);
+        case 0: {
+            std::string title = text;
+            while (!Xlsx::IsSheetName(title) || !titles.insert(Xlsx::WithoutCase(title)).second) {
+                title = "S" + std::to_string(titles.size() + ++refused);
+            }
+            sheet = &workbook.AddSheet(title);
             sheet->BeginRow();
             break;
+        }
         case 1:
             sheet->AddCell("=" + text);
             break;

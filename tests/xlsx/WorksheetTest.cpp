@@ -31,7 +31,7 @@ TEST(WorksheetTest, WritesEachKindOfCell) {
         sheet.AddCell("text");
         sheet.AddCell("");
         sheet.AddCell("", 1);
-        sheet.AddCell("text", 2);
+        sheet.AddCell("text", 1);
         sheet.AddCell(L"\u00E9");
         sheet.BeginRow(12.5);
         sheet.AddCell(0.25);
@@ -46,7 +46,7 @@ TEST(WorksheetTest, WritesEachKindOfCell) {
     });
     EXPECT_EQ(Element(written.Part("/xl/worksheets/sheet1.xml"), "sheetData"),
               "<sheetData><row r=\"1\" x14ac:dyDescent=\"0.25\"><c r=\"A1\" t=\"s\"><v>0</v></c><c r=\"C1\" s=\"1\"/>"
-              "<c r=\"D1\" s=\"2\" t=\"s\"><v>0</v></c><c r=\"E1\" t=\"s\"><v>1</v></c></row>"
+              "<c r=\"D1\" s=\"1\" t=\"s\"><v>0</v></c><c r=\"E1\" t=\"s\"><v>1</v></c></row>"
               "<row r=\"2\" x14ac:dyDescent=\"0.25\" ht=\"12.5\" customHeight=\"1\"><c r=\"A2\"><v>0.25</v></c>"
               "<c r=\"B2\" s=\"1\"><v>1.23457e+06</v></c><c r=\"C2\" s=\"1\"><f>SUM(A1:A3)</f></c>"
               "<c r=\"D2\" t=\"s\"><v>2</v></c></row>"
@@ -75,13 +75,14 @@ TEST(WorksheetTest, WritesNothingThatWasNotAskedFor) {
     const Written written = WriteSheet([](CWorksheet&) {});
     const std::string sheet = written.Part("/xl/worksheets/sheet1.xml");
     EXPECT_TRUE(InOrder(
-        sheet, {"mc:Ignorable=\"x14ac\"", "<dimension ref=\"A1\"/>", "<sheetViews><sheetView showGridLines=\"1\"",
-                "tabSelected=\"0\"", "workbookViewId=\"0\"/></sheetViews>",
+        sheet, {"mc:Ignorable=\"x14ac\"", "<dimension ref=\"A1\"/>",
+                "<sheetViews><sheetView tabSelected=\"0\" showGridLines=\"1\" workbookViewId=\"0\"/></sheetViews>",
                 "<sheetFormatPr defaultRowHeight=\"15\" x14ac:dyDescent=\"0.25\"/><sheetData/>",
                 "<pageMargins left=\"0.7\" right=\"0.7\" top=\"0.75\" bottom=\"0.75\" header=\"0.3\" footer=\"0.3\"/>",
                 "<pageSetup paperSize=\"9\" orientation=\"portrait\"/></worksheet>"}))
         << sheet;
-    for (const char* name : {"sheetPr", "cols", "mergeCells", "rowBreaks", "colBreaks", "drawing", "legacyDrawing"}) {
+    for (const char* name :
+         {"sheetPr", "cols", "mergeCells", "headerFooter", "rowBreaks", "colBreaks", "drawing", "legacyDrawing"}) {
         EXPECT_EQ(Element(sheet, name), "(none)") << name;
     }
     for (const char* path : {"/xl/sharedStrings.xml", "/xl/calcChain.xml", "/xl/drawings/drawing1.xml"}) {
@@ -115,6 +116,50 @@ TEST(WorksheetTest, WritesColumnsMergesBreaksAndPages) {
         << sheet;
 }
 
+TEST(WorksheetTest, WritesHeaderAndFooterWithTextsThatAreNoCodes) {
+    const auto headerOf = [](const PageLine& header) {
+        const std::string sheet = SheetOf([&](CWorksheet& each) { each.SetPageHeader(header); });
+        return Element(sheet, "headerFooter");
+    };
+    const auto inHeader = [](const std::string& code) {
+        return "<headerFooter scaleWithDoc=\"0\"><oddHeader>" + code + "</oddHeader></headerFooter>";
+    };
+    const std::string house = "\xF0\x9F\x8F\xA0"; // two letters
+    const std::string ellipsis = "\xE2\x80\xA6";
+    const std::string letters78(78, 'x');
+    const std::pair<std::string, std::string> texts[] = {
+        {"2026-07-15", "2026-07-15"},
+        {"Tom & <Jerry> &P", "Tom &amp;&amp; &lt;Jerry&gt; &amp;&amp;P"},
+        {"&", "&amp;&amp;"},
+        {"a\xFF_x0041_\x07", "a\xEF\xBF\xBD_x005F_x0041__x0007_"},
+        {letters78 + "yz", letters78 + "yz"},
+        {letters78 + "y" + "zz", letters78 + "y" + ellipsis},
+        {letters78 + house, letters78 + house},
+        {letters78 + "y" + house, letters78 + "y" + ellipsis},
+        {letters78 + house + "z", letters78 + ellipsis},
+        {letters78 + "&", letters78 + "&amp;&amp;"},
+        {letters78 + "y&", letters78 + "y" + ellipsis},
+        {letters78 + "&z", letters78 + ellipsis},
+    };
+    for (const auto& [text, code] : texts) {
+        EXPECT_EQ(headerOf({"", text, ""}), inHeader("&amp;C" + code)) << text;
+    }
+    EXPECT_EQ(headerOf({"", "", ""}), "(none)");
+    EXPECT_EQ(headerOf({"a&", "", "5"}), inHeader("&amp;La&amp;&amp;&amp;R5"));
+    EXPECT_EQ(headerOf({"a", letters78 + "y", "5", 20}), "<headerFooter><oddHeader>&amp;L&amp;20a&amp;C&amp;20" +
+                                                             std::string(77, 'x') + ellipsis +
+                                                             "&amp;R&amp;20 5</oddHeader></headerFooter>");
+    const std::string sheet = SheetOf([](CWorksheet& each) {
+        each.AddRowBreak(1);
+        each.SetPageHeader({"l", "c", "r"});
+        each.SetPageFooter({"f", "", ""});
+    });
+    EXPECT_TRUE(
+        InOrder(sheet, {"<pageSetup", "<oddHeader>&amp;Ll&amp;Cc&amp;Rr</oddHeader><oddFooter>&amp;Lf</oddFooter>",
+                        "</headerFooter><rowBreaks"}))
+        << sheet;
+}
+
 TEST(WorksheetTest, LimitsTheLettersOfACell) {
     const std::string most(32767, 'x');
     std::string wide; // two letters each
@@ -131,7 +176,149 @@ TEST(WorksheetTest, LimitsTheLettersOfACell) {
     EXPECT_FALSE(saves(most + "x"));
     EXPECT_TRUE(saves(wide + "x"));
     EXPECT_FALSE(saves(wide + "xx"));
-    EXPECT_FALSE(saves("=" + most));
+    EXPECT_TRUE(saves(std::string(32767, '\x80'))); // each is written as a letter
+    EXPECT_FALSE(saves(std::string(32768, '\x80')));
+    std::string formula(8193, '1');
+    formula.front() = '=';
+    EXPECT_TRUE(saves(formula));
+    EXPECT_FALSE(saves(formula + "1"));
+}
+
+// Why a workbook could not be saved; empty when it could.
+std::string FailureOf(const std::function<void(CWorkbook&)>& fill) {
+    xlsx_test::KeepingFiles files;
+    CWorkbook workbook("Author", files);
+    fill(workbook);
+    const bool isSaved = workbook.Save(L"no-such-folder/written.xlsx");
+    EXPECT_EQ(isSaved, workbook.Failure().empty());
+    EXPECT_EQ(files.inner.files.count("no-such-folder/written.xlsx"), isSaved ? 1U : 0U);
+    return workbook.Failure();
+}
+
+// Two sheets, one of each kind.
+std::function<void(CWorkbook&)> Titled(const std::string& first, const std::string& second) {
+    return [=](CWorkbook& workbook) {
+        workbook.AddSheet(first);
+        workbook.AddChartsheet(second).Chart().main.kind = DiagramKind::Pie;
+    };
+}
+
+std::function<void(CWorkbook&)> Filled(const std::function<void(CWorksheet&)>& fill) {
+    return [=](CWorkbook& workbook) { fill(workbook.AddSheet("A")); };
+}
+
+std::function<void(CWorkbook&)> Merged(const std::vector<std::string>& ranges) {
+    return Filled([=](CWorksheet& sheet) {
+        for (const std::string& range : ranges) {
+            sheet.MergeCells(range);
+        }
+    });
+}
+
+std::function<void(CWorkbook&)> BrokenBelow(unsigned first, unsigned last) {
+    return Filled([=](CWorksheet& sheet) {
+        for (unsigned row = first; row <= last; ++row) {
+            sheet.AddRowBreak(row);
+        }
+    });
+}
+
+std::function<void(CWorkbook&)> Viewed(const std::vector<ColumnWidth>& columns, FrozenPane pane) {
+    return [=](CWorkbook& workbook) { workbook.AddSheet("A", columns, {pane, {}}); };
+}
+
+std::function<void(CWorkbook&)> Defined(const std::vector<DefinedName>& names) {
+    return [=](CWorkbook& workbook) {
+        for (const DefinedName& name : names) {
+            workbook.DefineName(name);
+        }
+        workbook.AddSheet("A");
+    };
+}
+
+struct RefusalCase {
+    std::function<void(CWorkbook&)> fill;
+    std::string reason; ///< a piece of it; empty: saved
+};
+
+void ExpectReasons(const std::vector<RefusalCase>& cases) {
+    for (const RefusalCase& row : cases) {
+        const std::string failure = FailureOf(row.fill);
+        const bool isExpected = row.reason.empty() ? failure.empty() : failure.find(row.reason) != std::string::npos;
+        EXPECT_TRUE(isExpected) << "\"" << failure << "\" instead of \"" << row.reason << "\"";
+    }
+}
+
+TEST(WorksheetTest, RefusesNamesThatAProgramWouldRefuse) {
+    const std::string letters31(31, 'x');
+    ExpectReasons({
+        {Titled(letters31, "B"), ""},
+        {Titled("A", letters31 + "x"), "xx' as the name of a sheet"},
+        {Titled("'A", "B"), "''A' as"},
+        {Titled("A'", "B"), "'A'' as"},
+        {Titled("it's", "B"), ""},
+        {Titled("A", ""), "'' as"},
+        {Titled("a/b", "B"), "'a/b' as"},
+        {Titled("A", "[B]"), "'[B]' as"},
+        {Titled("A\n", "B"), "\n' as"},
+        {Titled("hISTORY", "B"), "'hISTORY' as"},
+        {Titled("same", "SAME"), "'SAME' as the name of a second sheet"},
+        {Titled("\xC3\xA4\xC3\x97\xD0\xB6", "\xC3\x84\xC3\x97\xD0\x96"), "second sheet"},
+        {Titled("\xC3\x97", "\xC3\xB7"), ""}, // signs, not letters
+        {[](CWorkbook&) {}, "a workbook without sheets"},
+        {Defined({{"Name.1", "A!$A$1", "", 0}, {"NAME.1", "A!$A$1", "", {}}, {"\\_\xC3\xA4?", "1", "", {}}}), ""},
+        {Defined({{"Name", "A!$A$1", "", 1}}), "'Name' as a defined name"},
+        {Defined({{"Name", "1", "", 0}, {"nAME", "2", "", 0}}), "'nAME' as"},
+        {Defined({{"Name", std::string(8192, '1'), "", 0}}), ""},
+        {Defined({{"Name", std::string(8193, '1'), "", 0}}), "'Name' as"},
+        {Defined({{"Name", "", "", 0}}), "'Name' as"},
+        {Defined({{"", "1", "", 0}}), "'' as"},
+        {Defined({{"1st", "1", "", 0}}), "'1st' as"},
+        {Defined({{"a b", "1", "", 0}}), "'a b' as"},
+        {Defined({{"xfd1048576", "1", "", 0}}), "'xfd1048576' as"},
+        {Defined({{"XFE1", "1", "", 0}, {"A1048577", "1", "", 0}, {"A01", "1", "", 0}, {"RCD", "1", "", 0}}), ""},
+        {Defined({{"R1c2", "1", "", 0}}), "'R1c2' as"},
+        {Defined({{"c", "1", "", 0}}), "'c' as"},
+    });
+}
+
+TEST(WorksheetTest, RefusesWhatDoesNotFitASheet) {
+    ExpectReasons({
+        {Merged({"A1:B2", "C1:C2", "A3:C3", "D1:D9"}), ""},
+        {Merged({"A1:C3", "E5:F6", "C3:D4"}), "'A': merging 'C3:D4' over A1:C3"},
+        {Merged({"A1:A1"}), "'A1:A1' is no range"},
+        {Merged({"B2:A1"}), "no range"},
+        {Merged({"B1:A2"}), "no range"},
+        {Merged({"A1"}), "no range"},
+        {Merged({"A0:A2"}), "no range"},
+        {Merged({"A1:XFE2"}), "no range"},
+        {Merged({"A1:A1048577"}), "no range"},
+        {Merged({"XFC1048575:XFD1048576"}), ""},
+        {BrokenBelow(0, 0), "'A': a page break at 0"},
+        {BrokenBelow(1, 1026), ""},
+        {BrokenBelow(1, 1027), "more than 1026 page breaks"},
+        {BrokenBelow(1048575, 1048575), ""},
+        {BrokenBelow(1048576, 1048576), "a page break at 1048576"},
+        {Filled([](CWorksheet& sheet) { sheet.AddColumnBreak(16384); }), "a page break at 16384"},
+        {Filled([](CWorksheet& sheet) { sheet.BeginRow(409); }), ""},
+        {Filled([](CWorksheet& sheet) { sheet.BeginRow(410); }), "row 1 of 410 points"},
+        {Filled([](CWorksheet& sheet) {
+             sheet.AddComment({{1048576, 0}, {}, {}, {}, {}});
+         }),
+         "a comment outside"},
+        {Filled([](CWorksheet& sheet) {
+             sheet.BeginRow();
+             sheet.AddCell("");
+             sheet.AddCell(1, 2);
+         }),
+         "cell B1 with a style"},
+        {Viewed({{1, 2, 10}, {3, 16384, 255}}, {1, 1}), ""},
+        {Viewed({{1, 2, 10}, {2, 3, 10}}, {0, 0}), "column widths"},
+        {Viewed({{2, 2, 10}, {1, 1, 10}}, {0, 0}), "column widths"},
+        {Viewed({{1, 1, 256}}, {0, 0}), "column widths"},
+        {Viewed({{1, 16385, 10}}, {0, 0}), "column widths"},
+        {Viewed({}, {1048576, 0}), "frozen pane"},
+    });
 }
 
 TEST(WorksheetTest, LimitsRowsAndColumns) {

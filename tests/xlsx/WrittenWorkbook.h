@@ -27,7 +27,10 @@ public:
         if (found != inner.files.end()) found->second.facts.sizeBytes = found->second.bytes.size();
         return inner.OpenForReading(path);
     }
-    platform::FolderCreation CreateFolder(const std::string& path) override { return inner.CreateFolder(path); }
+    platform::Creation CreateEmpty(const std::string& path, const std::string& model) override {
+        return inner.CreateEmpty(path, model);
+    }
+    platform::Creation CreateFolder(const std::string& path) override { return inner.CreateFolder(path); }
     bool RemoveFile(const std::string& path) override {
         if (inner.openFiles != 0) removedWhileOpen = true;
         const auto found = inner.files.find(path);

@@ -67,6 +67,9 @@ def judge_pages():
                   "Smooth scatter", "Points only", "Pie", "Doughnut", "Kept in the chart", "On a sheet of its own <&>",
                   "End of life", "Stairs"):
         require(title in charts, "charts: no '%s' on the pages" % title)
+    pages = words("gallery")
+    for text in ("Haus & Hof", "2026 &P", "rechts", "unten <mitte>"):
+        require(text in pages, "gallery: no '%s' in the pages' margins" % text)
     require("Grüße" not in words("comments") and "far out" in words("comments"), "comments: shown and hidden notes")
     listed = run("pdfimages", "-list", os.path.join(WORK, "pictures.pdf")).splitlines()[2:]
     require(len(listed) >= 7, "pictures: %d of 7 on the pages" % len(listed))

@@ -52,6 +52,10 @@ def judge_gallery():
     margins = pages.page_margins
     same("margins", [margins.left, margins.right, margins.top, margins.bottom, margins.header, margins.footer],
          [0.5, 0.5, 1, 1, 0.25, 0.25])
+    # This reader leaves a doubled "&" as it is.
+    header, footer = pages.oddHeader, pages.oddFooter
+    same("header", [part.text for part in (header.left, header.center, header.right)], ["Haus && Hof", "2026 &&P", "rechts"])
+    same("footer", [part.text for part in (footer.left, footer.center, footer.right)], [None, "unten <mitte>", None])
     same("breaks", [each.id for each in pages.row_breaks.brk] + [each.id for each in pages.col_breaks.brk], [10, 20, 4])
     same("fit", (pages.sheet_properties.pageSetUpPr.fitToPage, pages.page_setup.fitToHeight), (True, 0))
     same("numbers", [[cell.value for cell in row] for row in pages.iter_rows(min_row=30)],

@@ -1,58 +1,18 @@
 // Streams of every level, read back by an independent reader that also checks the limits of matches and that no block
 // would have been smaller in another form.
 #include "zip/Deflater.h"
+#include "FixedTexts.h"
 #include "Inflater.h"
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <cstring>
-#include <random>
-
 namespace {
 
-class TextSource final : public zip::ByteSource {
-public:
-    explicit TextSource(const std::string& text) : text(text) {}
-    std::optional<std::size_t> Read(std::uint8_t* data, std::size_t sizeBytes) override {
-        const std::size_t now = std::min(sizeBytes, text.size() - at);
-        std::memcpy(data, text.data() + at, now);
-        at += now;
-        return now;
-    }
-
-private:
-    const std::string& text;
-    std::size_t at = 0;
-};
-
-class TextSink final : public zip::ByteSink {
-public:
-    std::string text;
-    std::size_t room = std::string::npos;
-    bool Write(const std::uint8_t* data, std::size_t sizeBytes) override {
-        if (sizeBytes > room - text.size()) return false;
-        text.append(reinterpret_cast<const char*>(data), sizeBytes);
-        return true;
-    }
-};
-
-std::string Deflated(const std::string& input, int level) {
-    static zip::Deflater deflater; // one for all: what an earlier stream leaves behind must not show
-    TextSource source(input);
-    TextSink sink;
-    EXPECT_EQ(deflater.Compress(source, sink, level), zip::DeflateResult::Success);
-    return sink.text;
-}
-
-std::string RandomBytes(std::size_t size, unsigned seed, unsigned kinds = 256) {
-    std::mt19937 random(seed);
-    std::string bytes(size, '\0');
-    for (char& byte : bytes) {
-        byte = static_cast<char>(random() % kinds);
-    }
-    return bytes;
-}
+using zip_test::Deflated;
+using zip_test::RandomBytes;
+using zip_test::TextSink;
+using zip_test::TextSource;
+using zip_test::Worksheet;
 
 std::string AllBytes() {
     std::string bytes;
@@ -60,20 +20,6 @@ std::string AllBytes() {
         bytes.push_back(static_cast<char>(byte));
     }
     return bytes;
-}
-
-std::string Worksheet(std::size_t size) {
-    std::mt19937 random(11);
-    std::string text = "<sheetData>";
-    for (int row = 1; text.size() < size; ++row) {
-        text += "<row r=\"" + std::to_string(row) + "\">";
-        for (char column = 'A'; column < 'J'; ++column) {
-            text += std::string("<c r=\"") + column + std::to_string(row) + "\"><v>" +
-                    std::to_string(random() % 1000000 / 1e3) + "</v></c>";
-        }
-        text += "</row>";
-    }
-    return text + "</sheetData>";
 }
 
 // Compressible and incompressible parts in turn, so that blocks of all forms meet and start within a byte.
@@ -157,6 +103,13 @@ TEST(DeflaterTest, ChoosesAmongTheThreeForms) {
 TEST(DeflaterTest, WritesTheSmallestStreams) {
     EXPECT_EQ(Deflated("", 8), std::string("\x03\x00", 2));
     EXPECT_EQ(Deflated("a", 8), std::string("\x4B\x04\x00", 3));
+}
+
+// What level 8 needs; a search that gives up earlier, takes the first match or cuts blocks elsewhere needs more.
+TEST(DeflaterTest, PacksFixedTextsAsTightlyAsLevel8Does) {
+    for (const zip_test::FixedText& text : zip_test::FixedTexts()) {
+        EXPECT_LE(Deflated(text.bytes, 8).size(), text.mostBytes) << text.name;
+    }
 }
 
 TEST(DeflaterTest, GrowsRandomBytesByHeadsOnly) {

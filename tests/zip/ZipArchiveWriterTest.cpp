@@ -1,5 +1,6 @@
 // The writer on a file system in memory: bytes, rules, and every operation failing in turn.
 #include "zip/ZipArchiveWriter.h"
+#include "FixedTexts.h"
 #include "Inflater.h"
 #include "support/FakeFiles.h"
 #include "zip/ZipHandle.h"
@@ -96,6 +97,21 @@ TEST(ZipArchiveWriterTest, DeflatesWithSizesAndChecksumInTheHeader) {
     EXPECT_EQ(Number(bytes, second + 22, 4), content.size());
 }
 
+TEST(ZipArchiveWriterTest, DeflatesAtLevel8) {
+    for (const zip_test::FixedText& text : zip_test::FixedTexts()) {
+        FakeFiles files;
+        AddSource(files, "source", text.bytes);
+        ZipArchiveWriter writer(files);
+        ASSERT_EQ(writer.Create(target), ZipResult::Success);
+        ASSERT_EQ(writer.AddFile("a", "source"), ZipResult::Success);
+        ASSERT_EQ(writer.Close(), ZipResult::Success);
+        const std::string stream =
+            files.files[target].bytes.substr(30 + 1 + 17, Number(files.files[target].bytes, 18, 4));
+        EXPECT_LE(stream.size(), text.mostBytes) << text.name;
+        EXPECT_TRUE(stream == zip_test::Deflated(text.bytes, 8)) << text.name;
+    }
+}
+
 TEST(ZipArchiveWriterTest, MarksOnlyWhatCarriesTheMagicAsExecutable) {
     std::string program = FromHex("AD 54") + std::string(34, '\0') + FromHex("28 00 00 00") + FromHex("4D 5A 00 00") +
                           std::string(49, '\0'); // head at 40, size 93 > 40 + 52
@@ -172,9 +188,12 @@ TEST(ZipArchiveWriterTest, RefusesAfterAFailureAndAfterTheEnd) {
     ASSERT_EQ(second.Close(), ZipResult::Success);
     EXPECT_EQ(second.AddFile("a", "source"), ZipResult::AdditionsEnded);
     EXPECT_EQ(second.Close(), ZipResult::FaultyArguments);
-    ZipArchiveWriter third(files);
-    ASSERT_EQ(third.Create(target), ZipResult::Success);
-    EXPECT_EQ(third.AddFile("", "source"), ZipResult::FaultyArguments);
+    for (const std::string& name : {std::string(), std::string("a\0b", 3), std::string(1, '\0')}) {
+        ZipArchiveWriter third(files);
+        ASSERT_EQ(third.Create(target), ZipResult::Success);
+        EXPECT_EQ(third.AddFile(name, "source"), ZipResult::FaultyArguments);
+        EXPECT_TRUE(files.files[target].bytes.empty());
+    }
 }
 
 TEST(ZipArchiveWriterTest, ChecksHandles) {

@@ -52,7 +52,7 @@ TEST(ZipRealFilesTest, TakesPathsWithLettersOutsideAscii) {
     // Letters that a western code page and UTF-8 both have.
     const std::optional<std::string> name = platform::NarrowFromWide(L"gr\u00FC\u00DFe \u00E9t\u00E9");
     ASSERT_TRUE(name.has_value());
-    ASSERT_EQ(platform::OperatingSystemFiles().CreateFolder(folder / *name), platform::FolderCreation::Created);
+    ASSERT_EQ(platform::OperatingSystemFiles().CreateFolder(folder / *name), platform::Creation::Created);
     const std::string source = folder.Write(*name + "/" + *name + ".txt", "content");
     const std::string target = folder / (*name + "/" + *name + ".xlsx");
     zip::ZipArchiveWriter writer;

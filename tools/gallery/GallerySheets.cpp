@@ -51,6 +51,8 @@ void WritePages(CWorkbook& workbook) {
     view.pageScale = PageScale::FitWidth;
     CWorksheet& sheet = workbook.AddSheet(L"Seiten & \u00DCbersicht", {{1, 1, 20.5}, {2, 3, 8}}, view);
     sheet.SetPageSetup({PageOrientation::Landscape, 0.5, 0.5, 1, 1, 0.25, 0.25});
+    sheet.SetPageHeader({"Haus & Hof", "2026 &P", "rechts"});
+    sheet.SetPageFooter({"", "unten <mitte>", ""});
     for (unsigned row = 0; row < 30; ++row) {
         sheet.BeginRow();
         for (unsigned column = 0; column < 6; ++column) {

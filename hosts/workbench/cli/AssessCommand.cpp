@@ -25,7 +25,7 @@ struct Preparation {
 
 Outcome Prepare(const AssessOptions& options, Preparation& preparation) {
     if (Outcome failure = CheckSave(options.save)) return failure;
-    if (!options.report.empty() && std::filesystem::path(options.report).extension() != ".xlsx")
+    if (!options.report.empty() && FoldCase(std::filesystem::path(options.report).extension().string()) != ".xlsx")
         return Failure{UsageError, "--report " + options.report + ": a spreadsheet report ends in .xlsx"};
     if (Outcome failure = CheckPlacing("--place-report", options.placeReport, options.save)) return failure;
     if (!options.window.empty() && options.placeReport.empty())

@@ -51,11 +51,15 @@ bool IsSameFile(const std::string& a, const std::string& b) {
 }
 
 Outcome OpenModel(const std::string& path, KeepChanges keep, ModelInput& input) {
-    if (HasExtension(path, ".ifc")) return ImportIfc(path, input);
-    if (!IsProjectFile(path)) return Failure{UsageError, path + ": a model is an .ifc or a .kvp file"};
-    OpenedProject opened = OpenProjectFile(path, keep);
-    if (!opened.project) return Failure{InputUnreadable, opened.failure};
-    input.project = std::move(opened.project);
+    if (HasExtension(path, ".ifc")) {
+        if (Outcome failure = ImportIfc(path, input)) return failure;
+    } else {
+        if (!IsProjectFile(path)) return Failure{UsageError, path + ": a model is an .ifc or a .kvp file"};
+        OpenedProject opened = OpenProjectFile(path, keep);
+        if (!opened.project) return Failure{InputUnreadable, opened.failure};
+        input.project = std::move(opened.project);
+    }
+    input.project->name = std::filesystem::path(path).stem().string();
     return {};
 }
 

@@ -43,22 +43,23 @@ TableRow ReadRow(const RowState& state) {
 class PictureFolder {
 public:
     PictureFolder() {
-        std::error_code error;
-        std::string name = (std::filesystem::temp_directory_path(error) / "kelvarnix-charts-XXXXXX").string();
-        if (!error && mkdtemp(name.data()) != nullptr) path = name;
+        const char* root = std::getenv("TMPDIR");
+        path = std::string(root != nullptr && *root != '\0' ? root : "/tmp") + "/kelvarnix-charts-XXXXXX";
+        isMade = mkdtemp(path.data()) != nullptr;
     }
     ~PictureFolder() {
         std::error_code ignored;
-        if (!path.empty()) std::filesystem::remove_all(path, ignored);
+        if (isMade) std::filesystem::remove_all(path, ignored);
     }
     PictureFolder(const PictureFolder&) = delete;
     PictureFolder& operator=(const PictureFolder&) = delete;
 
-    /// Empty where none could be made: there is then no folder in which a picture could be written.
+    /// Where it could not be made no picture can be written there, which then names it.
     const std::string& GetPath() const { return path; }
 
 private:
     std::string path;
+    bool isMade = false;
 };
 
 bool PaintPicture(const std::string& path, int width, int height, double scale,

@@ -91,6 +91,12 @@ host::ErrorCode ModelRole::ReadElementComponents(const host::ElementHeader& head
     return host::NoError;
 }
 
+host::ErrorCode ModelRole::ReadProjectName(std::string& name) {
+    if (project == nullptr) return host::Errors::NoProject;
+    name = project->name;
+    return host::NoError;
+}
+
 host::ErrorCode AttributesRole::CountBuildingMaterials(std::int32_t& highestIndex) {
     if (project == nullptr) return host::Errors::NoProject;
     highestIndex = static_cast<std::int32_t>(project->model.GetBuildingMaterials().size());

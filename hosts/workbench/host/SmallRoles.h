@@ -28,6 +28,7 @@ public:
     host::ErrorCode ReadElementHeader(const host::Guid& element, host::ElementHeader& header) override;
     host::ErrorCode ReadElementComponents(const host::ElementHeader& element,
                                           std::vector<host::MaterialComponent>& components) override;
+    host::ErrorCode ReadProjectName(std::string& name) override;
 
 private:
     Project*& project;

@@ -27,6 +27,7 @@ public:
 class Project {
 public:
     Model model;
+    std::string name; ///< UTF-8, of the file it came from without extension; empty for one that was never in a file
     /// Null: changes live in memory only.
     std::unique_ptr<ChangeStore> store;
 

@@ -117,7 +117,7 @@ struct FavouriteRow {
     bool isObject = true;
     std::string libraryPart; ///< identifier
     double angle = 0.0;      ///< radians
-    double xRatio = 1.0;
+    double xRatio = 1.0;     ///< factors on the part's own size
     double yRatio = 1.0;
     std::vector<host::ObjectParameter> parameters;
 };
@@ -128,8 +128,8 @@ struct PlacedObject {
     host::Guid database;     ///< null: the floor plan
     std::string libraryPart; ///< identifier
     host::Point position;
-    double angle = 0.0; ///< radians
-    double xRatio = 1.0;
+    double angle = 0.0;  ///< radians
+    double xRatio = 1.0; ///< factors on the part's own size
     double yRatio = 1.0;
     std::vector<host::ObjectParameter> parameters;
 };

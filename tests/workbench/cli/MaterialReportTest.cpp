@@ -128,7 +128,7 @@ TEST_F(MaterialReportCommandTest, AssessWritesTheSpreadsheet) {
     ExpectRefusal(Kelvarnix({"assess", project, "--report", "r.pdf", "--quiet"}), 2, "r.pdf", ".xlsx");
     const std::string before = support::ContentOf(report);
     ExpectRefusal(Kelvarnix({"assess", project, "--report", "/none/report.xlsx", "--quiet"}), 5, "/none/report.xlsx",
-                  "The Save faild!");
+                  "cannot be written");
     ExpectRefusal(Kelvarnix({"assess", project, "--report", report, "--quiet"},
                             {{},
                              [] {
@@ -136,8 +136,21 @@ TEST_F(MaterialReportCommandTest, AssessWritesTheSpreadsheet) {
                                  std::signal(SIGXFSZ, SIG_IGN);
                                  return setrlimit(RLIMIT_FSIZE, &limit) == 0;
                              }}),
-                  5, report, "The Save faild!");
+                  5, report, "cannot be written");
     EXPECT_EQ(support::ContentOf(report), before);
+    // The folder in which the workbook grows, and the one for the pictures.
+    for (const char* variable : {"TEMP", "TMPDIR"}) {
+        const bool failsWhole = std::string(variable) == "TEMP";
+        const clitest::Finished unusable = Kelvarnix(
+            {"assess", project, "--report", report},
+            {{}, [&] { return setenv("TEMP", folder.Path().c_str(), 1) == 0 && setenv(variable, "/none", 1) == 0; }});
+        EXPECT_EQ(unusable.code, failsWhole ? 5 : 0);
+        EXPECT_TRUE(clitest::Contains(unusable.errors, failsWhole ? "temporary folder '/none/'" : "/none/kelvarnix-"))
+            << unusable.errors;
+    }
+    const std::string upper = folder.Path() + "/Report.XLSX";
+    EXPECT_EQ(Kelvarnix({"assess", project, "--report", upper, "--quiet"}).code, 0);
+    EXPECT_EQ(support::ContentOf(upper).substr(0, 2), "PK");
 }
 
 TEST_F(MaterialReportCommandTest, DrawingShowsWhatIsPlaced) {

@@ -4,6 +4,9 @@
 
 #include "DrivenAddOn.h"
 
+#include <cstdlib>
+#include <filesystem>
+
 namespace {
 
 using namespace ResourceIds;
@@ -196,6 +199,14 @@ protected:
         return told;
     }
 
+    /// A part of a report as another program unpacks it.
+    std::string PartOf(const std::string& file, const std::string& part) {
+        const std::string unpacked = folder / "part";
+        const std::string command = "unzip -p '" + file + "' '" + part + "' >'" + unpacked + "'";
+        EXPECT_EQ(std::system(command.c_str()), 0) << command;
+        return support::ContentOf(unpacked);
+    }
+
     support::TestFolder folder;
     host::SaveFileQuestion asked;
     Texts pictures;
@@ -203,6 +214,7 @@ protected:
 
 TEST_F(SpreadsheetTest, AsksWritesAndTells) {
     const std::string file = folder / "Größe 1.xlsx";
+    host.GetProject()->name = "Haus & Hof";
     SaveAs(file);
     EXPECT_EQ(asked.title + "|" + asked.proposedName + "|" + asked.typeManager + "|" + asked.extension,
               "LCA Design report|LCA report.xlsx|MyManager|xlsx");
@@ -210,6 +222,51 @@ TEST_F(SpreadsheetTest, AsksWritesAndTells) {
     EXPECT_EQ(support::ContentOf(file).substr(0, 2), "PK");
     EXPECT_EQ(pictures, (Texts{"LCAPieChart.jpg 350x230 x2 15", "LCABarChart.jpg 520x230 x2 13"}));
     EXPECT_EQ(report, Texts());
+    const std::string pages = PartOf(file, "xl/worksheets/sheet1.xml");
+    EXPECT_NE(pages.find("&amp;20Haus &amp;&amp; Hof&amp;R&amp;20Last update from Archicad: " +
+                         PaletteItem(LastUpdateTime).text + "</oddHeader>"),
+              std::string::npos)
+        << pages.substr(pages.size() - std::min<std::size_t>(pages.size(), 400));
+}
+
+/// Pictures, headings and legend follow what there is to draw, not what the palette looks like.
+TEST_F(SpreadsheetTest, ChartsOfAnyPaletteAndOfNothing) {
+    const auto headings = [&](const std::string& name) {
+        SaveAs(folder / name);
+        const std::string texts = PartOf(folder / name, "xl/sharedStrings.xml");
+        Texts found;
+        for (const char* text : {"GWP", "Threshold"})
+            if (texts.find(std::string(">") + text + "<") != std::string::npos) found.push_back(text);
+        // Each category's name stands in the table, too; its colour only in the legend.
+        if (PartOf(folder / name, "xl/styles.xml").find("FF7F7F7F") != std::string::npos) found.push_back("legend");
+        EXPECT_NE(support::ContentOf(folder / name).find("xl/media/LCAPieChart.jpg"), std::string::npos);
+        EXPECT_NE(support::ContentOf(folder / name).find("xl/media/LCABarChart.jpg"), std::string::npos);
+        return found;
+    };
+    host.dialogManager.Resize(dialog, {200, 200}); // the smallest palette
+    EXPECT_EQ(headings("whole.xlsx"), (Texts{"GWP", "Threshold", "legend"}));
+    EXPECT_EQ(pictures, (Texts{"LCAPieChart.jpg 350x230 x2 15", "LCABarChart.jpg 520x230 x2 13"}));
+    SetDefault(PropertyKey::GWPStandards, host::Variant::OfText(""));
+    Press(UpdateButton);
+    EXPECT_EQ(headings("without standards.xlsx"), (Texts{"GWP", "legend"}));
+    SetDefault(PropertyKey::GWPStandards, host::Variant::OfText("Low=0.1"));
+    SetDoorGWP(0);
+    Press(UpdateButton);
+    EXPECT_EQ(headings("without total.xlsx"), Texts{"Threshold"});
+}
+
+TEST_F(SpreadsheetTest, WritesTheFileBehindALink) {
+    std::filesystem::create_directory(folder / "shelf");
+    std::filesystem::create_symlink("shelf/second.xlsx", folder / "first.xlsx");
+    std::filesystem::create_symlink("last.xlsx", folder / "shelf/second.xlsx");
+    for (int i = 0; i < 2; ++i) { // into nothing, and over a file
+        SaveAs(folder / "first.xlsx");
+        EXPECT_EQ(Told(), "LCA Design report|Saved!|Open Now|Close");
+        EXPECT_TRUE(std::filesystem::is_symlink(folder / "first.xlsx"));
+        EXPECT_TRUE(std::filesystem::is_symlink(folder / "shelf/second.xlsx"));
+        EXPECT_EQ(support::ContentOf(folder / "shelf/last.xlsx").substr(0, 2), "PK");
+        folder.Write("shelf/last.xlsx", "old");
+    }
 }
 
 TEST_F(SpreadsheetTest, SaysWhatWentWrong) {
@@ -235,7 +292,30 @@ TEST_F(SpreadsheetTest, IsWrittenWithoutPicturesThatCannotBeDrawn) {
     EXPECT_EQ(host.dialogManager.shownAlerts.back().largeText, "Saved!");
     EXPECT_NE(support::ContentOf(folder / "with.xlsx").find("xl/media/"), std::string::npos);
     EXPECT_EQ(support::ContentOf(folder / "without.xlsx").find("xl/media"), std::string::npos);
-    EXPECT_EQ(report.size(), 2U);
+    ASSERT_EQ(report.size(), 2U);
+    EXPECT_NE(report[0].find(folder / "LCAPieChart.jpg"), std::string::npos) << report[0];
+}
+
+/// A file that can be opened and not read, one that is no picture, none at all.
+TEST_F(SpreadsheetTest, IsWrittenWithoutPicturesThatCannotBeRead) {
+    for (const char* content : {"/proc/self/mem", "\xFF\xD8", "GIF89a", ""}) {
+        SaveAs(folder / "with.xlsx");
+        report.clear();
+        host.pictures.painter = [&](const std::string& file, auto&&...) {
+            std::filesystem::remove(file);
+            if (*content == '/')
+                std::filesystem::create_symlink(content, file);
+            else
+                std::ofstream(file, std::ios::binary) << content;
+            return true;
+        };
+        ASSERT_TRUE(Press(ReportButton));
+        EXPECT_EQ(host.dialogManager.shownAlerts.back().largeText, "Saved!") << content;
+        EXPECT_EQ(support::ContentOf(folder / "with.xlsx").find("xl/media"), std::string::npos);
+        EXPECT_EQ(report, Texts{"writing the report: a chart's picture cannot be read; it is left out"});
+        for (const char* picture : {"LCAPieChart.jpg", "LCABarChart.jpg"})
+            std::filesystem::remove(folder / picture);
+    }
 }
 
 TEST_F(SpreadsheetTest, TenThousandLayersFit) {
