@@ -30,10 +30,12 @@ def install():
     os.makedirs(WORK, exist_ok=True)
     for name in ("package.json", "package-lock.json", ".npmrc"):
         shutil.copyfile(os.path.join(source, name), os.path.join(WORK, name))
-    result = subprocess.run(["npm", "install", "--no-audit", "--no-fund"], cwd=WORK, capture_output=True, text=True,
-                            errors="replace", timeout=TIME_LIMIT)
+    cache = os.path.join(WORK, "cache")
+    result = subprocess.run(["npm", "install", "--no-audit", "--no-fund", "--cache", cache], cwd=WORK, capture_output=True,
+                            text=True, errors="replace", timeout=TIME_LIMIT)
     if result.returncode != 0 or not os.path.exists(PROGRAM):
         sys.exit("judge_validator: the validator cannot be installed\n" + result.stdout + result.stderr)
+    shutil.rmtree(cache, ignore_errors=True)
     shutil.copyfile(wanted, installed)
 
 
