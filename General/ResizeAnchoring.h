@@ -36,10 +36,11 @@ public:
     /// Remembers the item's present rectangle and raises the dialog's minimum size. All items of one dialog are
     /// registered at one size of it.
     void Register(host::DialogId dialog, std::int16_t item, const AnchorFactors& factors);
-    /// Forgets what was registered before, and registers these.
+    /// Forgets what was registered before, and registers these; the dialog's minimum size is at least `minimum`.
     template <std::size_t Count>
-    void RegisterAll(host::DialogId dialog, const ItemAnchor (&items)[Count]) {
+    void RegisterAll(host::DialogId dialog, const ItemAnchor (&items)[Count], host::Size minimum = {}) {
         Reset();
+        minimumSize = minimum;
         for (const ItemAnchor& anchor : items)
             Register(dialog, anchor.item, anchor.factors);
     }

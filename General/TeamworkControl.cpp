@@ -35,11 +35,14 @@ std::string FillIn(std::string text, const std::string& name) {
     return place == std::string::npos ? text : text.replace(place, sizeof NamePlaceholder - 1, name);
 }
 
+host::LockableStatus ReadStatus(host::Host& host, const host::Guid& lockableSet) {
+    return lockableSet.IsNull() ? host::LockableStatus::Unknown : host.GetTeamwork().ReadLockableStatus(lockableSet);
+}
+
 } // namespace
 
 host::LockableStatus ReadSetStatus(host::Host& host, const char* setName) {
-    host::Teamwork& teamwork = host.GetTeamwork();
-    return teamwork.ReadLockableStatus(teamwork.FindLockableSet(setName));
+    return ReadStatus(host, host.GetTeamwork().FindLockableSet(setName));
 }
 
 bool TeamworkControl::ShowInTeamworkOnly(host::DialogId dialog, std::initializer_list<std::int16_t> group) {
@@ -49,15 +52,15 @@ bool TeamworkControl::ShowInTeamworkOnly(host::DialogId dialog, std::initializer
     return isShared;
 }
 
-void TeamworkControl::Refresh(host::DialogId dialog) {
+TeamworkControl::Confirming TeamworkControl::Refresh(host::DialogId dialog) {
     host::DialogItems& dialogItems = host.GetDialogItems();
     host::Teamwork& teamwork = host.GetTeamwork();
     if (!teamwork.IsTeamworkProject()) {
         dialogItems.Enable(dialog, ConfirmItem, true);
-        return;
+        return Confirming::Allowed;
     }
     const host::Guid lockableSet = teamwork.FindLockableSet(setName);
-    const host::LockableStatus status = teamwork.ReadLockableStatus(lockableSet);
+    const host::LockableStatus status = ReadStatus(host, lockableSet);
     const bool isFree = status == host::LockableStatus::Free;
     const bool isMine = status == host::LockableStatus::HeldByMe;
     const Look look = GetLook(status);
@@ -68,23 +71,26 @@ void TeamworkControl::Refresh(host::DialogId dialog) {
                         isFree || isMine ? statusText : FillIn(statusText, FindHolderName(lockableSet)));
     dialogItems.SetText(dialog, items.button, read(look.button));
     dialogItems.Enable(dialog, ConfirmItem, isMine);
+    return isMine ? Confirming::Allowed : Confirming::Denied;
 }
 
-void TeamworkControl::ButtonClicked(host::DialogId dialog) {
+TeamworkControl::Confirming TeamworkControl::ButtonClicked(host::DialogId dialog) {
     Refresh(dialog);
     host::Teamwork& teamwork = host.GetTeamwork();
-    if (teamwork.IsTeamworkProject() && teamwork.HasConnection()) {
-        const host::Guid lockableSet = teamwork.FindLockableSet(setName);
+    const host::Guid lockableSet =
+        teamwork.IsTeamworkProject() && teamwork.HasConnection() ? teamwork.FindLockableSet(setName) : host::Guid();
+    if (!lockableSet.IsNull()) {
         // The host's own windows tell the user what went wrong; a refusal shows in the refreshed state.
         if (teamwork.ReadLockableStatus(lockableSet) == host::LockableStatus::HeldByMe)
             static_cast<void>(teamwork.Release(lockableSet, host::HostDialogs::Enabled));
         else
             static_cast<void>(teamwork.Reserve(lockableSet, host::HostDialogs::Enabled));
     }
-    Refresh(dialog);
+    return Refresh(dialog);
 }
 
 std::string TeamworkControl::FindHolderName(const host::Guid& lockableSet) {
+    if (lockableSet.IsNull()) return UnknownName;
     const std::vector<std::int16_t> holders = host.GetTeamwork().ListHolders(lockableSet);
     std::vector<host::ProjectMember> members;
     if (holders.empty() || host.GetTeamwork().ListMembers(members) != host::NoError) return UnknownName;

@@ -10,6 +10,7 @@
 
 namespace General {
 
+/// Unknown where the host knows no set of this name.
 host::LockableStatus ReadSetStatus(host::Host& host, const char* setName);
 
 /// Items of the control in a dialog.
@@ -29,10 +30,11 @@ public:
     bool ShowInTeamworkOnly(host::DialogId dialog, std::initializer_list<std::int16_t> group);
     /// Shows who holds the set and lets the dialog be confirmed (item 1) only by its holder. In a project that is not
     /// shared the dialog can always be confirmed, and the control's own items stay as they are.
-    void Refresh(host::DialogId dialog);
+    enum class Confirming { Allowed, Denied };
+    Confirming Refresh(host::DialogId dialog);
     /// Reserves or requests a set that this user does not hold and releases one that is held, where the Teamwork server
-    /// can be reached.
-    void ButtonClicked(host::DialogId dialog);
+    /// can be reached. Answers as the refresh that follows.
+    Confirming ButtonClicked(host::DialogId dialog);
 
 private:
     std::string FindHolderName(const host::Guid& lockableSet);

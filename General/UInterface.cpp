@@ -1,9 +1,11 @@
 #include "General/UInterface.h"
 
+#include "General/CallbackGuard.h"
 #include "host/Resources.h"
 #include "resources/ResourceIds.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace General {
 
@@ -39,8 +41,8 @@ void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list) 
         const host::ListColumn place = layout.ReadColumn(dialog, list, column);
         const int width = std::min(place.end, space.width) - place.begin;
         host::Rectangle rectangle = host.GetDialogItems().ReadRectangle(dialog, editor);
-        rectangle.width = static_cast<std::int16_t>(width - EditorMargin);
-        rectangle.height = static_cast<std::int16_t>(space.height - EditorMargin);
+        rectangle.width = static_cast<std::int16_t>(std::max(width - EditorMargin, 0));
+        rectangle.height = static_cast<std::int16_t>(std::max(space.height - EditorMargin, 0));
         host.GetDialogItems().SetRectangle(dialog, editor, rectangle);
     }
 }
@@ -59,6 +61,12 @@ void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog) {
     }
 }
 
+bool IsUsableNumber(host::Host& host, double value) {
+    const bool isFinite = std::isfinite(value);
+    if (!isFinite) ReportFailure(&host, "typed value", "it is too large to be a number, the former one stays");
+    return isFinite;
+}
+
 std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,
                        const std::array<std::int16_t, 3>& buttons) {
     host::Resources& resources = host.GetResources();
@@ -67,9 +75,14 @@ std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t titl
                       resources.ReadString(ResourceIds::Report::List, message),
                       {},
                       {}};
-    for (const std::int16_t button : buttons)
-        if (button != NoButton) alert.buttons.push_back(resources.ReadString(ResourceIds::Report::List, button));
-    return host.GetAlerts().Show(alert);
+    std::vector<std::int16_t> places = {0}; // of the buttons that the alert has, among those asked for
+    for (std::size_t i = 0; i < buttons.size(); ++i) {
+        if (buttons[i] == NoButton) continue;
+        alert.buttons.push_back(resources.ReadString(ResourceIds::Report::List, buttons[i]));
+        places.push_back(static_cast<std::int16_t>(i + 1));
+    }
+    const auto pressed = static_cast<std::size_t>(host.GetAlerts().Show(alert));
+    return pressed < places.size() ? places[pressed] : std::int16_t{0};
 }
 
 } // namespace General

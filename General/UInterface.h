@@ -20,6 +20,10 @@ void SetListColumn(host::Host& host, host::DialogId dialog, std::int16_t list, s
 /// row's height, each less 2 pixels.
 void FitListEditors(host::Host& host, host::DialogId dialog, std::int16_t list);
 
+/// Whether a value that was typed is finite; what is not is told in the host's report, and the field that it was typed
+/// into goes back to its old value.
+bool IsUsableNumber(host::Host& host, double value);
+
 /// Lays the columns of list item 3 from the last, which ends at the list's width, to the first; each as wide as its
 /// header, or as its header's minimum where the header is narrower or cannot be resized.
 void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog);
@@ -27,7 +31,8 @@ void LayoutListColumnsFromRight(host::Host& host, host::DialogId dialog);
 /// Stands for a button that the alert does not have.
 inline constexpr std::int16_t NoButton = -1;
 
-/// Shows an alert whose texts are entries of string list 32557; answers the number of the pressed button.
+/// Shows an alert whose texts are entries of string list 32557; answers the pressed button's place among `buttons`,
+/// counted from 1.
 std::int16_t ShowAlert(host::Host& host, host::AlertType type, std::int16_t title, std::int16_t message,
                        const std::array<std::int16_t, 3>& buttons);
 

@@ -33,7 +33,7 @@ void RunThroughHost(benchmark::State& state) {
     lca::BaseSums sums;
     for (auto iteration : state) {
         static_cast<void>(iteration);
-        if (RunGWPCalculation(host, record, table, sums) != host::NoError) state.SkipWithError("the run failed");
+        if (RunGWPCalculation(host, record, table, sums) != RunOutcome::Whole) state.SkipWithError("the run failed");
     }
     if (sums.buildingComponents <= 0.0) state.SkipWithError("nothing was summed");
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * elements * ComponentsPerElement));

@@ -20,9 +20,9 @@ struct Bench {
     explicit Bench(std::size_t elements) : context(host) {
         host.OpenProject(bench::MakeBuilding(elements), host::ProjectEvent::New);
         bench::GiveMaterialValues(host, 1.0);
-        std::ignore = LoadProjectData(host, context.projectData);
-        context.projectData.standards = {{"Limit", 12}, {"Goal", 5}};
-        std::ignore = StoreProjectData(host, context.projectData);
+        std::ignore = ChangeProjectData(host, context.projectData, [](lca::LCAProjectData& record) {
+            record.standards = {{"Limit", 12}, {"Goal", 5}};
+        });
         context.mainPalette.Open();
         host.dialogManager.alertAnswer = [](const host::Alert&) { return std::int16_t{2}; }; // the report stays closed
         host.userInput.fileAnswer = [this](const host::SaveFileQuestion&) { return std::optional(file); };

@@ -14,22 +14,13 @@ struct ParameterListId {
     bool IsNull() const { return value == 0; }
 };
 
+/// A host without booleans passes 0 or 1 for them, and answers as a boolean what was added as one.
 struct CommandParameter {
-    using Value = std::variant<bool, std::int32_t, std::string, const void*>;
+    using Value = std::variant<bool, std::int32_t, std::string, ModuleId>;
 
     std::string name;
     Value value;
 };
-
-/// What a command hands over: a list of parameters, or a block in a form that both sides agreed on. Both are the
-/// caller's and live until the call ends; either may be missing.
-struct CommandParameters {
-    ParameterListId list;
-    void* block = nullptr;
-};
-
-/// Answers an error code and lets no exception out. A silent call shows nothing to the user.
-using CommandHandler = ErrorCode (*)(const CommandParameters& parameters, bool silent);
 
 class AddOnCommands {
 public:
@@ -37,7 +28,8 @@ public:
 
     /// Each list needs its freeing, on all paths.
     virtual ErrorCode CreateParameterList(ParameterListId& list) = 0;
-    /// BadName when the list has a parameter of this name, BadParameters when there is no such list.
+    /// The host keeps what it is given until the list is freed. BadName when the list has a parameter of this name,
+    /// BadParameters when there is no such list.
     virtual ErrorCode AddParameter(ParameterListId list, const CommandParameter& parameter) = 0;
     /// BadName when the list has none of this name.
     virtual ErrorCode ReadParameter(ParameterListId list, const std::string& name, CommandParameter& parameter) = 0;
@@ -45,10 +37,11 @@ public:
     virtual ErrorCode ChangeParameter(ParameterListId list, const CommandParameter& parameter) = 0;
     virtual ErrorCode FreeParameterList(ParameterListId list) = 0;
 
-    /// Answers what the called add-on's handler answers; ModuleNotInstalled, CommandNotSupported or
-    /// CommandVersionNotSupported when there is nobody to call.
-    virtual ErrorCode Call(const ModuleId& target, std::uint32_t code, std::int32_t version,
-                           const CommandParameters& parameters, bool silent) = 0;
+    /// Without parameters the list is none. A silent call shows nothing to the user. Answers what the called add-on's
+    /// handler answers; ModuleNotInstalled, CommandNotSupported or CommandVersionNotSupported when there is nobody to
+    /// call.
+    virtual ErrorCode Call(const ModuleId& target, std::uint32_t code, std::int32_t version, ParameterListId list,
+                           bool silent) = 0;
 };
 
 } // namespace host

@@ -55,19 +55,31 @@ struct Size {
     std::int16_t height = 0;
 };
 
+/// The host wants a registered palette open, at its own start for instance because it was open when the host was left.
+/// Answers an error code and lets no exception out.
+using PaletteRequestHandler = ErrorCode (*)(const Guid& palette);
+
+/// The host hides, shows and disables a registered palette by itself, and says nothing of it: what the add-on has shown
+/// and enabled comes back as it was.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
 
-    /// Opens a palette from a dialog resource of the add-on; `guid` is the key under which the host keeps its place.
-    /// The handler gets Initialise before the call returns, and must live until Close. Answers none when it cannot be
-    /// opened.
-    virtual DialogId OpenPalette(std::int16_t resource, const Guid& guid, DialogHandler& handler) = 0;
+    /// Only during initialisation: makes a palette known that is laid out by a dialog resource of the add-on; `palette`
+    /// is the key under which the host keeps its place. BadId when the key is taken.
+    virtual ErrorCode RegisterPalette(std::int16_t resource, const Guid& palette, PaletteRequestHandler handler) = 0;
+    /// On freeing, after the palette was closed. BadId when it is not registered.
+    virtual ErrorCode UnregisterPalette(const Guid& palette) = 0;
+    /// Opens a registered palette. The handler gets Initialise before the call returns, and must live until Close.
+    /// Answers none when it cannot be opened.
+    virtual DialogId OpenPalette(const Guid& palette, DialogHandler& handler) = 0;
     /// Opens a modal dialog and answers, after it has closed, the number of the item that closed it; 0 when it cannot
-    /// be opened. The handler gets Initialise first and Close last, while the items can still be read.
+    /// be opened or was closed by Close. The handler gets Initialise first and Close last, while the items can still
+    /// be read.
     virtual std::int16_t RunModal(std::int16_t resource, const Guid& guid, DialogHandler& handler) = 0;
-    /// Sends Close to the handler and removes the palette.
-    virtual void ClosePalette(DialogId dialog) = 0;
+    /// Removes a palette, or has a modal dialog end as soon as the host has control again. The handler gets Close
+    /// before the call returns and nothing after it.
+    virtual void Close(DialogId dialog) = 0;
     virtual Size ReadSize(DialogId dialog) = 0;
     virtual void SetMinimumSize(DialogId dialog, Size size) = 0;
     /// Between the two, items are moved without being drawn one by one.
@@ -88,7 +100,8 @@ public:
     /// Of an icon item or of a button that carries an icon; `icon` is an icon resource of the add-on.
     virtual void SetIcon(DialogId dialog, std::int16_t item, std::int16_t icon) = 0;
     virtual void SetBackground(DialogId dialog, std::int16_t item, const Colour& colour) = 0;
-    /// A user item gets UserItemUpdate before the call returns.
+    /// A user item gets UserItemUpdate when the host next paints: before the call returns, later, or never while the
+    /// item cannot be seen.
     virtual void Redraw(DialogId dialog, std::int16_t item) = 0;
     /// Of lists and user items: off while much changes. Switching it on again draws a list; a user item waits for
     /// Redraw.
@@ -165,7 +178,6 @@ class ListRows {
 public:
     virtual ~ListRows() = default;
 
-    virtual std::int32_t Count(DialogId dialog, std::int16_t item) = 0;
     /// Inserts in front of `row`, or at the end for 0; answers the new row.
     virtual std::int32_t Insert(DialogId dialog, std::int16_t item, std::int32_t row) = 0;
     /// A line across the list, which counts as a row and cannot be selected; placed as Insert does.
@@ -209,6 +221,7 @@ public:
 
 enum class AlertType { Information, Warning, Error };
 
+/// In the order in which the host takes the texts.
 struct Alert {
     AlertType type = AlertType::Information;
     std::string title;

@@ -64,8 +64,10 @@ public:
     /// The area between two radii and their arc.
     virtual void FillSector(double centreX, double centreY, double radius, double startAngle, double sweep,
                             const Colour& colour) = 0;
+    // ArchiCAD is not known to place or turn texts by a documented function: its adapter brings these two along.
+
     /// Centred in the box both ways, also where it is larger than the box.
-    virtual void DrawText(const BoxedText& text, const Colour& colour) = 0;
+    virtual void DrawBoxedText(const BoxedText& text, const Colour& colour) = 0;
     virtual void DrawSlantedText(const SlantedText& text, const Colour& colour) = 0;
 };
 
@@ -76,6 +78,7 @@ public:
 
     /// Path of one of the host's special folders by its number, UTF-8.
     virtual ErrorCode ReadSpecialFolder(std::int16_t number, std::string& path) = 0;
+    /// ArchiCAD is not known to draw without a window: its adapter brings this along.
     /// Draws width x height pixels, `scale` times as large in the picture, and writes them as a JPEG file; one of that
     /// name is replaced.
     virtual ErrorCode WriteJpeg(const std::string& path, int width, int height, double scale,
@@ -85,7 +88,8 @@ public:
 /// Of the host's folder for temporary files.
 inline constexpr std::int16_t TemporaryFolder = 7;
 
-/// Of the dialogs' small font, in pixels.
+/// Of the dialogs' small font, in pixels. ArchiCAD is not known to have functions for this: its adapter brings them
+/// along.
 class TextMeasuring {
 public:
     virtual ~TextMeasuring() = default;

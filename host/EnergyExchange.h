@@ -1,8 +1,7 @@
-// What the energy evaluation add-on and its export targets agreed on: identifiers, commands, parameters and blocks.
+// What the energy evaluation add-on and its export targets agreed on: identifiers, commands, parameters and settings.
 #pragma once
 
-#include "host/AddOnCommands.h"
-#include "host/ObjectState.h"
+#include "host/Values.h"
 
 namespace host::EnergyExchange {
 
@@ -20,28 +19,20 @@ inline constexpr std::uint32_t RegisterTarget = CommandCode("LESR");
 inline constexpr std::uint32_t UnregisterTarget = CommandCode("LESU");
 
 inline constexpr char EnabledParameter[] = "isEcoDesignerStarEnabled";
-inline constexpr char TargetParameter[] = "mdid";           ///< points to the caller's ModuleId
+inline constexpr char TargetParameter[] = "mdid";           ///< the caller's ModuleId
 inline constexpr char MenuTextParameter[] = "uiStr";        ///< what the user chooses to export there
 inline constexpr char ExportTypeParameter[] = "exportType"; ///< PlainExport
 inline constexpr std::int32_t PlainExport = 1;
 
-// Answered by an export target, with blocks.
+// Answered by an export target.
 
-/// With a SettingsBlock: the target writes into the settings tree which data it wants, and how detailed.
+/// A settings command: the target writes into the tree which data it wants, and how detailed.
 inline constexpr std::uint32_t AskSettings = CommandCode("GRSC");
-/// With a DataBlock: the data.
+/// A document command: the data as XML with the root element RootElement.
 inline constexpr std::uint32_t SendData = CommandCode("SRDT");
 
-struct SettingsBlock {
-    ObjectState* settings = nullptr; ///< the caller's; the answer replaces what it holds
-};
-
-/// The block is there but its settings are not.
+/// What the host answers in the target's place when the caller's block has no settings in it.
 inline constexpr ErrorCode SettingsMissing{-7003};
-
-struct DataBlock {
-    const std::string* document = nullptr; ///< XML in the encoding that it declares; root element RootElement
-};
 
 inline constexpr char RootElement[] = "root";
 

@@ -9,7 +9,7 @@ namespace host {
 class Host;
 
 /// Raised whenever a role gains, loses or reorders an operation.
-inline constexpr std::uint32_t InterfaceVersion = 4;
+inline constexpr std::uint32_t InterfaceVersion = 5;
 
 /// What the environment check learns of the host, and what it tells of the add-on.
 struct Environment {

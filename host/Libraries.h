@@ -39,20 +39,11 @@ struct LibraryPartIndex {
     friend bool operator==(LibraryPartIndex a, LibraryPartIndex b) { return a.value == b.value; }
 };
 
-/// An object element without its parameters.
-struct ObjectElement {
+/// What a new object is made from: a library part's default element, or a favourite. All settings that come with it,
+/// such as layer, pens, size, angle and classification, are the host's to take over; the add-on sees none of them.
+struct ObjectSource {
     LibraryPartIndex libraryPart;
-    Point position;
-    double angle = 0.0;  ///< radians
-    double xRatio = 1.0; ///< factors on the part's own size
-    double yRatio = 1.0;
-};
-
-struct Favourite {
-    bool isObject = false;
-    std::string libraryPartId; ///< pair of braced identifiers joined by "-"; of objects
-    ObjectElement element;
-    std::vector<ObjectParameter> parameters;
+    std::string favourite; ///< its name; empty for the part's default element
 };
 
 class Libraries {
@@ -61,27 +52,29 @@ public:
 
     /// identifier is a pair of braced identifiers joined by "-". BadId when no loaded library has an object of it.
     virtual ErrorCode FindObject(const std::string& identifier, LibraryPartIndex& part) = 0;
-    /// The default element of a part with its default parameters.
-    virtual ErrorCode ReadDefaults(LibraryPartIndex part, ObjectElement& element,
-                                   std::vector<ObjectParameter>& parameters) = 0;
-    /// Names of all favourites, in the host's order.
-    virtual ErrorCode ListFavourites(std::vector<std::string>& names) = 0;
-    /// BadName when there is none of this name.
-    virtual ErrorCode ReadFavourite(const std::string& name, Favourite& favourite) = 0;
+    /// Names of the favourites that are objects of a part with this main identifier (braced, the first of the part's
+    /// pair), whatever its revision and whether it is loaded or not, in the host's order.
+    virtual ErrorCode ListFavourites(const std::string& mainIdentifier, std::vector<std::string>& names) = 0;
+    /// The parameters with which a new object starts. BadName when there is no favourite of this name or it is none of
+    /// an object.
+    virtual ErrorCode ReadParameters(const ObjectSource& source, std::vector<ObjectParameter>& parameters) = 0;
 };
 
-/// Objects of the current database. Changes answer NeedsUndoScope outside an undoable command.
+/// Objects of the current database. Changes answer NeedsUndoScope outside an undoable command, and what the object's
+/// state asks for: LockedLayer, HiddenLayer, NotEditable, Deleted, NoAccessRight.
 class PlacedObjects {
 public:
     virtual ~PlacedObjects() = default;
 
     /// BadId where there is no such object in the current database.
-    virtual ErrorCode Read(const Guid& object, ObjectElement& element) = 0;
+    virtual ErrorCode ReadLibraryPart(const Guid& object, LibraryPartIndex& part) = 0;
     virtual ErrorCode ReadParameters(const Guid& object, std::vector<ObjectParameter>& parameters) = 0;
     virtual ErrorCode WriteParameters(const Guid& object, const std::vector<ObjectParameter>& parameters) = 0;
-    /// Writes the new identifier into object. BadId for a part that is not loaded.
-    virtual ErrorCode Create(const ObjectElement& element, const std::vector<ObjectParameter>& parameters,
-                             Guid& object) = 0;
+    /// Places an object with the settings of its source and these parameters; what is not among them stays the
+    /// source's. Writes the new identifier into object. BadId for a part that is not loaded, BadName for a favourite
+    /// that is not there.
+    virtual ErrorCode Create(const ObjectSource& source, const Point& position,
+                             const std::vector<ObjectParameter>& parameters, Guid& object) = 0;
 };
 
 } // namespace host

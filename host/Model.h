@@ -21,6 +21,7 @@ struct MaterialComponent {
     double areaM2 = 0.0;
 };
 
+/// The window's background in the place of a pen.
 inline constexpr std::int16_t NoPen = -1;
 
 /// Eight rows of eight pixels from the top; the highest bit is the leftmost pixel, a set bit the foreground.
@@ -33,7 +34,7 @@ struct BuildingMaterial {
     double densityKgM3 = 0.0;
     AttributeIndex cutFill;
     std::int16_t cutFillPen = 0;
-    std::int16_t cutFillBackgroundPen = 0; ///< NoPen is a transparent background
+    std::int16_t cutFillBackgroundPen = 0; ///< 0 is transparent; NoPen shows what lies behind as well
     AttributeIndex cutSurface;
 };
 
@@ -44,20 +45,24 @@ struct Database {
     std::string name;
 };
 
-/// Element list filter: in the 3D model, taken from the floor plan whatever database is current.
-inline constexpr std::uint32_t ElementsIn3DFromFloorPlan = 0x10000008U;
+/// Which elements a list names: all of the current database, or those of the floor plan that stand in the 3D model,
+/// whatever database is current.
+enum class ElementScope { CurrentDatabase, FloorPlanIn3D };
 
 class Model {
 public:
     virtual ~Model() = default;
 
-    /// Identifiers in the model's order. filter is a mask of the host's element filter bits; without a filter the
-    /// current database's elements are listed.
-    virtual ErrorCode ListElements(ElementType type, std::uint32_t filter, std::vector<Guid>& elements) = 0;
+    /// Identifiers in the model's order. Of an element that is made of others (curtain wall, stair, railing) only the
+    /// owner is listed, never its parts beside it.
+    virtual ErrorCode ListElements(ElementType type, ElementScope scope, std::vector<Guid>& elements) = 0;
     /// BadId when there is no such element.
     virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
-    /// Components in the element's order; replaces what the list held. BadId when there is no such element.
-    virtual ErrorCode ReadElementComponents(const Guid& element, std::vector<MaterialComponent>& components) = 0;
+    /// Components in the element's order; replaces what the list held. An element without any answers an empty list and
+    /// 0. header as ReadElementHeader gives it: how components are asked depends on the kind. BadId when there is no
+    /// such element.
+    virtual ErrorCode ReadElementComponents(const ElementHeader& element,
+                                            std::vector<MaterialComponent>& components) = 0;
 };
 
 /// Attributes of the project. Every reading operation answers BadIndex where the index is a gap or past the end.

@@ -1,4 +1,4 @@
-// Role: texts of the add-on's resources, and the host's own way to write numbers, times and letters.
+// Role: texts of the add-on's resources, and the way in which numbers, times and letters are written.
 #pragma once
 
 #include "host/Values.h"
@@ -13,9 +13,12 @@ public:
     virtual std::string ReadString(std::int16_t stringList, std::int16_t entry) = 0;
     /// The pair by which the host and other add-ons know the add-on, from its module id resource of this number.
     virtual ModuleId ReadModuleId(std::int16_t number) = 0;
-    /// A number as the host's unit-aware formatter writes it under a format code.
+
+    // ArchiCAD is not known to have a function for the following three: its adapter brings them along.
+
+    /// A number as a unit-aware formatter writes it under a format code; code 3 is two decimals.
     virtual std::string FormatNumber(double value, std::int16_t formatCode) = 0;
-    /// The current local time as the host's time formatter writes it under its flags.
+    /// The current local time as a time formatter writes it under its flags; 528 is date and time.
     virtual std::string FormatCurrentTime(std::uint32_t flags) = 0;
     /// Lower case of every letter that has one, in any script.
     virtual std::string ToLowerCase(const std::string& text) = 0;

@@ -32,6 +32,7 @@ private:
 
 inline constexpr ErrorCode NoError;
 
+/// The host's numbers. An adapter that has the host's own names for them compares by those.
 namespace Errors {
 constexpr ErrorCode Code(std::uint32_t value) {
     return ErrorCode(static_cast<std::int32_t>(value));
@@ -44,18 +45,25 @@ inline constexpr ErrorCode BadIndex = Code(0x81060066U);
 inline constexpr ErrorCode BadName = Code(0x81060067U);
 inline constexpr ErrorCode BadParameters = Code(0x81060068U);
 inline constexpr ErrorCode BadDatabase = Code(0x8106006AU);
+inline constexpr ErrorCode BadWindow = Code(0x8106006BU);
 inline constexpr ErrorCode BadValue = Code(0x81060070U);
 inline constexpr ErrorCode NoProject = Code(0x810600CBU);
+inline constexpr ErrorCode NotEditable = Code(0x810600CFU);
 inline constexpr ErrorCode NoTeamworkProject = Code(0x810600D3U);
-inline constexpr ErrorCode RefusedCommand = Code(0x810600CDU);
-inline constexpr ErrorCode NeedsUndoScope = Code(0x810600E1U);
 inline constexpr ErrorCode UndoEmpty = Code(0x810600E2U);
 inline constexpr ErrorCode NameAlreadyUsed = Code(0x810600E4U);
+inline constexpr ErrorCode Deleted = Code(0x8106012EU);
+inline constexpr ErrorCode LockedLayer = Code(0x8106012FU);
+inline constexpr ErrorCode HiddenLayer = Code(0x81060130U);
+inline constexpr ErrorCode NotMine = Code(0x81060132U); ///< another add-on's, or another member's
 inline constexpr ErrorCode NoAccessRight = Code(0x81060133U);
 inline constexpr ErrorCode BadProperty = Code(0x81060134U);
 inline constexpr ErrorCode ModuleNotInstalled = Code(0x81060191U);
 inline constexpr ErrorCode CommandNotSupported = Code(0x81060193U);
 inline constexpr ErrorCode CommandVersionNotSupported = Code(0x81060194U);
+inline constexpr ErrorCode RefusedCommand = Code(0x81060388U);
+inline constexpr ErrorCode CommandFailed = Code(0x8106038CU); ///< the undoable command threw
+inline constexpr ErrorCode NeedsUndoScope = Code(0x8106038DU);
 } // namespace Errors
 
 /// A 128-bit identifier; all zero means "none".

@@ -1,4 +1,4 @@
-// Role: reading XML documents.
+// Role: reading XML documents. ArchiCAD is not known to have a function for this: its adapter brings a reader along.
 #pragma once
 
 #include "host/Values.h"
@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Stands in one element of a document and moves from there. Texts are UTF-8, whatever the document's encoding is.
+/// Stands in one element of a document and moves from there. Texts are UTF-8.
 class DOMReader {
 public:
     virtual ~DOMReader() = default;
@@ -27,8 +27,8 @@ class XmlReading {
 public:
     virtual ~XmlReading() = default;
 
-    /// Reads a whole document in memory and stands in its root element. Entities that the document itself declares are
-    /// not expanded. BadValue when it is not well-formed, is in an encoding that is not known, or has another root;
+    /// Reads a whole UTF-8 document in memory, whatever encoding it declares, and stands in its root element. Entities
+    /// that the document itself declares are not expanded. BadValue when it is not well-formed or has another root;
     /// OutOfMemory when it is too large. The reader is then empty.
     virtual ErrorCode ReadDocument(const std::string& document, const std::string& rootName,
                                    std::unique_ptr<DOMReader>& reader) = 0;

@@ -36,26 +36,31 @@ double FindNameLimit(const std::vector<BarEntry>& entries, double available, con
 
 } // namespace
 
+std::vector<double> ComputePieShares(const std::array<double, CategoryCount>& gwps) {
+    const double sum = std::accumulate(gwps.begin(), gwps.end(), 0.0);
+    std::vector<double> shares;
+    if (!(sum > 0.0) || !std::isfinite(sum)) return shares;
+    for (const double gwp : gwps)
+        shares.push_back(gwp / sum * 100.0);
+    return shares;
+}
+
 PieChart LayOutPieChart(const std::array<double, CategoryCount>& gwps, const ChartArea& area, const ChartFont& font) {
     PieChart chart;
     chart.centreX = area.left + area.width / 2.0;
     chart.centreY = area.top + area.height / 2.0;
     chart.radius = std::trunc(PieShare * std::min(area.width / 2.0, area.height / 2.0));
-    const double sum = std::accumulate(gwps.begin(), gwps.end(), 0.0);
-    if (!(sum > 0.0)) return chart;
     double before = 0.0; // share of the slices before this one
-    for (const double gwp : gwps) {
-        const double share = gwp / sum;
+    for (const double percent : ComputePieShares(gwps)) {
+        const double share = percent / 100.0;
         PieSlice slice;
         slice.startAngle = before * 2.0 * Pi - Pi / 2.0 - SliceOverlap;
         slice.sweep = share * 2.0 * Pi + SliceOverlap;
         const double labelAngle = slice.startAngle + share * Pi + SliceOverlap;
         const double labelRadius = chart.radius + LabelDistance;
-        slice.label =
-            CentreOn(chart.centreX + labelRadius * std::cos(labelAngle),
-                     chart.centreY + labelRadius * std::sin(labelAngle), WriteFixed(share * 100.0, 0) + "%", font);
+        slice.label = CentreOn(chart.centreX + labelRadius * std::cos(labelAngle),
+                               chart.centreY + labelRadius * std::sin(labelAngle), WriteFixed(percent, 0) + "%", font);
         chart.slices.push_back(std::move(slice));
-        chart.shares.push_back(share * 100.0);
         before += share;
     }
     return chart;

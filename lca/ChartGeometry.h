@@ -52,10 +52,12 @@ struct PieChart {
     double centreY = 0.0;
     double radius = 0.0;
     std::vector<PieSlice> slices; ///< by category
-    std::vector<double> shares;   ///< percent, by category
 };
 
-/// No slices and no shares where the sum of the values is not positive.
+/// Percent by category; empty where the sum of the values is not positive or not finite.
+std::vector<double> ComputePieShares(const std::array<double, CategoryCount>& gwps);
+
+/// A slice for each share; none where there are no shares.
 PieChart LayOutPieChart(const std::array<double, CategoryCount>& gwps, const ChartArea& area, const ChartFont& font);
 
 /// Name and value: a standard's threshold, or the actual impact.

@@ -1,6 +1,7 @@
 #include "lca/LCAProjectData.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace lca {
 
@@ -47,6 +48,14 @@ void LCAProjectData::SetFloorChoice(FloorQuantity quantity, FloorSource source) 
     floorChoice[quantity] = source == FloorSource::EnergyEvaluation;
 }
 
+void LCAProjectData::ChooseFloorSource(FloorQuantity quantity, FloorSource source) {
+    SetFloorChoice(quantity, source);
+    SetPlainValue(quantity, GetFloorValue(quantity, source));
+    if (source == FloorSource::ByHand) return;
+    if (quantity == FloorQuantity::SolarPanels) ChooseFloorSource(FloorQuantity::MaxSolarContribution, FloorSource::ByHand);
+    if (quantity == FloorQuantity::MaxSolarContribution) ChooseFloorSource(FloorQuantity::SolarPanels, FloorSource::ByHand);
+}
+
 FloorSource LCAProjectData::GetFloorChoice(FloorQuantity quantity) const {
     return ValueOr(floorChoice, quantity, false) ? FloorSource::EnergyEvaluation : FloorSource::ByHand;
 }
@@ -56,6 +65,12 @@ double LCAProjectData::GetFloorValue(FloorQuantity quantity, FloorSource source)
         return GetFloorValue(FloorQuantity::GrossFloorArea);
     const auto& map = source == FloorSource::EnergyEvaluation ? evaluatedFloorValues : enteredFloorValues;
     return ValueOr(map, quantity, GetPlainValue(quantity));
+}
+
+std::optional<double> LCAProjectData::GetAreaYears() const {
+    const double areaM2 = GetFloorValue(FloorQuantity::ReferenceFloorArea);
+    if (std::fabs(areaM2) <= SmallestArea || consideredServiceLifeYears == 0) return std::nullopt;
+    return consideredServiceLifeYears * areaM2;
 }
 
 bool LCAProjectData::IsPhaseUsed(const std::string& code) const {

@@ -5,6 +5,7 @@
 #include "lca/Categories.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,9 @@ struct Standard {
 
     friend bool operator==(const Standard& a, const Standard& b) { return a.name == b.name && a.limit == b.limit; }
 };
+
+/// m2; an area within this distance of 0 counts as not given.
+inline constexpr double SmallestArea = 1e-5;
 
 /// Where a floor quantity's value comes from; true in the stored choice flag is the energy evaluation.
 enum class FloorSource { ByHand, EnergyEvaluation };
@@ -30,6 +34,9 @@ public:
     /// Puts the value into the source's map and into the plain field.
     void SetFloorValue(FloorQuantity quantity, FloorSource source, double value);
     void SetFloorChoice(FloorQuantity quantity, FloorSource source);
+    /// The same as a choice of the user: the plain field takes the value that then counts, and of the solar panels' yield
+    /// from the energy evaluation and the limit in its place, which exclude each other, the other one's choice ends.
+    void ChooseFloorSource(FloorQuantity quantity, FloorSource source);
     /// ByHand where nothing was chosen.
     FloorSource GetFloorChoice(FloorQuantity quantity) const;
     /// The source's map, else the plain field, never the other map. The reference floor area from the energy evaluation
@@ -46,6 +53,10 @@ public:
     bool IsPhaseUsed(const std::string& code) const;
     /// A phase that comes into use goes to the end of the list.
     void SetPhaseUsed(const std::string& code, bool isUsed);
+
+    /// m2 x years by which a GWP per area and year becomes a GWP; none while the reference floor area counts as not
+    /// given or the period is 0, so that there is no such value.
+    std::optional<double> GetAreaYears() const;
 
     std::uint32_t consideredServiceLifeYears = 50; ///< reference study period
     GWPUnitType standardsUnit = GWPUnitType::PerAreaAndYear;

@@ -6,7 +6,6 @@ namespace lca {
 
 namespace {
 
-constexpr double SmallestArea = 1e-5; ///< m2; below it an area counts as not given
 constexpr char NoValue[] = "-";
 
 /// Operational emission over the period less what the solar yield saves in electricity.
@@ -82,6 +81,12 @@ Results ComputeResults(const LCAProjectData& record, const BaseSums& sums) {
     return results;
 }
 
+bool IsFinite(const Results& results) {
+    // A row that is none spoils the total in the same unit.
+    return std::isfinite(results.totalGwp) && std::isfinite(results.totalGwpPerArea) &&
+           std::isfinite(results.totalGwpPerAreaPerYear);
+}
+
 double GetTotalInUnit(const Results& results, GWPUnitType unit) {
     if (unit == GWPUnitType::Total) return results.totalGwp;
     return unit == GWPUnitType::PerArea ? results.totalGwpPerArea : results.totalGwpPerAreaPerYear;
@@ -94,7 +99,7 @@ std::vector<std::string> BuildTableText(const Results& results, const TableLabel
     texts.insert(texts.end(), 2, std::string());
     texts.insert(texts.end(), labels.units.begin(), labels.units.end());
     const auto add = [&](const std::optional<double>& value) {
-        texts.push_back(value ? formatNumber(*value) : std::string(NoValue));
+        texts.push_back(value && std::isfinite(*value) ? formatNumber(*value) : std::string(NoValue));
     };
     for (std::size_t i = 0; i < CategoryCount; ++i) {
         const CategoryResult& row = results.categories[i];

@@ -36,6 +36,10 @@ struct Results {
 
 Results ComputeResults(const LCAProjectData& record, const BaseSums& sums);
 
+/// Whether every value is a number: extreme inputs can add up beyond what a double holds. The table shows "-" for what
+/// is none, the charts leave it out.
+bool IsFinite(const Results& results);
+
 /// The total in the unit of the record's standards.
 double GetTotalInUnit(const Results& results, GWPUnitType unit);
 
@@ -52,7 +56,7 @@ struct TableLabels {
 
 using NumberFormatter = std::function<std::string(double)>;
 
-/// 70 texts, row by row. A value that does not exist is "-"; colour column and the unit row's first two are empty.
+/// 70 texts, row by row. A value that does not exist or is not finite is "-"; colour column and the unit row's first two are empty.
 std::vector<std::string> BuildTableText(const Results& results, const TableLabels& labels,
                                         const NumberFormatter& formatNumber);
 

@@ -7,6 +7,7 @@
 #include "host/Commands.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -51,7 +52,7 @@ BuildingMaterialsLCASettingsDialog::Answer BuildingMaterialsLCASettingsDialog::R
 }
 
 host::ErrorCode BuildingMaterialsLCASettingsDialog::ApplyResults() {
-    return GetHost().GetUndoableCommands().Call({}, [&] { return records.StoreChanged(); });
+    return GetHost().GetUndoableCommands().Call({}, [&] { return records.StoreEdits(); });
 }
 
 std::int16_t BuildingMaterialsLCASettingsDialog::HandleItemEvent(host::DialogMessage message, std::int16_t item,
@@ -90,9 +91,18 @@ void BuildingMaterialsLCASettingsDialog::Initialise() {
     FillPhases(Fill::Rows);
     teamwork.ShowInTeamworkOnly(GetDialog(),
                                 {TeamworkButton, TeamworkIcon, TeamworkStatusText, TeamworkLabel, TeamworkSeparator});
-    teamwork.Refresh(GetDialog());
+    isEditable = teamwork.Refresh(GetDialog()) == General::TeamworkControl::Confirming::Allowed;
     anchoring.RegisterAll(GetDialog(), Anchors);
     GetHost().GetDialogItems().Show(GetDialog(), PhaseValueEdit, false);
+}
+
+void BuildingMaterialsLCASettingsDialog::TakeTeamworkState(General::TeamworkControl::Confirming state) {
+    const bool isAllowed = state == General::TeamworkControl::Confirming::Allowed;
+    if (std::exchange(isEditable, isAllowed) || !isAllowed) return;
+    // Until now others could change what is shown; the user's own edits stay.
+    records.Reread();
+    FillPhases(Fill::Texts);
+    BindValueEditor();
 }
 
 std::int16_t BuildingMaterialsLCASettingsDialog::HandleClick(std::int16_t item) {
@@ -105,7 +115,7 @@ std::int16_t BuildingMaterialsLCASettingsDialog::HandleClick(std::int16_t item) 
         RefillMaterials();
         break;
     case TeamworkButton:
-        teamwork.ButtonClicked(GetDialog());
+        TakeTeamworkState(teamwork.ButtonClicked(GetDialog()));
         break;
     default:
         break;
@@ -213,18 +223,19 @@ void BuildingMaterialsLCASettingsDialog::FillPhases(Fill fill) {
         cells.SetText(GetDialog(), PhaseList, row, PhaseColumn, phase);
         std::string text = NoValue;
         if (selected) {
-            const MaterialPhaseValues values = records.Get(*selected, phase, GetFirstUsedPhase());
-            text = FormatNumber(GetHost(), values.gwp);
-            ShowFirstSelected(values);
+            text = FormatNumber(GetHost(), records.Get(*selected, phase, GetFirstUsedPhase()).gwp);
         }
         cells.SetText(GetDialog(), PhaseList, row, ValueColumn, text);
     }
+    if (selected) ShowFirstSelected(*selected);
     if (fill == Fill::Rows && selectedPhase > 0)
         GetHost().GetListSelection().Select(GetDialog(), PhaseList, selectedPhase);
     GetHost().GetDialogItems().EnableDrawing(GetDialog(), PhaseList, true);
 }
 
-void BuildingMaterialsLCASettingsDialog::ShowFirstSelected(const MaterialPhaseValues& values) {
+void BuildingMaterialsLCASettingsDialog::ShowFirstSelected(std::size_t position) {
+    // Neither depends on the phase, so that they show where the project uses none, too.
+    const MaterialPhaseValues values = records.Get(position, {}, GetFirstUsedPhase());
     GetHost().GetItemValues().SetInteger(GetDialog(), ServiceLifeEdit, values.serviceLifeYears);
     General::SelectPopupByText(GetHost(), GetDialog(), values.unit);
 }
@@ -260,7 +271,9 @@ void BuildingMaterialsLCASettingsDialog::ApplyEdit(std::int16_t item) {
     MaterialPhaseChange change;
     if (item == PhaseValueEdit) {
         if (phase == nullptr) return;
-        change.gwp = values.ReadReal(GetDialog(), PhaseValueEdit);
+        const double gwp = values.ReadReal(GetDialog(), PhaseValueEdit);
+        if (!General::IsUsableNumber(GetHost(), gwp)) return BindValueEditor();
+        change.gwp = gwp;
     } else if (item == ServiceLifeEdit) {
         change.serviceLifeYears = values.ReadInteger(GetDialog(), ServiceLifeEdit);
     } else {

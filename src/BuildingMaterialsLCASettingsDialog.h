@@ -19,7 +19,7 @@ public:
     /// Stores what an accepted run changed, as one undoable command without a name.
     host::ErrorCode ApplyResults();
     /// Shows the present reservation; while the dialog is open.
-    void RefreshTeamwork() { teamwork.Refresh(GetDialog()); }
+    void RefreshTeamwork() { TakeTeamworkState(teamwork.Refresh(GetDialog())); }
 
 protected:
     std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
@@ -30,6 +30,7 @@ private:
     enum class Fill { Rows, Texts };
 
     void Initialise();
+    void TakeTeamworkState(General::TeamworkControl::Confirming state);
     std::int16_t HandleClick(std::int16_t item);
     void HandleChange(std::int16_t item);
     void Resize();
@@ -40,7 +41,7 @@ private:
     void RefillMaterials();
     void DrawMaterialCell(const host::DialogMessageData& cell);
     void FillPhases(Fill fill);
-    void ShowFirstSelected(const MaterialPhaseValues& values);
+    void ShowFirstSelected(std::size_t position);
     void TakeMaterialSelection();
     void BindValueEditor();
     void ApplyEdit(std::int16_t item);
@@ -57,4 +58,5 @@ private:
     MaterialRecords records;
     lca::LCAProjectData workingCopy;
     lca::LCAProjectData* projectRecord = nullptr; ///< of the running dialog
+    bool isEditable = false;                      ///< by the last look at the reservation
 };

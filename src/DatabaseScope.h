@@ -7,7 +7,9 @@
 class DatabaseScope {
 public:
     explicit DatabaseScope(host::Host& host) : host(host), databases(host.GetDatabases()) {
-        isKnown = databases.ReadCurrentDatabase(former) == host::NoError;
+        const host::ErrorCode error = databases.ReadCurrentDatabase(former);
+        General::ReportHostError(host, "reading the current database", error);
+        isKnown = !error;
         current = former;
     }
     ~DatabaseScope() {

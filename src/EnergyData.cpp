@@ -36,23 +36,31 @@ std::optional<double> ReadChildNumber(host::DOMReader& reader, const char* name)
     return text ? lca::ParseDecimal(*text) : std::nullopt;
 }
 
+constexpr char NoNumber[] = "a value is missing or is no number";
+
 /// Values of a list's chosen items; a bad one spoils the whole part.
 class PartValues {
 public:
     void Take(const std::optional<double>& value) {
-        if (!value || values.size() == MostEnergyValues)
-            isWhole = false;
+        if (!value)
+            fault = NoNumber;
+        else if (values.size() == MostEnergyValues)
+            fault = "it has more than " + std::to_string(MostEnergyValues) + " values";
         else
             values.push_back(*value);
     }
-    std::vector<double> Finish() { return isWhole ? std::move(values) : std::vector<double>(); }
+    /// The values, or why the part is skipped.
+    std::vector<double> Finish(std::string& reason) {
+        reason = fault;
+        return fault.empty() ? std::move(values) : std::vector<double>();
+    }
 
 private:
     std::vector<double> values;
-    bool isWhole = true;
+    std::string fault;
 };
 
-std::vector<double> ReadElectricityFactors(host::DOMReader& reader) {
+std::vector<double> ReadElectricityFactors(host::DOMReader& reader, std::string& fault) {
     PartValues factors;
     Inside(reader, "dataArray", [&] {
         ForEachItem(reader, [&] {
@@ -60,14 +68,17 @@ std::vector<double> ReadElectricityFactors(host::DOMReader& reader) {
                 factors.Take(ReadChildNumber(reader, "carbonFootprint"));
         });
     });
-    return factors.Finish();
+    return factors.Finish(fault);
 }
 
-std::optional<EnergyData::KeyValues> ReadKeyValues(host::DOMReader& reader) {
+std::optional<EnergyData::KeyValues> ReadKeyValues(host::DOMReader& reader, std::string& fault) {
     const std::optional<double> area = ReadChildNumber(reader, "grossFloorArea");
     const std::optional<double> emission = ReadChildNumber(reader, "co2emission");
-    if (!area || !emission) return std::nullopt;
-    return EnergyData::KeyValues{*area, *emission};
+    if (!area || !emission)
+        fault = NoNumber;
+    else if (*area < 0.0)
+        fault = "the gross floor area is negative";
+    return fault.empty() ? std::optional(EnergyData::KeyValues{*area, *emission}) : std::nullopt;
 }
 
 bool IsSolarPhotovoltaic(host::DOMReader& reader) {
@@ -77,7 +88,7 @@ bool IsSolarPhotovoltaic(host::DOMReader& reader) {
     return isSolar;
 }
 
-std::vector<double> ReadSolarYields(host::DOMReader& reader) {
+std::vector<double> ReadSolarYields(host::DOMReader& reader, std::string& fault) {
     PartValues yields;
     const auto readItem = [&] {
         if (!IsSolarPhotovoltaic(reader)) return;
@@ -86,15 +97,20 @@ std::vector<double> ReadSolarYields(host::DOMReader& reader) {
         yields.Take(yield);
     };
     Inside(reader, ListValue, [&] { Inside(reader, "xlsQuantities", [&] { ForEachItem(reader, readItem); }); });
-    return yields.Finish();
+    return yields.Finish(fault);
 }
 
 } // namespace
 
 EnergyData ReadEnergyData(host::DOMReader& reader) {
     EnergyData data;
-    Inside(reader, "energySourcesFactor", [&] { data.electricityFactors = ReadElectricityFactors(reader); });
-    Inside(reader, "projectKeyValuesData", [&] { data.keyValues = ReadKeyValues(reader); });
-    Inside(reader, "multiThermalBlockXLSData", [&] { data.solarYields = ReadSolarYields(reader); });
+    const auto readPart = [&](const char* name, auto& values, auto&& read) {
+        std::string fault;
+        Inside(reader, name, [&] { values = read(reader, fault); });
+        if (!fault.empty()) data.skippedParts.push_back(std::string(name) + " is skipped: " + fault);
+    };
+    readPart("energySourcesFactor", data.electricityFactors, ReadElectricityFactors);
+    readPart("projectKeyValuesData", data.keyValues, ReadKeyValues);
+    readPart("multiThermalBlockXLSData", data.solarYields, ReadSolarYields);
     return data;
 }

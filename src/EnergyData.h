@@ -4,10 +4,11 @@
 #include "host/Xml.h"
 
 #include <optional>
+#include <string>
 #include <vector>
 
-/// A part of the document that is missing, lacks an element or has a value that is no finite number counts as not there
-/// at all.
+/// A part of the document that lacks an element or has a value that cannot be (no finite number, a negative area)
+/// counts as not there at all, and says why.
 struct EnergyData {
     struct KeyValues {
         double grossFloorAreaM2 = 0.0;
@@ -17,6 +18,8 @@ struct EnergyData {
     std::vector<double> electricityFactors; ///< kg CO2eq per kWh, in the order of the sources
     std::optional<KeyValues> keyValues;
     std::vector<double> solarYields; ///< kWh a year, in the order of the energy categories
+
+    std::vector<std::string> skippedParts; ///< a line each: the part and the reason; parts that are missing have none
 };
 
 /// A building has a handful of energy sources and categories; a list of more values is taken as damaged.

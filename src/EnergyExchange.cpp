@@ -4,7 +4,10 @@
 #include "src/EnergyData.h"
 #include "src/LCAProjectDataStore.h"
 
+#include "General/CallbackGuard.h"
 #include "General/ObjectStateProcessor.h"
+#include "host/AddOnCommands.h"
+#include "host/EnergyExchange.h"
 #include "src/Texts.h"
 
 namespace {
@@ -30,7 +33,7 @@ public:
     /// Answers the first failure of the list, else the call's.
     host::ErrorCode Call(std::uint32_t command) {
         if (error != host::NoError) return error;
-        return commands.Call(Exchange::EnergyEvaluation, command, Exchange::CommandVersion, {list, nullptr}, true);
+        return commands.Call(Exchange::EnergyEvaluation, command, Exchange::CommandVersion, list, true);
     }
     host::ErrorCode Read(const char* name, host::CommandParameter& parameter) {
         return commands.ReadParameter(list, name, parameter);
@@ -70,26 +73,20 @@ struct EvaluatedValue {
     double value;
 };
 
-/// Takes and chooses values of one part of the data and stores the record on its own. What the model does not take, the
-/// record does not keep.
+/// Takes and chooses values of one part of the data onto what the model holds, and stores them on their own. What the
+/// model does not take, the record does not keep.
 class PartTaker {
 public:
     PartTaker(host::Host& host, lca::LCAProjectData& record) : host(host), record(record) {}
 
     void Take(const std::vector<EvaluatedValue>& values) {
-        lca::LCAProjectData changed = record;
-        for (const EvaluatedValue& one : values) {
-            changed.SetFloorValue(one.quantity, lca::FloorSource::EnergyEvaluation, one.value);
-            changed.SetFloorChoice(one.quantity, lca::FloorSource::EnergyEvaluation);
-            // The yield and its limit exclude each other.
-            if (one.quantity == lca::FloorQuantity::SolarPanels)
-                changed.SetFloorChoice(lca::FloorQuantity::MaxSolarContribution, lca::FloorSource::ByHand);
-        }
-        const host::ErrorCode error = StoreProjectData(host, changed);
-        if (error == host::NoError || error == host::Errors::UndoEmpty)
-            record = std::move(changed);
-        else if (firstError == host::NoError)
-            firstError = error;
+        const host::ErrorCode error = ChangeProjectData(host, record, [&](lca::LCAProjectData& present) {
+            for (const EvaluatedValue& one : values) {
+                present.SetFloorValue(one.quantity, lca::FloorSource::EnergyEvaluation, one.value);
+                present.ChooseFloorSource(one.quantity, lca::FloorSource::EnergyEvaluation);
+            }
+        });
+        if (!firstError) firstError = error;
     }
 
     host::ErrorCode GetFirstError() const { return firstError; }
@@ -120,7 +117,7 @@ host::ErrorCode RegisterExportTarget(host::Host& host) {
     }
     const host::ModuleId ownId = host.GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
     ParameterList list(host.GetAddOnCommands());
-    list.Add(Exchange::TargetParameter, static_cast<const void*>(&ownId));
+    list.Add(Exchange::TargetParameter, ownId);
     list.Add(Exchange::MenuTextParameter, ReadText(host, ResourceIds::EnergyExport::MenuText));
     list.Add(Exchange::ExportTypeParameter, Exchange::PlainExport);
     return list.Call(Exchange::RegisterTarget);
@@ -129,30 +126,23 @@ host::ErrorCode RegisterExportTarget(host::Host& host) {
 host::ErrorCode UnregisterExportTarget(host::Host& host) {
     const host::ModuleId ownId = host.GetResources().ReadModuleId(ResourceIds::ModuleIdResource);
     ParameterList list(host.GetAddOnCommands());
-    list.Add(Exchange::TargetParameter, static_cast<const void*>(&ownId));
+    list.Add(Exchange::TargetParameter, ownId);
     return list.Call(Exchange::UnregisterTarget);
 }
 
-host::ErrorCode AnswerExportSettings(const Exchange::SettingsBlock* block) {
-    if (block == nullptr) return host::Errors::BadParameters;
-    if (block->settings == nullptr) return Exchange::SettingsMissing;
-    host::ObjectState& settings = *block->settings;
+void AnswerExportSettings(host::ObjectState& settings) {
     settings = settings.IsEmpty() ? BuildExportSettings() : AdaptExportSettings(settings);
-    return host::NoError;
 }
 
-host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const Exchange::DataBlock* block) {
-    if (block == nullptr || block->document == nullptr) return host::Errors::BadParameters;
+host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const std::string& document) {
     std::unique_ptr<host::DOMReader> reader;
-    const host::ErrorCode error = host.GetXmlReading().ReadDocument(*block->document, Exchange::RootElement, reader);
+    const host::ErrorCode error = host.GetXmlReading().ReadDocument(document, Exchange::RootElement, reader);
     if (error != host::NoError) return error;
     const EnergyData data = ReadEnergyData(*reader);
     reader.reset(); // a large document's memory, before the calculation needs its own
 
-    // What has changed in the model since the last loading must not be stored back.
-    lca::LCAProjectData present = context.projectData;
-    if (const host::ErrorCode failure = LoadProjectData(host, present)) return failure;
-    context.projectData = std::move(present);
+    for (const std::string& skipped : data.skippedParts)
+        General::ReportFailure(&host, "exported data", skipped.c_str());
     PartTaker taker(host, context.projectData);
     for (const double factor : data.electricityFactors)
         taker.Take({{lca::FloorQuantity::ElectricitySourceFactor, factor}});

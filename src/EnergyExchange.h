@@ -2,8 +2,9 @@
 // takes them into the project record. Shows nothing to the user; what fails is an error code.
 #pragma once
 
-#include "host/EnergyExchange.h"
 #include "host/Host.h"
+#include "host/ObjectState.h"
+#include "host/Values.h"
 
 class AddOnContext;
 
@@ -14,10 +15,9 @@ host::ErrorCode RegisterExportTarget(host::Host& host);
 host::ErrorCode UnregisterExportTarget(host::Host& host);
 
 /// Writes into the settings that the yearly values of the three data sets are wanted; an empty tree gets them made.
-/// BadParameters without a block, SettingsMissing without settings in it.
-host::ErrorCode AnswerExportSettings(const host::EnergyExchange::SettingsBlock* block);
+void AnswerExportSettings(host::ObjectState& settings);
 
 /// Takes each whole part of the document as values of the energy evaluation, chooses them and stores the record; then
-/// an open palette is updated. BadParameters without a document, else the reading's error or the first of the storings,
-/// after which the other parts are still taken.
-host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const host::EnergyExchange::DataBlock* block);
+/// an open palette is updated. Answers the reading's error or the first of the storings, after which the other parts
+/// are still taken.
+host::ErrorCode TakeExportedData(host::Host& host, AddOnContext& context, const std::string& document);

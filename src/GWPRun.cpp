@@ -17,6 +17,7 @@
 namespace {
 
 constexpr std::size_t ProgressSteps = 20;
+constexpr char Task[] = "GWP calculation";
 
 /// About twenty updates, whatever the number of elements.
 class Progress {
@@ -28,25 +29,30 @@ public:
     }
     ~Progress() {
         Note(window.Close());
+        // The run does not need the window.
         General::ReportHostError(host, "showing the progress", firstError);
     }
     Progress(const Progress&) = delete;
     Progress& operator=(const Progress&) = delete;
 
-    void Update(std::size_t element) {
-        if (element % step == 0) Note(window.SetValue(static_cast<std::int32_t>(element)));
+    enum class Answer { GoOn, Cancelled };
+    Answer Update(std::size_t element) {
+        if (element % step != 0) return Answer::GoOn;
+        const host::ErrorCode error = window.SetValue(static_cast<std::int32_t>(element));
+        if (error == host::Errors::Cancelled) return Answer::Cancelled;
+        Note(error);
+        return Answer::GoOn;
     }
 
 private:
-    /// A window that does not show is told once; the run does not need it.
     void Note(host::ErrorCode error) {
         if (!firstError) firstError = error;
     }
 
     host::Host& host;
-    host::ErrorCode firstError;
     host::ProgressWindow& window;
     std::size_t step;
+    host::ErrorCode firstError;
 };
 
 /// Values of the building materials, each read when it is first met.
@@ -62,14 +68,16 @@ public:
         if (isNew) entry->second = Read(material);
         return entry->second;
     }
+    const General::CountedFailures& GetUnread() const { return unread; }
 
 private:
     lca::MaterialValues Read(host::AttributeIndex index) {
         lca::MaterialValues material;
         host::BuildingMaterial attribute;
-        if (host.GetAttributes().ReadBuildingMaterial(index, attribute) == host::NoError)
+        if (!unread.Note(host.GetAttributes().ReadBuildingMaterial(index, attribute)))
             material.densityKgM3 = attribute.densityKgM3;
-        const MaterialProperties::Values read = properties.Read(index);
+        MaterialProperties::Values read;
+        unread.Note(properties.Read(index, read));
         material.gwpPerUnit = lca::SumMaterialGWP(lca::DecodeMaterialGWP(properties.GetGWPText(read)), usedPhases);
         material.unit = lca::ReadMaterialUnit(properties.GetUnitText(read));
         material.serviceLifeYears = properties.GetServiceLife(read);
@@ -80,88 +88,134 @@ private:
     MaterialProperties properties;
     const std::vector<std::string>& usedPhases;
     std::unordered_map<host::AttributeIndex, lca::MaterialValues> values;
+    General::CountedFailures unread;
+};
+
+/// The elements' own values, of the definitions that the model has.
+class ElementProperties {
+public:
+    ElementProperties(host::Host& host, const LCADefinitions& definitions) : host(host) {
+        for (std::size_t i = lca::FirstElementKey; i < lca::FirstProjectKey; ++i) {
+            if (!definitions[i]) continue;
+            keys.push_back(static_cast<lca::PropertyKey>(i));
+            guids.push_back(definitions[i]->guid);
+        }
+    }
+
+    /// An element whose values the host refuses counts whole.
+    lca::ElementValues Read(const host::Guid& element) {
+        lca::ElementValues own;
+        if (guids.empty()) return own;
+        host::ErrorCode error = host.GetProperties().ReadElementValues(element, guids, read);
+        if (!error && read.size() != guids.size()) error = host::Errors::General;
+        if (unread.Note(error)) return own;
+        for (std::size_t i = 0; i < keys.size(); ++i)
+            if (read[i].status == host::PropertyStatus::HasValue) Take(keys[i], read[i].value, own);
+        return own;
+    }
+    const General::CountedFailures& GetUnread() const { return unread; }
+
+private:
+    /// A value of another kind, or none, counts as not available.
+    static void Take(lca::PropertyKey key, const host::Variant& value, lca::ElementValues& own) {
+        if (key == lca::PropertyKey::GWP && value.type == host::ValueType::Real) own.gwp = value.real;
+        if (key == lca::PropertyKey::Include && value.type == host::ValueType::Boolean) own.include = value.boolean;
+        if (key == lca::PropertyKey::GWPPercentage && value.type == host::ValueType::Real) own.percentage = value.real;
+    }
+
+    host::Host& host;
+    std::vector<lca::PropertyKey> keys;
+    std::vector<host::Guid> guids;
+    std::vector<host::PropertyValue> read; // reused from element to element
+    General::CountedFailures unread;
 };
 
 class Run {
 public:
-    Run(host::Host& host, const lca::LCAProjectData& record, const LCADefinitions& definitions,
-        lca::MaterialSumTable& table, lca::BaseSums& sums)
+    Run(host::Host& host, const lca::LCAProjectData& record, const LCADefinitions& definitions)
         : host(host), periodYears(record.consideredServiceLifeYears), materials(host, definitions, record.usedPhases),
-          table(table), sums(sums) {
-        for (std::size_t i = lca::FirstElementKey; i < lca::FirstProjectKey; ++i)
-            elementGuids.push_back(definitions[i] ? definitions[i]->guid : host::Guid());
-    }
+          properties(host, definitions) {}
 
-    host::ErrorCode AddElement(const host::Guid& element) {
-        const lca::ElementValues own = ReadElementValues(element);
-        if (!own.include) return host::NoError;
+    void AddElement(const host::Guid& element) {
+        const lca::ElementValues own = properties.Read(element);
+        if (!own.include) return;
         host::ElementHeader header;
-        if (const host::ErrorCode error = host.GetModel().ReadElementHeader(element, header)) return error;
+        if (unread.Note(host.GetModel().ReadElementHeader(element, header))) return;
         const double share = own.percentage / 100.0;
         if (header.type == host::ElementType::Door)
             sums.doors += share * own.gwp;
         else if (header.type == host::ElementType::Window)
             sums.windows += share * own.gwp;
         else
-            return AddComponents(header, share);
-        return host::NoError;
+            AddComponents(header, share);
     }
+
+    /// Says what could not be read; answers whether all was.
+    bool ReportUnread() const {
+        unread.Report(host, Task, "elements could not be read and do not count");
+        properties.GetUnread().Report(host, Task, "elements count whole, their own LCA values could not be read");
+        materials.GetUnread().Report(host, Task, "values of building materials could not be read and count as 0");
+        return unread.GetCount() + properties.GetUnread().GetCount() + materials.GetUnread().GetCount() == 0;
+    }
+
+    lca::MaterialSumTable table;
+    lca::BaseSums sums;
 
 private:
-    lca::ElementValues ReadElementValues(const host::Guid& element) {
-        lca::ElementValues own;
-        if (host.GetProperties().ReadElementValues(element, elementGuids, read) != host::NoError ||
-            read.size() != elementGuids.size())
-            return own;
-        const auto has = [&](std::size_t i) { return read[i].status == host::PropertyStatus::HasValue; };
-        if (has(0)) own.gwp = read[0].value.real;
-        if (has(1)) own.include = read[1].value.boolean;
-        if (has(2)) own.percentage = read[2].value.real;
-        return own;
-    }
-
-    host::ErrorCode AddComponents(const host::ElementHeader& header, double share) {
-        if (const host::ErrorCode error = host.GetModel().ReadElementComponents(header.guid, components)) return error;
+    void AddComponents(const host::ElementHeader& header, double share) {
+        if (unread.Note(host.GetModel().ReadElementComponents(header, components))) return;
         for (const host::MaterialComponent& component : components) {
             const double gwp = lca::ComputeComponentGWP(materials.Get(component.buildingMaterial), share,
                                                         component.volumeM3, component.areaM2, periodYears);
             sums.buildingComponents += gwp;
             table.Add(header.layer.value, component.buildingMaterial.value, gwp);
         }
-        return host::NoError;
     }
 
     host::Host& host;
     std::uint32_t periodYears;
     MaterialCache materials;
-    lca::MaterialSumTable& table;
-    lca::BaseSums& sums;
-    std::vector<host::Guid> elementGuids;
-    // Reused from element to element.
-    std::vector<host::PropertyValue> read;
-    std::vector<host::MaterialComponent> components;
+    ElementProperties properties;
+    std::vector<host::MaterialComponent> components; // reused from element to element
+    General::CountedFailures unread;
 };
+
+/// What a run needs before its first element.
+struct Inputs {
+    LCADefinitions definitions;
+    std::vector<host::Guid> elements;
+};
+
+host::ErrorCode ReadInputs(host::Host& host, lca::LCAProjectData& record, DatabaseScope& database, Inputs& inputs) {
+    if (const host::ErrorCode error = LoadProjectData(host, record)) return error;
+    if (const host::ErrorCode error = FindDefinitions(host, inputs.definitions)) return error;
+    // Elements of another database must not count for the building's.
+    if (const host::ErrorCode error = database.Change({host::DatabaseType::FloorPlan, {}, {}})) return error;
+    return host.GetModel().ListElements(host::ElementType::All, host::ElementScope::FloorPlanIn3D, inputs.elements);
+}
 
 } // namespace
 
-host::ErrorCode RunGWPCalculation(host::Host& host, lca::LCAProjectData& record, lca::MaterialSumTable& table,
-                                  lca::BaseSums& sums) {
-    table.Clear();
-    sums = {};
-    if (const host::ErrorCode error = LoadProjectData(host, record)) return error;
-    LCADefinitions definitions;
-    if (const host::ErrorCode error = FindDefinitions(host, definitions)) return error;
+RunOutcome RunGWPCalculation(host::Host& host, lca::LCAProjectData& record, lca::MaterialSumTable& table,
+                             lca::BaseSums& sums) {
     DatabaseScope database(host);
-    if (const host::ErrorCode error = database.Change({host::DatabaseType::FloorPlan, {}, {}})) return error;
-    std::vector<host::Guid> elements;
-    if (const host::ErrorCode error =
-            host.GetModel().ListElements(host::ElementType::All, host::ElementsIn3DFromFloorPlan, elements))
-        return error;
-    Progress progress(host, elements.size());
-    Run run(host, record, definitions, table, sums);
-    for (std::size_t i = 0; i < elements.size(); ++i) {
-        progress.Update(i);
-        if (const host::ErrorCode error = run.AddElement(elements[i])) return error;
+    Inputs inputs;
+    if (const host::ErrorCode error = ReadInputs(host, record, database, inputs)) {
+        General::ReportHostError(host, Task, error);
+        return RunOutcome::NotRun;
     }
-    return host::NoError;
+    Run run(host, record, inputs.definitions);
+    {
+        Progress progress(host, inputs.elements.size());
+        for (std::size_t i = 0; i < inputs.elements.size(); ++i) {
+            if (progress.Update(i) == Progress::Answer::Cancelled) {
+                General::ReportFailure(&host, Task, "cancelled, the former result stays");
+                return RunOutcome::Cancelled;
+            }
+            run.AddElement(inputs.elements[i]);
+        }
+    }
+    table = std::move(run.table);
+    sums = run.sums;
+    return run.ReportUnread() ? RunOutcome::Whole : RunOutcome::Incomplete;
 }

@@ -2,12 +2,19 @@
 #pragma once
 
 #include "host/Host.h"
-#include "host/Values.h"
 #include "lca/GWPCalculation.h"
 #include "lca/LCAProjectData.h"
 #include "lca/MaterialSumTable.h"
 
-/// Loads the record from the model, clears the table and the sums and fills them anew from all elements of the floor
-/// plan, whatever database is current. A host error ends the run and is answered; what was summed so far stays.
-host::ErrorCode RunGWPCalculation(host::Host& host, lca::LCAProjectData& record, lca::MaterialSumTable& table,
-                                  lca::BaseSums& sums);
+enum class RunOutcome {
+    Whole,
+    Incomplete, ///< something could not be read; the sums are of the rest
+    Cancelled,  ///< by the user; table and sums are the former ones
+    NotRun      ///< the record or the list of elements could not be read; table and sums are the former ones
+};
+
+/// Loads the record from the model and fills the table and the sums anew from all elements of the floor plan, whatever
+/// database is current. What could not be read is counted in one line of the host's report, by kind, and the run goes
+/// on; a run that did not come to its end says so there, too.
+RunOutcome RunGWPCalculation(host::Host& host, lca::LCAProjectData& record, lca::MaterialSumTable& table,
+                             lca::BaseSums& sums);

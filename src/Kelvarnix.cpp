@@ -2,30 +2,33 @@
 
 #include "src/AddOnContext.h"
 #include "src/EnergyExchange.h"
+#include "src/Entry.h"
 #include "src/LCAProjectDataStore.h"
+#include "src/LCAProperties.h"
 #include "src/LCASchema.h"
 #include "src/SystemStart.h"
 #include "src/WindowCommands.h"
 
 #include "General/CallbackGuard.h"
+#include "host/Teamwork.h"
 #include "platform/Text.h"
 #include "src/Texts.h"
 
+#include <set>
 #include <utility>
 
 namespace {
 
 constexpr host::ErrorCode ContextMissing{1};
 
-host::Host* currentHost = nullptr;
 /// Cleared by the first registration, so that there is one a run of the host.
 bool isEnergyRegistrationPending = true;
 
 /// Keeps the module loaded and runs the body, which answers an error code, when there is something to act on.
 template <typename Body>
 host::ErrorCode DispatchCommand(const char* callback, Body&& body) {
-    return General::RunGuarded(currentHost, callback, [&] {
-        if (currentHost != nullptr) currentHost->GetRegistration().KeepInMemory(true);
+    return General::RunGuarded(Entry::GetHost(), callback, [&] {
+        if (Entry::GetHost() != nullptr) Entry::GetHost()->GetRegistration().KeepInMemory(true);
         AddOnContext* context = GetContext().get();
         return context == nullptr ? ContextMissing : body(*context);
     });
@@ -48,20 +51,24 @@ void TogglePalette(AddOnContext& context) {
 }
 
 void OpenInformation() {
-    const std::wstring address = platform::WideFromUtf8(ReadText(*currentHost, ResourceIds::Web::InformationAddress));
+    const std::wstring address =
+        platform::WideFromUtf8(ReadText(*Entry::GetHost(), ResourceIds::Web::InformationAddress));
     const std::optional<std::string> narrow = platform::NarrowFromWide(address);
     if (!narrow || !OpenWithSystemStart(*narrow))
-        General::ReportFailure(currentHost, "opening the web page", "the system has no program for it");
+        General::ReportFailure(Entry::GetHost(), "opening the web page", "the system has no program for it");
 }
 
-/// The record always starts from the model's values, which need the definitions that carry them.
+/// The record always starts from the model's values, which need the definitions that carry them, and never from the
+/// former project's.
 void TakeProject(AddOnContext& context, host::ProjectEvent event) {
-    General::ReportHostError(*currentHost, "creating the LCA properties", EnsureSchema(*currentHost));
-    if (event == host::ProjectEvent::NewAndReset)
-        context.projectData.Reset();
-    else
-        General::ReportHostError(*currentHost, "loading the project settings",
-                                 LoadProjectData(*currentHost, context.projectData));
+    host::Host& host = *Entry::GetHost();
+    context.projectData.Reset();
+    General::ReportHostError(host, "creating the LCA properties", EnsureSchema(host));
+    WarnOfDoubledDefinitions(host);
+    if (event != host::ProjectEvent::NewAndReset)
+        General::ReportHostError(host, "loading the project settings", LoadProjectData(host, context.projectData));
+    WatchReservations(host);
+    context.mainPalette.TakeNewProject();
 }
 
 } // namespace
@@ -71,8 +78,13 @@ std::unique_ptr<AddOnContext>& GetContext() {
     return context;
 }
 
-void SetHost(host::Host* host) {
-    currentHost = host;
+void WatchReservations(host::Host& host) {
+    std::set<host::Guid> sets;
+    for (const char* name : {host::ClassificationsAndPropertiesSet, host::BuildingMaterialsSet})
+        if (const host::Guid set = host.GetTeamwork().FindLockableSet(name); !set.IsNull()) sets.insert(set);
+    if (sets.empty()) return;
+    General::ReportHostError(host, "watching reservations",
+                             host.GetRegistration().InstallReservationChangeHandler(HandleReservationChange, sets));
 }
 
 host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
@@ -83,16 +95,17 @@ host::ErrorCode HandleMenuCommand(const host::MenuCommand& command) {
             TogglePalette(context);
             break;
         case ResourceIds::Menus::BuildingMaterials:
-            RunBuildingMaterialsSettings(*currentHost, context);
+            RunBuildingMaterialsSettings(*Entry::GetHost(), context);
             break;
         case ResourceIds::Menus::ProjectSettings:
-            RunProjectSettings(*currentHost, context);
+            RunProjectSettings(*Entry::GetHost(), context);
             break;
         case ResourceIds::Menus::Information:
             OpenInformation();
             break;
         case ResourceIds::Menus::MaterialReport:
             context.mainPalette.CollectElementGWP();
+            if (context.mainPalette.IsOpen()) context.mainPalette.RebuildTable(MainPalette::Rebuild::TextsOnly);
             RunMaterialReport(context);
             break;
         default:
@@ -113,16 +126,22 @@ host::ErrorCode HandleProjectEvent(host::ProjectEvent event, std::int32_t) {
             if (context.mainPalette.IsOpen()) context.mainPalette.OnActiveWindowChanged();
             break;
         case host::ProjectEvent::Quit:
-            static_cast<void>(UnregisterExportTarget(*currentHost)); // the host ends: nobody is left to tell
+            static_cast<void>(UnregisterExportTarget(*Entry::GetHost())); // the host ends: nobody is left to tell
             break;
         case host::ProjectEvent::AllInputFinished:
             // Where there is no energy evaluation nothing is said: most users have none.
             if (std::exchange(isEnergyRegistrationPending, false))
-                static_cast<void>(RegisterExportTarget(*currentHost));
+                static_cast<void>(RegisterExportTarget(*Entry::GetHost()));
             break;
         default:
             break;
         }
+    });
+}
+
+host::ErrorCode HandlePaletteRequest(const host::Guid& palette) {
+    return Dispatch("palette request", [&](AddOnContext& context) {
+        if (palette == context.mainPalette.GetGuid()) context.mainPalette.Open();
     });
 }
 
@@ -139,15 +158,14 @@ host::ErrorCode HandleReservationChange(const host::Guid&, std::int16_t) {
     return host::NoError;
 }
 
-host::ErrorCode HandleExportSettings(const host::CommandParameters& parameters, bool) {
-    return General::RunGuarded(currentHost, "export settings", [&] {
-        return AnswerExportSettings(static_cast<host::EnergyExchange::SettingsBlock*>(parameters.block));
+host::ErrorCode HandleExportSettings(host::ObjectState& settings, bool) {
+    return General::RunGuarded(Entry::GetHost(), "export settings", [&] {
+        AnswerExportSettings(settings);
+        return host::NoError;
     });
 }
 
-host::ErrorCode HandleExportData(const host::CommandParameters& parameters, bool) {
-    return DispatchCommand("exported data", [&](AddOnContext& context) {
-        const auto* block = static_cast<const host::EnergyExchange::DataBlock*>(parameters.block);
-        return TakeExportedData(*currentHost, context, block);
-    });
+host::ErrorCode HandleExportData(const std::string& document, bool) {
+    return DispatchCommand(
+        "exported data", [&](AddOnContext& context) { return TakeExportedData(*Entry::GetHost(), context, document); });
 }

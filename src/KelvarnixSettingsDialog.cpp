@@ -1,9 +1,14 @@
 #include "src/KelvarnixSettingsDialog.h"
 
+#include "src/LCAProjectDataStore.h"
 #include "src/Texts.h"
+
+#include "General/CallbackGuard.h"
+#include "General/UInterface.h"
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace {
 
@@ -98,12 +103,10 @@ KelvarnixSettingsDialog::KelvarnixSettingsDialog(host::Host& host)
       teamwork(host, host::ClassificationsAndPropertiesSet, {TeamworkIcon, TeamworkStatusText, TeamworkButton}),
       standards(host) {}
 
-KelvarnixSettingsDialog::Answer KelvarnixSettingsDialog::Run(lca::LCAProjectData& record) {
+KelvarnixSettingsDialog::Answer KelvarnixSettingsDialog::Run(const lca::LCAProjectData& record) {
     if (IsOpen()) return Answer::Cancelled;
     workingCopy = record;
-    if (RunModal() != OkButton) return Answer::Cancelled;
-    record = workingCopy;
-    return Answer::Accepted;
+    return RunModal() == OkButton ? Answer::Accepted : Answer::Cancelled;
 }
 
 std::int16_t KelvarnixSettingsDialog::HandleItemEvent(host::DialogMessage message, std::int16_t item,
@@ -130,6 +133,19 @@ std::int16_t KelvarnixSettingsDialog::HandleItemEvent(host::DialogMessage messag
 }
 
 void KelvarnixSettingsDialog::Initialise() {
+    TakeAsShown();
+    PlaceTeamworkGroup();
+    isEditable = teamwork.Refresh(GetDialog()) == General::TeamworkControl::Confirming::Allowed;
+    anchoring.RegisterAll(GetDialog(), Anchors);
+    GetHost().GetDialogItems().Enable(GetDialog(), RemoveButton, false);
+}
+
+void KelvarnixSettingsDialog::TakeAsShown() {
+    ShowValues();
+    shown = workingCopy; // the boxes have brought the plain values into line with their choices
+}
+
+void KelvarnixSettingsDialog::ShowValues() {
     host::ItemValues& values = GetHost().GetItemValues();
     values.SetInteger(GetDialog(), ServiceLifeEdit, static_cast<std::int32_t>(workingCopy.consideredServiceLifeYears));
     RefreshQuantityEdits();
@@ -145,10 +161,25 @@ void KelvarnixSettingsDialog::Initialise() {
     standards.SetUp(GetDialog(), workingCopy.standards);
     values.SelectPopUpEntry(GetDialog(), UnitTypePopup,
                             static_cast<std::int16_t>(static_cast<int>(workingCopy.standardsUnit) + 1));
-    PlaceTeamworkGroup();
-    teamwork.Refresh(GetDialog());
-    anchoring.RegisterAll(GetDialog(), Anchors);
-    GetHost().GetDialogItems().Enable(GetDialog(), RemoveButton, false);
+}
+
+void KelvarnixSettingsDialog::TakeTeamworkState(General::TeamworkControl::Confirming state) {
+    const bool isAllowed = state == General::TeamworkControl::Confirming::Allowed;
+    // Until now others could change what is shown.
+    if (!std::exchange(isEditable, isAllowed) && isAllowed) Reread();
+}
+
+void KelvarnixSettingsDialog::Reread() {
+    lca::LCAProjectData present = shown;
+    const host::ErrorCode error = LoadProjectData(GetHost(), present);
+    General::ReportHostError(GetHost(), "loading the project settings", error);
+    if (error) return;
+    const lca::LCAProjectData before = std::exchange(shown, {});
+    const lca::LCAProjectData edited = std::exchange(workingCopy, std::move(present));
+    TakeAsShown();
+    workingCopy = lca::ApplyChanges(before, edited, shown);
+    ShowValues();
+    standards.TakeSelection();
 }
 
 void KelvarnixSettingsDialog::PlaceTeamworkGroup() {
@@ -183,7 +214,7 @@ std::int16_t KelvarnixSettingsDialog::HandleClick(std::int16_t item, const host:
         standards.RemoveSelected();
         break;
     case TeamworkButton:
-        teamwork.ButtonClicked(GetDialog());
+        TakeTeamworkState(teamwork.ButtonClicked(GetDialog()));
         break;
     default:
         break;
@@ -222,6 +253,7 @@ void KelvarnixSettingsDialog::Resize() {
     anchoring.ApplyAtOnce(GetDialog());
     LayOutPhaseColumns();
     standards.LayOutColumns();
+    General::FitListEditors(GetHost(), GetDialog(), StandardList);
 }
 
 void KelvarnixSettingsDialog::RefreshQuantityEdits() {
@@ -243,7 +275,7 @@ void KelvarnixSettingsDialog::TakeSolarPanelsChoice() {
     if (isChecked) {
         items.Show(GetDialog(), SolarPanelsEdit, true);
         items.Show(GetDialog(), MaxSolarContributionEdit, false);
-        ClearBox(FloorQuantity::MaxSolarContribution);
+        GetHost().GetItemValues().SetChecked(GetDialog(), MaxSolarContributionCheck, false);
     }
     TakeFlag(FloorQuantity::SolarPanels);
 }
@@ -257,7 +289,7 @@ void KelvarnixSettingsDialog::TakeMaxSolarChoice() {
     items.Show(GetDialog(), SolarPanelsEdit, !isChecked);
     items.Show(GetDialog(), SolarPanelsCheck, !isChecked);
     if (isChecked)
-        ClearBox(FloorQuantity::SolarPanels);
+        GetHost().GetItemValues().SetChecked(GetDialog(), SolarPanelsCheck, false);
     else
         items.Enable(GetDialog(), SolarPanelsEdit, !GetHost().GetItemValues().IsChecked(GetDialog(), SolarPanelsCheck));
     TakeFlag(FloorQuantity::MaxSolarContribution);
@@ -265,6 +297,7 @@ void KelvarnixSettingsDialog::TakeMaxSolarChoice() {
 
 void KelvarnixSettingsDialog::TakeEnteredQuantity(FloorQuantity quantity) {
     const double value = GetHost().GetItemValues().ReadReal(GetDialog(), ItemsOf(quantity).edit);
+    if (!General::IsUsableNumber(GetHost(), value)) return RefreshQuantityEdits();
     workingCopy.SetFloorValue(quantity, workingCopy.GetFloorChoice(quantity), value);
     // The reference floor area may follow the gross floor area.
     if (quantity == FloorQuantity::GrossFloorArea) RefreshQuantityEdits();
@@ -272,15 +305,9 @@ void KelvarnixSettingsDialog::TakeEnteredQuantity(FloorQuantity quantity) {
 
 void KelvarnixSettingsDialog::TakeFlag(FloorQuantity quantity) {
     const bool isChecked = GetHost().GetItemValues().IsChecked(GetDialog(), ItemsOf(quantity).check);
-    const lca::FloorSource source = isChecked ? lca::FloorSource::EnergyEvaluation : lca::FloorSource::ByHand;
-    workingCopy.SetFloorChoice(quantity, source);
-    workingCopy.SetPlainValue(quantity, workingCopy.GetFloorValue(quantity, source));
+    workingCopy.ChooseFloorSource(quantity,
+                                  isChecked ? lca::FloorSource::EnergyEvaluation : lca::FloorSource::ByHand);
     RefreshQuantityEdits();
-}
-
-void KelvarnixSettingsDialog::ClearBox(FloorQuantity quantity) {
-    GetHost().GetItemValues().SetChecked(GetDialog(), ItemsOf(quantity).check, false);
-    workingCopy.SetFloorChoice(quantity, lca::FloorSource::ByHand);
 }
 
 void KelvarnixSettingsDialog::LayOutPhaseColumns() {
@@ -301,6 +328,7 @@ void KelvarnixSettingsDialog::FillPhases() {
     GetHost().GetListLayout().SetColumnCount(GetDialog(), PhaseList, PhaseNameColumn);
     LayOutPhaseColumns();
     host::ListCells& cells = GetHost().GetListCells();
+    GetHost().GetListRows().DeleteAll(GetDialog(), PhaseList);
     for (const Phase& phase : PhaseRows) {
         const std::string code = ReadText(GetHost(), Phases::FirstCode + phase.code);
         const std::int32_t row = GetHost().GetListRows().Insert(GetDialog(), PhaseList, 0);

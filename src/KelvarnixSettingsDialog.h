@@ -1,5 +1,5 @@
 // Modal dialog of the project-wide LCA settings: service life, floor and energy quantities, used phases and standards.
-// Edits a copy of the project record, which the record takes over only after acceptance.
+// Edits a copy of the project record; after acceptance the changes go onto what the model then holds.
 #pragma once
 
 #include "src/StandardsList.h"
@@ -7,17 +7,21 @@
 #include "General/DialogBase.h"
 #include "General/ResizeAnchoring.h"
 #include "General/TeamworkControl.h"
-#include "lca/LCAProjectData.h"
+#include "lca/RecordChanges.h"
 
 class KelvarnixSettingsDialog : public General::CDialogBase {
 public:
     explicit KelvarnixSettingsDialog(host::Host& host);
 
     enum class Answer { Cancelled, Accepted };
-    /// Shows the dialog; the record takes over the edited copy when it was accepted. Nothing is stored in the model.
-    Answer Run(lca::LCAProjectData& record);
+    /// Shows the dialog for this record, which stays as it is; nothing is stored in the model.
+    Answer Run(const lca::LCAProjectData& record);
+    /// The record with what the user changed in the accepted dialog, and nothing else.
+    lca::LCAProjectData ApplyTo(const lca::LCAProjectData& record) const {
+        return lca::ApplyChanges(shown, workingCopy, record);
+    }
     /// Shows the present reservation; while the dialog is open.
-    void RefreshTeamwork() { teamwork.Refresh(GetDialog()); }
+    void RefreshTeamwork() { TakeTeamworkState(teamwork.Refresh(GetDialog())); }
 
 protected:
     std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
@@ -26,6 +30,13 @@ protected:
 private:
     void Initialise();
     void PlaceTeamworkGroup();
+    /// Fills every item but those of Teamwork from the working copy.
+    void ShowValues();
+    /// The same for a working copy without changes of the user.
+    void TakeAsShown();
+    void TakeTeamworkState(General::TeamworkControl::Confirming state);
+    /// Takes from the model what the user has not changed.
+    void Reread();
     std::int16_t HandleClick(std::int16_t item, const host::DialogMessageData& data);
     void HandleChange(std::int16_t item);
     void Resize();
@@ -37,7 +48,6 @@ private:
     void TakeEnteredQuantity(lca::FloorQuantity quantity);
     /// The box's flag, and the record's field under it.
     void TakeFlag(lca::FloorQuantity quantity);
-    void ClearBox(lca::FloorQuantity quantity);
 
     void LayOutPhaseColumns();
     void FillPhases();
@@ -46,5 +56,7 @@ private:
     General::ResizeAnchoring anchoring;
     General::TeamworkControl teamwork;
     StandardsList standards;
+    lca::LCAProjectData shown; ///< the model's state that was shown last, without the user's changes
     lca::LCAProjectData workingCopy;
+    bool isEditable = false; ///< by the last look at the reservation
 };

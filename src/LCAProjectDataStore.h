@@ -6,11 +6,18 @@
 #include "lca/LCAProjectData.h"
 #include "lca/PropertyKeys.h"
 
-/// Without definitions the record stays as it was, apart from its floor maps, which are cleared.
+#include <functional>
+
+/// Takes the model's state into the record, whole or, after an error, not at all. Without definitions the record stays
+/// as it was, apart from its floor maps, which are cleared; a definition without a usable default value leaves its
+/// fields as they were and is named in the host's report.
 host::ErrorCode LoadProjectData(host::Host& host, lca::LCAProjectData& record);
 
-/// Writes the record as one undoable command; without definitions nothing is written.
-host::ErrorCode StoreProjectData(host::Host& host, const lca::LCAProjectData& record);
+/// Applies a change to the model's present state and stores what it changed, nothing else, as one undoable command; the
+/// record is then that state with the change. Without definitions nothing is written. After an error the record stays.
+/// BadValue for a number that is not finite.
+host::ErrorCode ChangeProjectData(host::Host& host, lca::LCAProjectData& record,
+                                  const std::function<void(lca::LCAProjectData&)>& change);
 
 /// What a project definition's default value is under this record.
 host::Variant GetStoredDefault(lca::PropertyKey key, const lca::LCAProjectData& record);

@@ -2,9 +2,11 @@
 
 #include "src/LCASchema.h"
 
+#include "General/CallbackGuard.h"
 #include "src/Texts.h"
 
 #include <algorithm>
+#include <set>
 
 namespace {
 
@@ -64,8 +66,11 @@ host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index) {
     return definition;
 }
 
-host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions) {
-    definitions = {};
+namespace {
+
+/// Hands every definition that carries a key's marker to the taker, in the model's order.
+template <typename Taker>
+host::ErrorCode WalkDefinitions(host::Host& host, Taker&& take) {
     std::vector<host::PropertyGroup> groups;
     if (const host::ErrorCode error = host.GetProperties().ListGroups(groups)) return error;
     for (const host::PropertyGroup& group : groups) {
@@ -73,12 +78,34 @@ host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions) {
         if (const host::ErrorCode error = host.GetProperties().ListDefinitions(group.guid, found)) return error;
         for (host::PropertyDefinition& definition : found) {
             const std::optional<lca::PropertyKey> key = lca::FindMarker(definition.description);
-            if (!key) continue;
-            std::optional<host::PropertyDefinition>& slot = definitions[static_cast<std::size_t>(*key)];
-            if (!slot) slot = std::move(definition);
+            if (key) take(*key, std::move(definition));
         }
     }
     return host::NoError;
+}
+
+} // namespace
+
+host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions) {
+    definitions = {};
+    return WalkDefinitions(host, [&](lca::PropertyKey key, host::PropertyDefinition definition) {
+        std::optional<host::PropertyDefinition>& slot = definitions[static_cast<std::size_t>(key)];
+        if (!slot) slot = std::move(definition);
+    });
+}
+
+void WarnOfDoubledDefinitions(host::Host& host) {
+    constexpr char Task[] = "looking for the LCA properties";
+    std::set<lca::PropertyKey> known;
+    std::string doubled;
+    const host::ErrorCode error =
+        WalkDefinitions(host, [&](lca::PropertyKey key, const host::PropertyDefinition& definition) {
+            if (!known.insert(key).second) doubled += (doubled.empty() ? "" : ", ") + definition.name;
+        });
+    General::ReportHostError(host, Task, error);
+    if (doubled.empty()) return;
+    const std::string line = "these carry the marker of another definition, which alone is stored; delete one: ";
+    General::ReportFailure(&host, Task, (line + doubled).c_str());
 }
 
 std::string GetOptionText(const host::PropertyDefinition& definition, const host::Guid& key) {

@@ -21,6 +21,10 @@ using LCADefinitions = std::array<std::optional<host::PropertyDefinition>, lca::
 /// Walks all groups in order. A host error ends the walk and is answered.
 host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions);
 
+/// Names in the host's report the definitions whose marker an earlier one carries, too: they are read as well, and only
+/// the first is stored, so that a change may seem to have no effect.
+void WarnOfDoubledDefinitions(host::Host& host);
+
 /// Text of the option that the value chose; empty where the key is none of the options.
 std::string GetOptionText(const host::PropertyDefinition& definition, const host::Guid& key);
 

@@ -138,6 +138,7 @@ private:
             isTakenOver = true;
             definition.guid = other.guid;
             KeepOptionKeys(other, definition);
+            KeepDefault(other, definition);
             return host::NoError;
         }
         return host::NoError;
@@ -149,6 +150,15 @@ private:
                 if (old.text == option.text) option.key = old.key;
         if (!definition.options.empty())
             definition.defaultValue = host::Variant::OfGuid(definition.options.front().key);
+    }
+
+    /// The project's settings are default values: what a definition says is the user's, whoever has lost its marker.
+    static void KeepDefault(const host::PropertyDefinition& from, host::PropertyDefinition& definition) {
+        const bool isOption =
+            std::any_of(definition.options.begin(), definition.options.end(),
+                        [&](const host::PropertyOption& option) { return option.key == from.defaultValue.guid; });
+        if (from.defaultValue.type == definition.defaultValue.type && (definition.options.empty() || isOption))
+            definition.defaultValue = from.defaultValue;
     }
 
     host::Host& host;

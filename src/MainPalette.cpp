@@ -1,7 +1,6 @@
 #include "src/MainPalette.h"
 
 #include "src/AddOnContext.h"
-#include "src/GWPRun.h"
 #include "src/LCAProjectDataStore.h"
 #include "src/ReportCommand.h"
 #include "src/TeamworkRights.h"
@@ -14,6 +13,8 @@
 #include "host/UserInput.h"
 
 #include "src/Texts.h"
+
+#include <utility>
 
 namespace {
 
@@ -78,10 +79,7 @@ std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int1
         }
         break;
     case host::DialogMessage::ListCellUpdate:
-        if (item == PaletteItems::Table) {
-            UpdateSettingsButtonIcon();
-            table.DrawSwatch(data, typeColors);
-        }
+        if (item == PaletteItems::Table) PaintCell(data);
         break;
     case host::DialogMessage::UserItemUpdate:
         if (data.context != nullptr) DrawChart(item, *data.context, data.area);
@@ -103,9 +101,9 @@ std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int1
 }
 
 void MainPalette::Initialise() {
-    charts.RebuildBarEntries(results, owner->projectData);
     SetMenuText(PaletteCommand::Hide);
     CollectElementGWP();
+    settingsIcon = 0;
     UpdateSettingsButtonIcon();
     RegisterAnchors();
     host::DialogItems& items = GetHost().GetDialogItems();
@@ -123,8 +121,7 @@ void MainPalette::Initialise() {
 }
 
 void MainPalette::RegisterAnchors() {
-    GetHost().GetDialogs().SetMinimumSize(GetDialog(), {PaletteMinimumWidth, PaletteMinimumHeight});
-    anchoring.RegisterAll(GetDialog(), Anchors);
+    anchoring.RegisterAll(GetDialog(), Anchors, {PaletteMinimumWidth, PaletteMinimumHeight});
 }
 
 void MainPalette::Resize() {
@@ -171,11 +168,9 @@ void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) 
 void MainPalette::TogglePercentageMode(std::int32_t row) {
     const std::optional<lca::ElementCategory> category = PaletteTable::FindCategory(row);
     if (!category || *category < lca::ElementCategory::Inventory || !CanChangeProperties(GetHost())) return;
-    bool& isPercentage = owner->projectData.contributionEnabled[*category];
-    isPercentage = !isPercentage;
-    SaveRecord();
+    const bool isPercentage = !lca::ValueOr(owner->projectData.contributionEnabled, *category, false);
+    SaveChange([&](lca::LCAProjectData& record) { record.contributionEnabled[*category] = isPercentage; });
     RebuildTable(Rebuild::TextsOnly);
-    RefreshEditors();
     GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
 }
 
@@ -191,17 +186,19 @@ void MainPalette::PickCategoryColour(std::int32_t row) {
         GetHost().GetUserInput().PickColour({widen(16), widen(8), widen(0)});
     if (!picked) return;
     const auto narrow = [](std::uint16_t channel) { return static_cast<std::uint32_t>(channel) >> ToPicker; };
-    owner->projectData.elementColours[*category] =
+    const std::uint32_t argb =
         0xFF000000U | (narrow(picked->red) << 16U) | (narrow(picked->green) << 8U) | narrow(picked->blue);
-    SaveRecord();
+    SaveChange([&](lca::LCAProjectData& record) { record.elementColours[*category] = argb; });
     GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
     RebuildTable(Rebuild::AllRows);
 }
 
 void MainPalette::TakeEdit(std::int16_t editor) {
-    if (!editors.TakeEdit(editor, owner->projectData)) return;
-    SaveRecord();
-    RebuildTable(Rebuild::TextsOnly);
+    const std::optional<PaletteEditors::RecordChange> change = editors.ReadEdit(editor);
+    if (!change) return;
+    if (!SaveChange(*change)) return RefreshEditors();
+    RebuildRows(Rebuild::TextsOnly);
+    // The editor itself is left alone: the user may be in the middle of a number.
     editors.EnableForSelection(owner->projectData);
     editors.ShowCounterpart(editor, results);
 }
@@ -210,24 +207,38 @@ void MainPalette::RefreshEditors() {
     editors.Refresh(GetDialog(), owner->projectData);
 }
 
-void MainPalette::SaveRecord() {
-    General::ReportHostError(GetHost(), "storing the project settings",
-                             StoreProjectData(GetHost(), owner->projectData));
+bool MainPalette::SaveChange(const PaletteEditors::RecordChange& change) {
+    const host::ErrorCode error = CanChangeProperties(GetHost())
+                                      ? ChangeProjectData(GetHost(), owner->projectData, change)
+                                      : host::Errors::NoAccessRight;
+    General::ReportHostError(GetHost(), "storing the project settings", error);
+    return !error;
 }
 
-void MainPalette::CollectElementGWP() {
-    General::ReportHostError(GetHost(), "GWP calculation",
-                             RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums));
-    owner->lastCalculationText = GetHost().GetResources().FormatCurrentTime(TimeFormatFlags);
+RunOutcome MainPalette::CollectElementGWP() {
+    const RunOutcome outcome = RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums);
+    if (outcome == RunOutcome::Cancelled) return outcome;
+    areSumsWhole = outcome == RunOutcome::Whole;
+    owner->lastCalculationText = MakeTimeStamp();
+    return outcome;
 }
 
 void MainPalette::UpdateResults() {
-    CollectElementGWP();
+    if (CollectElementGWP() == RunOutcome::Cancelled) return;
     RebuildTable(Rebuild::AllRows);
     UpdatePlacedReports();
 }
 
-/// The charts have been drawn by now, so that the lists behind them are those of the new results.
+void MainPalette::TakeNewProject() {
+    baseSums = {};
+    areSumsWhole = false;
+    owner->materialSums.Clear();
+    owner->lastCalculationText.clear();
+    if (!IsOpen()) return;
+    CollectElementGWP();
+    RebuildTable(Rebuild::AllRows);
+}
+
 void MainPalette::UpdatePlacedReports() {
     const std::vector<MaterialReportRow> materials = BuildMaterialReport(GetHost(), owner->materialSums);
     UpdateReportObjects(GetHost(), MaterialReportObject, [&](ObjectParameters& parameters) {
@@ -255,11 +266,24 @@ ResultReport MainPalette::BuildResultReport() const {
             lastUpdateText};
 }
 
+std::string MainPalette::MakeTimeStamp() const {
+    return GetHost().GetResources().FormatCurrentTime(TimeFormatFlags) +
+           (areSumsWhole ? std::string() : ReadText(GetHost(), OwnTexts::Incomplete));
+}
+
 void MainPalette::RebuildTable(Rebuild mode) {
-    lastUpdateText = GetHost().GetResources().FormatCurrentTime(TimeFormatFlags);
+    RebuildRows(mode);
+    RefreshEditors();
+}
+
+void MainPalette::RebuildRows(Rebuild mode) {
+    lastUpdateText = MakeTimeStamp();
     GetHost().GetDialogItems().SetText(GetDialog(), PaletteItems::LastUpdateTime, lastUpdateText);
     results = lca::ComputeResults(owner->projectData, baseSums);
     WarnOfServiceLives();
+    if (!lca::IsFinite(results))
+        General::ReportFailure(&GetHost(), "results", "a sum is too large to be a number and is shown as \"-\"");
+    charts.Rebuild(results, owner->projectData);
     tableText =
         lca::BuildTableText(results, table.GetLabels(), [&](double value) { return FormatNumber(GetHost(), value); });
     typeColors = lca::BuildTypeColours(owner->projectData);
@@ -270,13 +294,20 @@ void MainPalette::RebuildTable(Rebuild mode) {
 
 void MainPalette::UpdateSettingsButtonIcon() {
     if (!GetHost().GetTeamwork().IsTeamworkProject()) return;
-    GetHost().GetDialogItems().SetIcon(GetDialog(), PaletteItems::SettingsButton,
-                                       GetSettingsIcon(ReadPropertiesStatus(GetHost())));
+    const std::int16_t icon = GetSettingsIcon(ReadPropertiesStatus(GetHost()));
+    if (std::exchange(settingsIcon, icon) == icon) return;
+    GetHost().GetDialogItems().SetIcon(GetDialog(), PaletteItems::SettingsButton, icon);
 }
 
-void MainPalette::DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area) {
-    if (item == PaletteItems::PieChart) charts.DrawPieChart(context, area, results, owner->projectData);
-    if (item == PaletteItems::BarChart) charts.DrawBarChart(context, area, results, owner->projectData);
+void MainPalette::PaintCell(const host::DialogMessageData& cell) {
+    if (cell.row <= lastPaintedRow) UpdateSettingsButtonIcon(); // a paint begins
+    lastPaintedRow = cell.row;
+    table.DrawSwatch(cell, typeColors);
+}
+
+void MainPalette::DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area) const {
+    if (item == PaletteItems::PieChart) charts.DrawPieChart(context, area);
+    if (item == PaletteItems::BarChart) charts.DrawBarChart(context, area);
 }
 
 void MainPalette::OnActiveWindowChanged() {

@@ -2,6 +2,7 @@
 // the table is lca/ResultTable's, the list itself PaletteTable's.
 #pragma once
 
+#include "src/GWPRun.h"
 #include "src/PaletteEditors.h"
 #include "src/PaletteTable.h"
 #include "src/ResultCharts.h"
@@ -33,11 +34,14 @@ public:
     void UpdateResults();
     /// The part of it that sums the elements; the record is loaded and the material sums are filled, whether the
     /// palette is open or not.
-    void CollectElementGWP();
+    RunOutcome CollectElementGWP();
+    /// Another project is open: the former one's sums are dropped, and an open palette calculates anew.
+    void TakeNewProject();
 
     /// Which rows of the list a rebuild replaces.
     enum class Rebuild { AllRows, TextsOnly };
-    /// Recomputes table and totals from the present inputs and base sums, and renews the time stamp.
+    /// Recomputes table, totals and charts from the present inputs and base sums, renews the time stamp and fills the
+    /// editors.
     void RebuildTable(Rebuild mode);
 
     /// Moves and fills the in-place editors for the selected row.
@@ -48,7 +52,7 @@ public:
     void UpdateSettingsButtonIcon();
 
     /// Draws the chart of a user item into an area of any size.
-    void DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area);
+    void DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area) const;
 
     const lca::BaseSums& GetBaseSums() const { return baseSums; }
     const lca::Results& GetResults() const { return results; }
@@ -69,7 +73,11 @@ private:
     void TogglePercentageMode(std::int32_t row);
     void PickCategoryColour(std::int32_t row);
     void TakeEdit(std::int16_t editor);
-    void SaveRecord();
+    /// Answers whether the model has taken it; a refusal is told in the host's report.
+    bool SaveChange(const PaletteEditors::RecordChange& change);
+    void RebuildRows(Rebuild mode);
+    std::string MakeTimeStamp() const;
+    void PaintCell(const host::DialogMessageData& cell);
     void PlaceResultReport();
     ResultReport BuildResultReport() const;
     void UpdatePlacedReports();
@@ -82,8 +90,11 @@ private:
     PaletteEditors editors;
     lca::BaseSums baseSums;
     lca::Results results;
+    bool areSumsWhole = false;  ///< false before the first run, and where one could not read everything
     std::string lastUpdateText; ///< shown after "Last update from Archicad:"; empty until the first rebuild
     std::vector<std::string> tableText;
     std::vector<double> typeColors;
     ResultCharts charts;
+    std::int16_t settingsIcon = 0;   ///< that the button shows; 0 is that of its resource
+    std::int32_t lastPaintedRow = 0; ///< of the table; paints go from top to bottom
 };

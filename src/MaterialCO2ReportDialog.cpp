@@ -6,7 +6,6 @@
 #include "General/UInterface.h"
 
 #include <algorithm>
-#include <string_view>
 
 namespace {
 
@@ -27,12 +26,6 @@ constexpr std::size_t MainIdentifierLength = 38;
 
 constexpr General::ItemAnchor Anchors[] = {
     {PlaceButton, {1, 1, 0, 0}}, {CloseButton, {1, 1, 0, 0}}, {FavoritePopup, {1, 1, 0, 0}}, {Table, {0, 0, 1, 1}}};
-
-bool IsReportFavourite(const host::Favourite& favourite) {
-    return favourite.isObject &&
-           favourite.libraryPartId.compare(0, MainIdentifierLength, MaterialReportObject.identifier,
-                                           MainIdentifierLength) == 0;
-}
 
 } // namespace
 
@@ -136,12 +129,11 @@ void MaterialCO2ReportDialog::FillTable() {
 void MaterialCO2ReportDialog::FillFavourites() {
     std::vector<std::string> texts = {ReadText(GetHost(), MaterialReport::DefaultElementSettings)};
     std::vector<std::string> names;
-    General::ReportHostError(GetHost(), "reading the favourites", GetHost().GetLibraries().ListFavourites(names));
-    for (const std::string& name : names) {
-        host::Favourite found;
-        if (GetHost().GetLibraries().ReadFavourite(name, found) == host::NoError && IsReportFavourite(found))
-            texts.push_back(ReadText(GetHost(), MaterialReport::FavoritePrefix) + name);
-    }
+    const std::string mainIdentifier(MaterialReportObject.identifier, MainIdentifierLength);
+    General::ReportHostError(GetHost(), "listing the favourites",
+                             GetHost().GetLibraries().ListFavourites(mainIdentifier, names));
+    for (const std::string& name : names)
+        texts.push_back(ReadText(GetHost(), MaterialReport::FavoritePrefix) + name);
     GetHost().GetItemValues().SetPopUpTexts(GetDialog(), FavoritePopup, texts);
 }
 

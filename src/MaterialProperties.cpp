@@ -10,10 +10,12 @@ constexpr std::size_t GWPText = static_cast<std::size_t>(lca::PropertyKey::GWPPe
 constexpr std::size_t Unit = static_cast<std::size_t>(lca::PropertyKey::UnitType);
 constexpr std::size_t ServiceLife = static_cast<std::size_t>(lca::PropertyKey::ServiceYear);
 constexpr std::size_t ValueCount = lca::FirstElementKey;
+constexpr char DefaultUnit[] = "m3";
 
-const host::Variant* FindValue(const MaterialProperties::Values& values, std::size_t position) {
+/// None where the value is of another kind, or of none, too.
+const host::Variant* FindValue(const MaterialProperties::Values& values, std::size_t position, host::ValueType type) {
     if (position >= values.size() || values[position].status != host::PropertyStatus::HasValue) return nullptr;
-    return &values[position].value;
+    return values[position].value.type == type ? &values[position].value : nullptr;
 }
 
 } // namespace
@@ -32,33 +34,42 @@ void MaterialProperties::Load(const LCADefinitions& definitions) {
     unitDefinition = definitions[Unit].value_or(host::PropertyDefinition());
 }
 
-MaterialProperties::Values MaterialProperties::Read(host::AttributeIndex material) const {
-    Values values;
-    if (host.GetProperties().ReadMaterialValues(material, guids, values) != host::NoError ||
-        values.size() != guids.size())
-        values.clear();
-    return values;
+host::ErrorCode MaterialProperties::Read(host::AttributeIndex material, Values& values) const {
+    values.clear();
+    std::vector<host::Guid> asked;
+    std::copy_if(guids.begin(), guids.end(), std::back_inserter(asked),
+                 [](const host::Guid& guid) { return !guid.IsNull(); });
+    if (asked.empty()) return host::NoError;
+    Values answered;
+    if (const host::ErrorCode error = host.GetProperties().ReadMaterialValues(material, asked, answered)) return error;
+    if (answered.size() != asked.size()) return host::Errors::General;
+    values.resize(ValueCount);
+    auto next = answered.begin();
+    for (std::size_t i = 0; i < ValueCount; ++i)
+        if (!guids[i].IsNull()) values[i] = std::move(*next++);
+    return host::NoError;
 }
 
 std::string MaterialProperties::GetGWPText(const Values& values) {
-    const host::Variant* value = FindValue(values, GWPText);
+    const host::Variant* value = FindValue(values, GWPText, host::ValueType::String);
     return value == nullptr ? std::string() : value->text;
 }
 
 std::string MaterialProperties::GetUnitText(const Values& values) const {
-    const host::Variant* value = FindValue(values, Unit);
+    const host::Variant* value = FindValue(values, Unit, host::ValueType::Guid);
     return value == nullptr ? std::string() : GetOptionText(unitDefinition, value->guid);
 }
 
 std::int32_t MaterialProperties::GetServiceLife(const Values& values) {
-    const host::Variant* value = FindValue(values, ServiceLife);
+    const host::Variant* value = FindValue(values, ServiceLife, host::ValueType::Integer);
     return value == nullptr ? 0 : value->integer;
 }
 
 MaterialPhaseValues MaterialProperties::Get(const Values& values, const std::string& phase,
                                             const std::string& firstUsedPhase) const {
-    return {lca::GetPhaseGWP(lca::DecodeMaterialGWP(GetGWPText(values)), phase, firstUsedPhase), GetUnitText(values),
-            GetServiceLife(values)};
+    const std::string unit = GetUnitText(values);
+    return {lca::GetPhaseGWP(lca::DecodeMaterialGWP(GetGWPText(values)), phase, firstUsedPhase),
+            unit.empty() ? DefaultUnit : unit, GetServiceLife(values)};
 }
 
 void MaterialProperties::Set(Values& values, const std::string& phase, const std::string& firstUsedPhase,
@@ -78,10 +89,12 @@ void MaterialProperties::Set(Values& values, const std::string& phase, const std
         if (option.text == *change.unit) set(Unit, host::Variant::OfGuid(option.key));
 }
 
-host::ErrorCode MaterialProperties::Store(host::AttributeIndex material, const Values& values) const {
-    Values own;
-    std::copy_if(values.begin(), values.end(), std::back_inserter(own), [](const host::PropertyValue& value) {
-        return value.status == host::PropertyStatus::HasValue && !value.isDefault;
-    });
-    return own.empty() ? host::NoError : StoreMaterialValues(host, material, own);
+host::ErrorCode MaterialProperties::StoreChanged(host::AttributeIndex material, Values before,
+                                                 const Values& after) const {
+    before.resize(after.size());
+    Values changed;
+    for (std::size_t i = 0; i < after.size(); ++i)
+        if (before[i].isDefault != after[i].isDefault || !(before[i].value == after[i].value))
+            changed.push_back(after[i]);
+    return changed.empty() ? host::NoError : StoreMaterialValues(host, material, changed);
 }

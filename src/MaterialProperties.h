@@ -13,7 +13,7 @@
 /// A material's values for one phase.
 struct MaterialPhaseValues {
     double gwp = 0.0; ///< kg CO2eq per unit, of this phase
-    std::string unit; ///< "m3", "m2" or "kg"; empty where the material has no valid choice
+    std::string unit; ///< "m3", "m2" or "kg"; "m3" where the material has no valid choice
     std::int32_t serviceLifeYears = 0;
 };
 
@@ -35,7 +35,8 @@ public:
     host::ErrorCode Load();
     void Load(const LCADefinitions& definitions);
 
-    Values Read(host::AttributeIndex material) const;
+    /// Empty after an error, and where the model has none of the definitions.
+    host::ErrorCode Read(host::AttributeIndex material, Values& values) const;
     /// The GWP text as stored; empty where there is none.
     static std::string GetGWPText(const Values& values);
     std::string GetUnitText(const Values& values) const;
@@ -46,9 +47,8 @@ public:
     /// Where the model lacks a definition, that member cannot be set and is left.
     void Set(Values& values, const std::string& phase, const std::string& firstUsedPhase,
              const MaterialPhaseChange& change) const;
-    /// Writes the material's own values, inside an undoable command; those that only are a definition's default stay
-    /// unwritten.
-    host::ErrorCode Store(host::AttributeIndex material, const Values& values) const;
+    /// Writes what Set has made different from `before`, inside an undoable command.
+    host::ErrorCode StoreChanged(host::AttributeIndex material, Values before, const Values& after) const;
 
 private:
     host::Host& host;

@@ -6,7 +6,7 @@
 
 #include "host/Model.h"
 
-#include <set>
+#include <map>
 #include <vector>
 
 class MaterialRecords {
@@ -16,6 +16,8 @@ public:
     /// Reads all materials anew, sorted by name; of equal names the one read later comes first. Indices that the host
     /// cannot read are left out.
     void Load();
+    /// Reads the values of the loaded materials anew; what was set since the load stays set.
+    void Reread();
 
     /// Positions count from 0.
     std::size_t GetCount() const { return records.size(); }
@@ -24,17 +26,27 @@ public:
     void Set(std::size_t position, const std::string& phase, const std::string& firstUsedPhase,
              const MaterialPhaseChange& change);
 
-    /// Writes the values of every material that was set since the load, inside an undoable command.
-    host::ErrorCode StoreChanged();
+    /// Writes what was set since the load onto the values that the model has now, inside an undoable command. Materials
+    /// that refuse are counted in the host's report; where all do, the first code is answered.
+    host::ErrorCode StoreEdits();
 
 private:
     struct Record {
         host::BuildingMaterial material;
         MaterialProperties::Values values;
     };
+    /// What was set of one material, the last of each.
+    struct Edits {
+        std::string firstUsedPhase;
+        std::map<std::string, double> gwpByPhase;
+        MaterialPhaseChange others; ///< unit and service life
+    };
+
+    void ReadValues();
+    void Apply(const Edits& edited, MaterialProperties::Values& values) const;
 
     host::Host& host;
     MaterialProperties properties;
     std::vector<Record> records;
-    std::set<host::AttributeIndex> changed;
+    std::map<host::AttributeIndex, Edits> edits;
 };

@@ -2,6 +2,8 @@
 
 #include "src/Texts.h"
 
+#include "General/CallbackGuard.h"
+
 #include "host/Model.h"
 #include "lca/Numbers.h"
 
@@ -9,28 +11,41 @@ namespace {
 
 using namespace ResourceIds;
 
-std::string ReadLayerName(host::Host& host, std::int32_t layer) {
-    std::string name;
-    // An attribute that is gone has no name.
-    return host.GetAttributes().ReadLayerName({layer}, name) ? std::string() : name;
-}
+/// Names of attributes; one that cannot be read is empty and counted.
+class AttributeNames {
+public:
+    explicit AttributeNames(host::Host& host) : host(host) {}
+    ~AttributeNames() { unread.Report(host, "material report", "names of layers or materials could not be read"); }
+    AttributeNames(const AttributeNames&) = delete;
+    AttributeNames& operator=(const AttributeNames&) = delete;
 
-std::string ReadMaterialName(host::Host& host, std::int32_t index) {
-    host::BuildingMaterial material;
-    return host.GetAttributes().ReadBuildingMaterial({index}, material) ? std::string() : material.name;
-}
+    std::string ReadLayer(std::int32_t index) {
+        std::string name;
+        return unread.Note(host.GetAttributes().ReadLayerName({index}, name)) ? std::string() : name;
+    }
+    std::string ReadMaterial(std::int32_t index) {
+        host::BuildingMaterial material;
+        return unread.Note(host.GetAttributes().ReadBuildingMaterial({index}, material)) ? std::string()
+                                                                                         : material.name;
+    }
+
+private:
+    host::Host& host;
+    General::CountedFailures unread;
+};
 
 } // namespace
 
 std::vector<MaterialReportRow> BuildMaterialReport(host::Host& host, const lca::MaterialSumTable& sums) {
     using Kind = MaterialReportRow::Kind;
+    AttributeNames names(host);
     std::vector<MaterialReportRow> rows;
     double total = 0.0;
     for (const lca::LayerSums& layer : sums.GetLayers()) {
         const std::size_t layerRow = rows.size();
-        rows.push_back({Kind::Layer, ReadLayerName(host, layer.layer), {}, 0.0});
+        rows.push_back({Kind::Layer, names.ReadLayer(layer.layer), {}, 0.0});
         for (const lca::MaterialSum& material : layer.materials) {
-            rows.push_back({Kind::Material, {}, ReadMaterialName(host, material.buildingMaterial), material.gwp});
+            rows.push_back({Kind::Material, {}, names.ReadMaterial(material.buildingMaterial), material.gwp});
             rows[layerRow].gwp += material.gwp;
             total += material.gwp;
         }

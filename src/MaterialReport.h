@@ -20,7 +20,7 @@ struct MaterialReportRow {
 };
 
 /// A layer row, its materials, the next layer and so on, and the total at the end. Names come from the model; an
-/// attribute that is gone has an empty one.
+/// attribute that cannot be read has an empty one, and is counted in the host's report.
 std::vector<MaterialReportRow> BuildMaterialReport(host::Host& host, const lca::MaterialSumTable& sums);
 
 /// The GWP as the report writes it, with three decimals.

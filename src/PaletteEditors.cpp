@@ -27,11 +27,6 @@ bool IsPercentage(const lca::LCAProjectData& record, ElementCategory category) {
     return lca::ValueOr(record.contributionEnabled, category, false);
 }
 
-/// Years x m2 by which a GWP per area and year becomes a GWP.
-double GetAreaYears(const lca::LCAProjectData& record) {
-    return record.consideredServiceLifeYears * record.GetFloorValue(lca::FloorQuantity::ReferenceFloorArea);
-}
-
 } // namespace
 
 void PaletteEditors::Refresh(host::DialogId dialog, const lca::LCAProjectData& record) {
@@ -42,11 +37,11 @@ void PaletteEditors::Refresh(host::DialogId dialog, const lca::LCAProjectData& r
     if (category) {
         host::ItemValues& values = host.GetItemValues();
         const double fixedGWP = lca::ValueOr(record.contributionGWP, *category, 0.0);
-        const double areaYears = GetAreaYears(record);
+        const std::optional<double> areaYears = record.GetAreaYears();
         values.SetInteger(palette, PaletteItems::ServiceLifeEdit, lca::ValueOr(record.elementLives, *category, 0));
         values.SetReal(palette, PaletteItems::PercentageEdit, lca::ValueOr(record.contributionShare, *category, 0.0));
         values.SetReal(palette, PaletteItems::FixedGwpEdit, fixedGWP);
-        values.SetReal(palette, PaletteItems::GwpPerAreaPerYearEdit, areaYears == 0.0 ? 0.0 : fixedGWP / areaYears);
+        values.SetReal(palette, PaletteItems::GwpPerAreaPerYearEdit, areaYears ? fixedGWP / *areaYears : 0.0);
     }
     Bind(ServiceLifeColumn, PaletteItems::ServiceLifeEdit,
          category && HasServiceLife(*category) && (!hasMode || isPercentage));
@@ -65,28 +60,32 @@ void PaletteEditors::EnableForSelection(const lca::LCAProjectData& record) {
     items.Enable(palette, PaletteItems::ServiceLifeEdit, isAllowed);
     items.Enable(palette, PaletteItems::PercentageEdit, isAllowed && isPercentage);
     items.Enable(palette, PaletteItems::FixedGwpEdit, isAllowed && !isPercentage);
-    items.Enable(palette, PaletteItems::GwpPerAreaPerYearEdit, isAllowed && !isPercentage);
+    items.Enable(palette, PaletteItems::GwpPerAreaPerYearEdit, isAllowed && !isPercentage && record.GetAreaYears());
 }
 
-bool PaletteEditors::TakeEdit(std::int16_t editor, lca::LCAProjectData& record) const {
-    const std::optional<ElementCategory> category = FindSelected();
-    if (!category) return false;
+std::optional<PaletteEditors::RecordChange> PaletteEditors::ReadEdit(std::int16_t editor) const {
+    const std::optional<ElementCategory> selected = FindSelected();
+    if (!selected) return std::nullopt;
+    const ElementCategory category = *selected;
     host::ItemValues& values = host.GetItemValues();
+    if (editor == PaletteItems::ServiceLifeEdit) {
+        const std::int32_t life = values.ReadInteger(palette, editor);
+        return [=](lca::LCAProjectData& record) { record.elementLives[category] = life; };
+    }
+    const double value = values.ReadReal(palette, editor);
     switch (editor) {
-    case PaletteItems::ServiceLifeEdit:
-        record.elementLives[*category] = values.ReadInteger(palette, editor);
-        return true;
     case PaletteItems::PercentageEdit:
-        record.contributionShare[*category] = values.ReadReal(palette, editor);
-        return true;
+        return [=](lca::LCAProjectData& record) { record.contributionShare[category] = value; };
     case PaletteItems::FixedGwpEdit:
-        record.contributionGWP[*category] = values.ReadReal(palette, editor);
-        return true;
+        return [=](lca::LCAProjectData& record) { record.contributionGWP[category] = value; };
     case PaletteItems::GwpPerAreaPerYearEdit:
-        record.contributionGWP[*category] = values.ReadReal(palette, editor) * GetAreaYears(record);
-        return true;
+        return [=](lca::LCAProjectData& record) {
+            // Where another member took the area away meanwhile the value has no meaning.
+            if (const std::optional<double> areaYears = record.GetAreaYears())
+                record.contributionGWP[category] = value * *areaYears;
+        };
     default:
-        return false;
+        return std::nullopt;
     }
 }
 

@@ -1,5 +1,5 @@
-// In-place editing in the palette's table: which editors stand over the selected row, what they show, and how a typed
-// value goes into the record.
+// In-place editing in the palette's table: which editors stand over the selected row, what they show, and what a typed
+// value changes in the record.
 #pragma once
 
 #include "host/Dialogs.h"
@@ -7,6 +7,7 @@
 #include "lca/LCAProjectData.h"
 #include "lca/ResultTable.h"
 
+#include <functional>
 #include <optional>
 
 class PaletteEditors {
@@ -15,11 +16,12 @@ public:
 
     /// Places and fills the editors of the selected row.
     void Refresh(host::DialogId palette, const lca::LCAProjectData& record);
-    /// Enables them as the selected row and the right to change settings want it; a rebuild of the table may have
-    /// changed that.
+    /// Enables them as the selected row, the record and the right to change settings want it, and leaves alone what
+    /// they show.
     void EnableForSelection(const lca::LCAProjectData& record);
-    /// Puts a changed editor's value into the record; false where no row can be edited with it.
-    bool TakeEdit(std::int16_t editor, lca::LCAProjectData& record) const;
+    using RecordChange = std::function<void(lca::LCAProjectData&)>;
+    /// What a changed editor's value does to the record; none where no row can be edited with it.
+    std::optional<RecordChange> ReadEdit(std::int16_t editor) const;
     /// Of the two editors of a fixed GWP, shows in the other one what the edited one has come to.
     void ShowCounterpart(std::int16_t editor, const lca::Results& results) const;
 

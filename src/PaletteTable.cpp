@@ -146,7 +146,6 @@ void PaletteTable::ShowPercentageMode(lca::ElementCategory category, const lca::
     const bool isPercentage = lca::ValueOr(record.contributionEnabled, category, false);
     host.GetListCells().SetIcon(palette, PaletteItems::Table, RowOf(category), PaletteModeColumn,
                                 isPercentage ? host::StandardIcon::Checked : host::StandardIcon::Unchecked);
-    host.GetDialogItems().Enable(palette, PaletteItems::ServiceLifeEdit, isPercentage);
 }
 
 void PaletteTable::SetCell(std::int32_t row, std::int16_t column, const std::string& text) {

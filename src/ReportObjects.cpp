@@ -15,6 +15,7 @@ namespace {
 using namespace ResourceIds;
 
 constexpr char UpdateFlag[] = "addon_update";
+constexpr char UpdateTask[] = "updating the report objects";
 
 constexpr host::DatabaseType ListedDatabases[] = {
     host::DatabaseType::Worksheet,         host::DatabaseType::Section, host::DatabaseType::Elevation,
@@ -35,19 +36,13 @@ std::size_t SetRows(host::ObjectParameter& parameter, std::size_t valueCount) {
     return static_cast<std::size_t>(parameter.rows) * static_cast<std::size_t>(parameter.columns);
 }
 
-struct NewObject {
-    host::ObjectElement element;
-    ObjectParameters parameters;
-};
-
-host::ErrorCode ReadNewObject(host::Host& host, host::LibraryPartIndex part, const std::string& favouriteName,
-                              NewObject& object) {
-    host::Favourite favourite;
-    if (!favouriteName.empty() && host.GetLibraries().ReadFavourite(favouriteName, favourite) == host::NoError) {
-        object = {favourite.element, favourite.parameters};
+/// A favourite that the host does not have gives way to the part's defaults.
+host::ErrorCode ReadNewObject(host::Host& host, host::ObjectSource& source, ObjectParameters& parameters) {
+    host::Libraries& libraries = host.GetLibraries();
+    if (!source.favourite.empty() && libraries.ReadParameters(source, parameters) == host::NoError)
         return host::NoError;
-    }
-    return host.GetLibraries().ReadDefaults(part, object.element, object.parameters);
+    source.favourite.clear();
+    return libraries.ReadParameters(source, parameters);
 }
 
 bool IsKeptUpToDate(ObjectParameters& parameters) {
@@ -55,20 +50,41 @@ bool IsKeptUpToDate(ObjectParameters& parameters) {
     return flag != nullptr && flag->real == 1.0;
 }
 
-/// The objects of the current database.
-host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, const ParameterFiller& fill) {
+/// An object that may be locked, on a hidden layer or somebody else's.
+host::ErrorCode UpdateObject(host::Host& host, const host::Guid& object, host::LibraryPartIndex part,
+                             const ParameterFiller& fill) {
+    host::PlacedObjects& placed = host.GetPlacedObjects();
+    host::LibraryPartIndex objectPart;
+    if (const host::ErrorCode error = placed.ReadLibraryPart(object, objectPart)) return error;
+    if (!(objectPart == part)) return host::NoError;
+    ObjectParameters parameters;
+    if (const host::ErrorCode error = placed.ReadParameters(object, parameters)) return error;
+    if (!IsKeptUpToDate(parameters)) return host::NoError;
+    fill(parameters);
+    return placed.WriteParameters(object, parameters);
+}
+
+/// The objects of the current database; those that are left as they were are counted.
+host::ErrorCode UpdateObjects(host::Host& host, host::LibraryPartIndex part, const ParameterFiller& fill,
+                              General::CountedFailures& left) {
     std::vector<host::Guid> objects;
-    if (const host::ErrorCode error = host.GetModel().ListElements(host::ElementType::Object, 0, objects)) return error;
-    for (const host::Guid& object : objects) {
-        host::ObjectElement element;
-        ObjectParameters parameters;
-        if (host.GetPlacedObjects().Read(object, element) != host::NoError || !(element.libraryPart == part)) continue;
-        if (host.GetPlacedObjects().ReadParameters(object, parameters) != host::NoError) continue;
-        if (!IsKeptUpToDate(parameters)) continue;
-        fill(parameters);
-        if (const host::ErrorCode error = host.GetPlacedObjects().WriteParameters(object, parameters)) return error;
-    }
+    if (const host::ErrorCode error =
+            host.GetModel().ListElements(host::ElementType::Object, host::ElementScope::CurrentDatabase, objects))
+        return error;
+    for (const host::Guid& object : objects)
+        left.Note(UpdateObject(host, object, part, fill));
     return host::NoError;
+}
+
+/// Floor plan, worksheets, sections, elevations, interior elevations, details, layouts, master layouts.
+std::vector<host::Database> CollectObjectDatabases(host::Host& host, General::CountedFailures& left) {
+    std::vector<host::Database> databases = {{host::DatabaseType::FloorPlan, {}, {}}};
+    for (const host::DatabaseType type : ListedDatabases) {
+        std::vector<host::Database> listed;
+        if (!left.Note(host.GetDatabases().ListDatabases(type, listed)))
+            databases.insert(databases.end(), listed.begin(), listed.end());
+    }
+    return databases;
 }
 
 } // namespace
@@ -106,46 +122,40 @@ void SetText(ObjectParameters& parameters, const std::string& name, const std::s
 
 void PlaceReportObject(host::Host& host, const ReportObjectKind& kind, const std::string& favourite,
                        const ParameterFiller& fill) {
-    host::LibraryPartIndex part;
-    if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) {
+    host::ObjectSource source{{}, favourite};
+    if (host.GetLibraries().FindObject(kind.identifier, source.libraryPart) != host::NoError) {
         ShowTextAlert(host, host::AlertType::Error, Alerts::ErrorTitle, kind.missingPart,
                       ReadText(host, Alerts::SmallText), Alerts::Ok);
         return;
     }
-    NewObject object;
-    if (const host::ErrorCode error = ReadNewObject(host, part, favourite, object))
+    ObjectParameters parameters;
+    if (const host::ErrorCode error = ReadNewObject(host, source, parameters))
         return General::ReportHostError(host, "reading the report object", error);
     const std::optional<host::Point> point = host.GetUserInput().PickPoint(ReadText(host, kind.prompt));
     if (!point) return;
     const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.placeUndoName), [&] {
-        object.element.position = *point;
-        fill(object.parameters);
+        fill(parameters);
         host::Guid created;
-        return host.GetPlacedObjects().Create(object.element, object.parameters, created);
+        return host.GetPlacedObjects().Create(source, *point, parameters, created);
     });
     General::ReportHostError(host, "placing the report object", error);
 }
 
-std::vector<host::Database> CollectObjectDatabases(host::Host& host) {
-    std::vector<host::Database> databases = {{host::DatabaseType::FloorPlan, {}, {}}};
-    for (const host::DatabaseType type : ListedDatabases) {
-        std::vector<host::Database> listed;
-        if (host.GetDatabases().ListDatabases(type, listed) == host::NoError)
-            databases.insert(databases.end(), listed.begin(), listed.end());
-    }
-    return databases;
-}
-
 void UpdateReportObjects(host::Host& host, const ReportObjectKind& kind, const ParameterFiller& fill) {
+    host::LibraryPartIndex part;
+    const host::ErrorCode notFound = host.GetLibraries().FindObject(kind.identifier, part);
+    // Without the part nothing can be placed that would have to follow.
+    if (notFound == host::Errors::BadId) return;
+    if (notFound) return General::ReportHostError(host, UpdateTask, notFound);
+    General::CountedFailures left;
     const host::ErrorCode error = host.GetUndoableCommands().Call(ReadText(host, kind.updateUndoName), [&] {
-        host::LibraryPartIndex part;
-        if (host.GetLibraries().FindObject(kind.identifier, part) != host::NoError) return host::NoError;
         DatabaseScope scope(host);
-        for (const host::Database& database : CollectObjectDatabases(host)) {
-            if (scope.Change(database) != host::NoError) continue;
-            if (const host::ErrorCode failure = UpdateObjects(host, part, fill)) return failure;
+        for (const host::Database& database : CollectObjectDatabases(host, left)) {
+            const host::ErrorCode notOpened = scope.Change(database);
+            left.Note(notOpened ? notOpened : UpdateObjects(host, part, fill, left));
         }
-        return host::NoError;
+        return host::NoError; // what was written stays, whatever refused
     });
-    General::ReportHostError(host, "updating the report objects", error);
+    General::ReportHostError(host, UpdateTask, error);
+    left.Report(host, UpdateTask, "objects or databases were left as they were");
 }

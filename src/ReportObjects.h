@@ -38,9 +38,6 @@ extern const ReportObjectKind ResultReportObject;
 void PlaceReportObject(host::Host& host, const ReportObjectKind& kind, const std::string& favourite,
                        const ParameterFiller& fill);
 
-/// Floor plan, worksheets, sections, elevations, interior elevations, details, layouts, master layouts.
-std::vector<host::Database> CollectObjectDatabases(host::Host& host);
-
-/// Rewrites every placed object of the kind whose "addon_update" is 1, in one undoable command. A database that cannot
-/// be opened is passed over.
+/// Rewrites every placed object of the kind whose "addon_update" is 1, in one undoable command. Objects that refuse and
+/// databases that cannot be opened are passed over, and one line of the host's report says how many.
 void UpdateReportObjects(host::Host& host, const ReportObjectKind& kind, const ParameterFiller& fill);

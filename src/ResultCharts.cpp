@@ -24,32 +24,37 @@ host::Colour GetColour(const lca::LCAProjectData& record, lca::ElementCategory c
 }
 
 void DrawLabel(host::NativeContext& context, const lca::ChartLabel& label) {
-    context.DrawText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
+    context.DrawBoxedText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
 }
 
 } // namespace
 
-void ResultCharts::DrawPieChart(host::NativeContext& context, const host::Rectangle& area, const lca::Results& results,
-                                const lca::LCAProjectData& record) {
-    FillBackground(context, area);
-    std::array<double, lca::CategoryCount> gwps{};
-    for (const lca::ElementCategory category : lca::AllCategories)
+void ResultCharts::Rebuild(const lca::Results& results, const lca::LCAProjectData& record) {
+    for (const lca::ElementCategory category : lca::AllCategories) {
         gwps[static_cast<std::size_t>(category)] = results.Get(category).gwp;
+        colours[static_cast<std::size_t>(category)] = GetColour(record, category);
+    }
+    pieValues = lca::ComputePieShares(gwps);
+    barEntries.clear();
+    for (const lca::Standard& standard : record.standards)
+        barEntries.emplace_back(standard.name, standard.limit);
+    const double impact = lca::GetTotalInUnit(results, record.standardsUnit);
+    if (std::isfinite(impact)) barEntries.emplace_back(ReadText(host, ResourceIds::Report::ActualImpact), impact);
+    lca::SortBarEntries(barEntries);
+}
+
+void ResultCharts::DrawPieChart(host::NativeContext& context, const host::Rectangle& area) const {
+    FillBackground(context, area);
     const lca::PieChart pie = lca::LayOutPieChart(gwps, ToArea(area), MeasureFont());
-    pieValues = pie.shares;
     for (std::size_t i = 0; i < pie.slices.size(); ++i) {
         const lca::PieSlice& slice = pie.slices[i];
-        context.FillSector(pie.centreX, pie.centreY, pie.radius, slice.startAngle, slice.sweep,
-                           GetColour(record, lca::AllCategories[i]));
+        context.FillSector(pie.centreX, pie.centreY, pie.radius, slice.startAngle, slice.sweep, colours[i]);
         DrawLabel(context, slice.label);
     }
 }
 
-void ResultCharts::DrawBarChart(host::NativeContext& context, const host::Rectangle& area, const lca::Results& results,
-                                const lca::LCAProjectData& record) {
+void ResultCharts::DrawBarChart(host::NativeContext& context, const host::Rectangle& area) const {
     FillBackground(context, area);
-    RebuildBarEntries(results, record);
-    lca::SortBarEntries(barEntries);
     const std::string actualImpact = ReadText(host, ResourceIds::Report::ActualImpact);
     const auto format = [&](double value) { return FormatNumber(host, value); };
     for (const lca::ChartBar& bar : lca::LayOutBarChart(barEntries, ToArea(area), MeasureFont(), format)) {
@@ -61,14 +66,6 @@ void ResultCharts::DrawBarChart(host::NativeContext& context, const host::Rectan
         }
         context.DrawSlantedText({bar.name.text, bar.name.x, bar.name.y, bar.name.angle, bar.name.maximumWidth}, Black);
     }
-}
-
-void ResultCharts::RebuildBarEntries(const lca::Results& results, const lca::LCAProjectData& record) {
-    barEntries.clear();
-    for (const lca::Standard& standard : record.standards)
-        barEntries.emplace_back(standard.name, standard.limit);
-    barEntries.emplace_back(ReadText(host, ResourceIds::Report::ActualImpact),
-                            lca::GetTotalInUnit(results, record.standardsUnit));
 }
 
 lca::ChartFont ResultCharts::MeasureFont() const {

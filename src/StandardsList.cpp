@@ -64,7 +64,9 @@ void StandardsList::TakeName() {
 void StandardsList::TakeValue() {
     lca::Standard* selected = FindSelected();
     if (selected == nullptr) return;
-    selected->limit = host.GetItemValues().ReadReal(dialog, StandardValueEdit);
+    const double value = host.GetItemValues().ReadReal(dialog, StandardValueEdit);
+    if (!General::IsUsableNumber(host, value)) return TakeSelection();
+    selected->limit = value;
     FillRows(Fill::Texts);
 }
 

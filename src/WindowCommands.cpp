@@ -16,7 +16,9 @@ void RunProjectSettings(host::Host& host, AddOnContext& context) {
     // What other members of a Teamwork project have changed becomes visible here.
     General::ReportHostError(host, "loading the project settings", LoadProjectData(host, context.projectData));
     if (context.settingsDialog.Run(context.projectData) != KelvarnixSettingsDialog::Answer::Accepted) return;
-    General::ReportHostError(host, "storing the project settings", StoreProjectData(host, context.projectData));
+    const auto change = [&](lca::LCAProjectData& record) { record = context.settingsDialog.ApplyTo(record); };
+    General::ReportHostError(host, "storing the project settings",
+                             ChangeProjectData(host, context.projectData, change));
     if (!context.mainPalette.IsOpen()) return;
     context.mainPalette.CollectElementGWP();
     context.mainPalette.RebuildTable(MainPalette::Rebuild::TextsOnly);

@@ -48,7 +48,8 @@ std::unique_ptr<Project> MakeProject() {
 void DrawColumn(WorkbenchHost& host, PaintedContext& picture, std::int16_t menu, std::int16_t list, std::int16_t column,
                 int left) {
     host.dialogManager.modalUser = [&](host::DialogId dialog) {
-        for (std::int32_t row = 1; row <= host.listRows.Count(dialog, list); ++row) {
+        const auto rows = static_cast<std::int32_t>(host.openDialogs.FindItem(dialog, list)->list.rows.size());
+        for (std::int32_t row = 1; row <= rows; ++row) {
             picture.SetOrigin(left, (row - 1) * RowHeightPixels);
             host.dialogManager.DrawCell(dialog, list, row, column, picture);
         }

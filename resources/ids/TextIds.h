@@ -52,6 +52,7 @@ namespace OwnTexts {
 inline constexpr short List = 32543;
 inline constexpr StringId RecordUndoName{List, 1};
 inline constexpr StringId SchemaUndoName{List, 2};
+inline constexpr StringId Incomplete{List, 3}; ///< behind a time stamp
 } // namespace OwnTexts
 
 namespace Alerts {

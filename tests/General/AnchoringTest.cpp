@@ -77,6 +77,11 @@ TEST(ResizeAnchoring, AtTheMinimumEveryGrowingItemKeepsEighteenPixels) {
     fake.size = {900, 550};
     anchoring.Apply({1});
     EXPECT_TRUE(fake.items[2] == (Rectangle{370, 260, 520, 230}));
+    // A larger minimum of the dialog's own holds.
+    const General::ItemAnchor growing[] = {{1, {0, 0, 0.25, 1}}, {2, {0.25, 0, 0.75, 1}}};
+    anchoring.RegisterAll({1}, growing, {300, 200});
+    EXPECT_EQ(fake.minimum.width, 300);
+    EXPECT_EQ(fake.minimum.height, 338);
     anchoring.Reset();
     fake.size = {1000, 600};
     anchoring.Apply({1});

@@ -37,10 +37,16 @@ public:
     bool HasConnection() override { return isReachable; }
     host::Guid FindLockableSet(const std::string& name) override {
         calls += "find " + name + ";";
-        return {};
+        return isKnown ? host::Guid{{1}} : host::Guid();
     }
-    host::LockableStatus ReadLockableStatus(const host::Guid&) override { return status; }
-    std::vector<std::int16_t> ListHolders(const host::Guid&) override { return {5, 6}; }
+    host::LockableStatus ReadLockableStatus(const host::Guid& set) override {
+        EXPECT_FALSE(set.IsNull());
+        return status;
+    }
+    std::vector<std::int16_t> ListHolders(const host::Guid& set) override {
+        EXPECT_FALSE(set.IsNull());
+        return {5, 6};
+    }
     host::ErrorCode Reserve(const host::Guid&, host::HostDialogs dialogs) override {
         calls += dialogs == host::HostDialogs::Enabled ? "reserve;" : "silent;";
         return host::Errors::General;
@@ -57,6 +63,7 @@ public:
 
     bool isShared = true;
     bool isReachable = true;
+    bool isKnown = true; ///< to the host, that is: a null identifier must not be asked
     host::LockableStatus status = host::LockableStatus::Free;
     std::string fullName;
     host::ErrorCode members = host::NoError;
@@ -142,6 +149,13 @@ TEST_F(TeamworkControlTest, TheButtonReservesAsksOrReleases) {
         EXPECT_EQ(calls, one.call);
         EXPECT_EQ(items.enabled.at(Ok), one.state == S::HeldByMe && !one.isReachable);
     }
+    teamwork.isReachable = true;
+    teamwork.isKnown = false;
+    teamwork.calls.clear();
+    control.ButtonClicked(Dialog);
+    EXPECT_EQ(teamwork.calls, "find AnySet;find AnySet;find AnySet;");
+    EXPECT_EQ(items.texts.at(Status), "32607/8 by ???.");
+    EXPECT_FALSE(items.enabled.at(Ok));
 }
 
 } // namespace

@@ -2,7 +2,6 @@
 // answers when the host refuses.
 #include "src/EnergyExchange.h"
 
-#include "src/AddOnContext.h"
 #include "src/Kelvarnix.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +14,6 @@
 namespace {
 
 using Calls = std::vector<std::string>;
-namespace Exchange = host::EnergyExchange;
 
 constexpr host::ModuleId OwnId = {11, 22};
 
@@ -49,13 +47,13 @@ public:
     }
     host::ErrorCode FreeParameterList(host::ParameterListId) override { return Note("free"); }
     host::ErrorCode Call(const host::ModuleId& target, std::uint32_t code, std::int32_t version,
-                         const host::CommandParameters& given, bool) override {
+                         host::ParameterListId list, bool) override {
         EXPECT_TRUE(target == (host::ModuleId{0x47732F64, 0x4A8188E7}));
         EXPECT_EQ(version, 1);
         std::string text;
         for (int shift = 24; shift >= 0; shift -= 8)
             text += static_cast<char>((code >> shift) & 255U);
-        return Note(text + (given.list.IsNull() ? " without list" : ""));
+        return Note(text + (list.IsNull() ? " without list" : ""));
     }
 
     Calls calls;
@@ -67,8 +65,8 @@ private:
         if (const auto* flag = std::get_if<bool>(&value)) return *flag ? "true" : "false";
         if (const auto* number = std::get_if<std::int32_t>(&value)) return std::to_string(*number);
         if (const auto* text = std::get_if<std::string>(&value)) return *text;
-        const auto* id = static_cast<const host::ModuleId*>(std::get<const void*>(value));
-        return std::to_string(id->developerId) + "," + std::to_string(id->localId);
+        const auto& id = std::get<host::ModuleId>(value);
+        return std::to_string(id.developerId) + "," + std::to_string(id.localId);
     }
     host::ErrorCode Note(const std::string& call) {
         calls.push_back(call);
@@ -156,12 +154,8 @@ TEST_F(EnergyExchangeTest, UnregistersByTheIdentifierAlone) {
 }
 
 TEST_F(EnergyExchangeTest, SettingsAreBuiltOrAdapted) {
-    EXPECT_EQ(HandleExportSettings({}, false), static_cast<host::ErrorCode>(0x81060068));
-    Exchange::SettingsBlock block;
-    EXPECT_EQ(HandleExportSettings({{}, &block}, false), -7003);
     host::ObjectState settings;
-    block.settings = &settings;
-    EXPECT_EQ(HandleExportSettings({{}, &block}, false), host::NoError);
+    EXPECT_EQ(HandleExportSettings(settings, false), host::NoError);
     EXPECT_EQ(test::WriteTree(settings), "projectKeyValuesData{ enableExport=b:1 levelOfDetail='Yearly' } "
                                          "energySourcesFactor{ enableExport=b:1 levelOfDetail='Yearly' } "
                                          "xlsValues{ enableExport=b:1 levelOfDetail='Yearly' } ");
@@ -173,19 +167,9 @@ TEST_F(EnergyExchangeTest, SettingsAreBuiltOrAdapted) {
     settings = host::ObjectState();
     settings.Add("version", std::int64_t{3});
     settings.Add("sets", sets);
-    EXPECT_EQ(HandleExportSettings({{}, &block}, false), host::NoError);
+    EXPECT_EQ(HandleExportSettings(settings, false), host::NoError);
     EXPECT_EQ(test::WriteTree(settings), "version=i:3 sets{ xlsValues{ enableExport=b:1 levelOfDetail='Yearly' } "
                                          "hourlyProfiles{ enableExport=b:0 levelOfDetail='Hourly' } } ");
-}
-
-TEST_F(EnergyExchangeTest, DataWithoutDocumentOrContextAreRefused) {
-    AddOnContext context(host);
-    EXPECT_EQ(TakeExportedData(host, context, nullptr), host::Errors::BadParameters);
-    Exchange::DataBlock block;
-    EXPECT_EQ(TakeExportedData(host, context, &block), host::Errors::BadParameters);
-    const std::string document = "<root/>";
-    block.document = &document;
-    EXPECT_EQ(HandleExportData({{}, &block}, false), 1);
 }
 
 } // namespace

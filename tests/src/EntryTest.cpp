@@ -1,4 +1,6 @@
-// The entry protocol: tables, environment check, registration, initialisation and freeing, with what fails in each.
+// The entry without the module's exports, as a build links it that the host's own library loads: environment check,
+// registration, initialisation and freeing, with what fails in each.
+#include "src/Entry.h"
 #include "src/AddOnContext.h"
 #include "src/Kelvarnix.h"
 
@@ -13,9 +15,6 @@
 #include <algorithm>
 #include <functional>
 #include <map>
-
-extern "C" host::ErrorCode SetImportedFuncAddrs(const host::ImportedFunctions* functions);
-extern "C" host::ErrorCode GetExportedFuncAddrs(host::ExportedFunctions* functions);
 
 namespace {
 
@@ -32,10 +31,15 @@ public:
         menuHandler = handler;
         return Note("handler " + std::to_string(menu));
     }
-    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version,
-                                          host::CommandHandler handler) override {
-        commandHandlers[Letters(code)] = handler;
-        return Note("command handler " + Letters(code) + " " + std::to_string(version));
+    host::ErrorCode InstallSettingsCommandHandler(std::uint32_t code, std::int32_t version,
+                                                  host::SettingsCommandHandler handler) override {
+        settingsHandler = handler;
+        return Note("settings handler " + Letters(code) + " " + std::to_string(version));
+    }
+    host::ErrorCode InstallDocumentCommandHandler(std::uint32_t code, std::int32_t version,
+                                                  host::DocumentCommandHandler handler) override {
+        documentHandler = handler;
+        return Note("document handler " + Letters(code) + " " + std::to_string(version));
     }
     host::ErrorCode InstallProjectEventHandler(std::uint32_t events, host::ProjectEventHandler handler) override {
         eventHandler = handler;
@@ -47,12 +51,15 @@ public:
         return Note("reservations " + std::to_string(sets.size()));
     }
 
+    host::ErrorCode SetMenuItemText(std::int16_t, std::int32_t, const std::string&) override { return Note("text"); }
+
     std::vector<std::string> calls;
     std::map<std::string, host::ErrorCode> failures; ///< by call
     host::MenuHandler menuHandler = nullptr;
     host::ProjectEventHandler eventHandler = nullptr;
     host::ReservationChangeHandler reservationHandler = nullptr;
-    std::map<std::string, host::CommandHandler> commandHandlers;
+    host::SettingsCommandHandler settingsHandler = nullptr;
+    host::DocumentCommandHandler documentHandler = nullptr;
 
 private:
     static std::string Letters(std::uint32_t code) {
@@ -106,6 +113,51 @@ class KeyValuesReading : public host::XmlReading {
     }
 };
 
+/// Like a host that leaves to the add-on what is open when it frees it.
+class KeepingDialogs : public test::NullDialogs {
+public:
+    host::ErrorCode RegisterPalette(std::int16_t resource, const host::Guid& palette,
+                                    host::PaletteRequestHandler handler) override {
+        EXPECT_EQ(resource, 32406);
+        request = handler;
+        return palettes.insert(palette).second ? host::NoError : host::Errors::BadId;
+    }
+    host::ErrorCode UnregisterPalette(const host::Guid& palette) override {
+        return palettes.erase(palette) == 1 ? host::NoError : host::Errors::BadId;
+    }
+    host::DialogId OpenPalette(const host::Guid& palette, host::DialogHandler& handler) override {
+        return palettes.count(palette) == 1 ? Open(handler) : host::DialogId();
+    }
+    std::int16_t RunModal(std::int16_t, const host::Guid&, host::DialogHandler& handler) override {
+        const host::DialogId id = Open(handler);
+        if (whileModal) whileModal();
+        if (handlers.count(id.value) == 0) return 0;
+        Close(id);
+        return 1;
+    }
+    void Close(host::DialogId id) override {
+        Send(id, host::DialogMessage::Close);
+        handlers.erase(id.value);
+    }
+    std::int16_t Send(host::DialogId id, host::DialogMessage message, std::int16_t item = 0) {
+        return handlers.at(id.value)->HandleDialogMessage(message, id, item, {});
+    }
+
+    std::set<host::Guid> palettes;
+    host::PaletteRequestHandler request = nullptr;
+    std::map<std::int16_t, host::DialogHandler*> handlers; ///< of the open dialogs
+    std::function<void()> whileModal;
+
+private:
+    host::DialogId Open(host::DialogHandler& handler) {
+        const host::DialogId id{++lastId};
+        handlers[id.value] = &handler;
+        Send(id, host::DialogMessage::Initialise);
+        return id;
+    }
+    std::int16_t lastId = 0;
+};
+
 class EntryTest : public testing::Test {
 protected:
     void SetUp() override {
@@ -113,66 +165,49 @@ protected:
         host.teamwork = &teamwork;
         host.resources = &resources;
         host.xmlReading = &xmlReading;
-        host::ImportedFunctions imported;
-        imported.host = &host;
-        ASSERT_EQ(SetImportedFuncAddrs(&imported), host::NoError);
-        ASSERT_EQ(GetExportedFuncAddrs(&module), host::NoError);
+        host.dialogs = &dialogs;
+        Entry::SetHost(&host);
     }
-    void TearDown() override { EXPECT_EQ(module.freeData(), host::NoError); }
+    void TearDown() override { EXPECT_EQ(Entry::FreeData(), host::NoError); }
 
     RecordingRegistration registration;
     NumberedTeamwork teamwork;
     NumberedResources resources;
     KeyValuesReading xmlReading;
+    KeepingDialogs dialogs;
     test::NullHost host;
-    host::ExportedFunctions module;
 };
 
 using Calls = std::vector<std::string>;
 
-TEST_F(EntryTest, TablesOfAnotherStateAreRefused) {
-    host::ImportedFunctions imported;
-    imported.host = &host;
-    imported.version = host::InterfaceVersion + 1;
-    EXPECT_EQ(SetImportedFuncAddrs(&imported), host::Errors::BadParameters);
-    imported = {};
-    EXPECT_EQ(SetImportedFuncAddrs(&imported), host::Errors::BadParameters); // no host
-    EXPECT_EQ(SetImportedFuncAddrs(nullptr), host::Errors::BadParameters);
-    host::ExportedFunctions exported;
-    exported.size += 8;
-    EXPECT_EQ(GetExportedFuncAddrs(&exported), host::Errors::BadParameters);
-    EXPECT_EQ(exported.initialise, nullptr);
-    EXPECT_EQ(GetExportedFuncAddrs(nullptr), host::Errors::BadParameters);
-}
-
 TEST_F(EntryTest, AnotherApplicationIsLeftAlone) {
     host::Environment environment;
     environment.applicationCode = 2;
-    EXPECT_EQ(module.checkEnvironment(environment), host::AddOnType::DoNotRegister);
+    EXPECT_EQ(Entry::CheckEnvironment(environment), host::AddOnType::DoNotRegister);
     EXPECT_EQ(environment.addOnName + environment.addOnDescription, "");
     environment.applicationCode = 1;
-    EXPECT_EQ(module.checkEnvironment(environment), host::AddOnType::Preload);
+    EXPECT_EQ(Entry::CheckEnvironment(environment), host::AddOnType::Preload);
     EXPECT_EQ(environment.addOnName, "32542/1");
     EXPECT_EQ(environment.addOnDescription, "32542/2");
 }
 
 TEST_F(EntryTest, RegistersInTheOrderOfTheMenu) {
-    EXPECT_EQ(module.registerInterface(), host::NoError);
+    EXPECT_EQ(Entry::RegisterInterface(), host::NoError);
     EXPECT_EQ(registration.calls, (Calls{"menu 32500 32510", "menu 32504 32514", "menu 32501 32511", "menu 32502 32512",
                                          "menu 32503 32513", "command GRSC 1", "command SRDT 1"}));
 }
 
 TEST_F(EntryTest, RegistrationAnswersAllFailuresTogether) {
     registration.failures = {{"menu 32504 32514", 0x10}, {"command SRDT 1", 0x04}};
-    EXPECT_EQ(module.registerInterface(), 0x14);
+    EXPECT_EQ(Entry::RegisterInterface(), 0x14);
     EXPECT_EQ(registration.calls.size(), 7U); // nothing is cut short
 }
 
 TEST_F(EntryTest, InitialisationInstallsAfterTheContextExists) {
-    EXPECT_EQ(module.initialise(), host::NoError);
+    EXPECT_EQ(Entry::Initialise(), host::NoError);
     EXPECT_EQ(registration.calls,
               (Calls{"keep", "handler 32500", "handler 32504", "handler 32501", "handler 32502", "handler 32503",
-                     "reservations 2", "all events", "command handler GRSC 1", "command handler SRDT 1"}));
+                     "reservations 2", "all events", "settings handler GRSC 1", "document handler SRDT 1"}));
     EXPECT_NE(GetContext(), nullptr);
 }
 
@@ -180,70 +215,123 @@ TEST_F(EntryTest, InitialisationAnswersThreeInstallationsOnly) {
     registration.failures = {{"handler 32500", 0x40},
                              {"reservations 2", 0x20},
                              {"all events", 1},
-                             {"command handler GRSC 1", 2},
-                             {"command handler SRDT 1", 4}};
-    EXPECT_EQ(module.initialise(), 7);
+                             {"settings handler GRSC 1", 2},
+                             {"document handler SRDT 1", 4}};
+    EXPECT_EQ(Entry::Initialise(), 7);
 }
 
 TEST_F(EntryTest, HandlersWithoutContextAnswerOne) {
-    EXPECT_EQ(module.initialise(), host::NoError);
-    EXPECT_EQ(module.freeData(), host::NoError);
+    EXPECT_EQ(Entry::Initialise(), host::NoError);
+    EXPECT_EQ(Entry::FreeData(), host::NoError);
     EXPECT_EQ(GetContext(), nullptr);
     registration.calls.clear();
     EXPECT_EQ(registration.menuHandler({32500, 1}), 1);
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 1);
-    const std::string document;
-    host::EnergyExchange::DataBlock data{&document};
-    EXPECT_EQ(registration.commandHandlers["SRDT"]({{}, &data}, true), 1);
+    EXPECT_EQ(registration.documentHandler("<root/>", true), 1);
     EXPECT_EQ(registration.calls, (Calls{"keep", "keep", "keep"})); // asked for at each callback
     EXPECT_EQ(registration.reservationHandler({}, 0), 0);
     host::ObjectState settings; // what the add-on wants to be sent does not depend on the object
-    host::EnergyExchange::SettingsBlock block{&settings};
-    EXPECT_EQ(registration.commandHandlers["GRSC"]({{}, &block}, true), 0);
+    EXPECT_EQ(registration.settingsHandler(settings, true), 0);
     EXPECT_FALSE(settings.IsEmpty());
-    EXPECT_EQ(module.freeData(), host::NoError); // twice does no harm
+    EXPECT_EQ(Entry::FreeData(), host::NoError); // twice does no harm
 }
 
 TEST_F(EntryTest, HandlersWithContextAnswerZero) {
-    EXPECT_EQ(module.initialise(), host::NoError);
+    EXPECT_EQ(Entry::Initialise(), host::NoError);
     for (const std::int16_t menu : {32501, 32502, 32503, 32504})
         EXPECT_EQ(registration.menuHandler({menu, 1}), 0) << menu;
     EXPECT_EQ(registration.menuHandler({32500, 2}), 0);
     EXPECT_EQ(registration.eventHandler(static_cast<host::ProjectEvent>(0x20), 0), 0);
 }
 
+/// Whatever is open, by a command or from the palette, and however the add-on's object ends.
+TEST_F(EntryTest, NothingThatIsOpenOutlivesTheObject) {
+    const std::function<void()> endings[] = {[] { EXPECT_EQ(Entry::FreeData(), host::NoError); },
+                                             [] { EXPECT_EQ(Entry::Initialise(), host::NoError); }};
+    constexpr std::int16_t MaterialReportButton = 17;
+    for (const auto& end : endings)
+        for (const std::int16_t open :
+             {std::int16_t{0}, std::int16_t{32501}, std::int16_t{32502}, std::int16_t{32504}, MaterialReportButton}) {
+            ASSERT_EQ(Entry::Initialise(), host::NoError);
+            EXPECT_EQ(registration.menuHandler({32500, 1}), 0);
+            ASSERT_EQ(dialogs.handlers.size(), 1U);
+            const AddOnContext* former = GetContext().get();
+            int ends = 0;
+            dialogs.whileModal = [&] {
+                EXPECT_EQ(dialogs.handlers.size(), 2U);
+                end();
+                ++ends;
+                EXPECT_TRUE(dialogs.handlers.empty()) << open; // what else would get the host's next message?
+                EXPECT_EQ(dialogs.palettes.size(), GetContext() == nullptr ? 0U : 1U);
+                EXPECT_NE(GetContext().get(), former); // which still stands until its last function is left
+            };
+            registration.calls.clear();
+            if (open == 0)
+                end();
+            else if (open == MaterialReportButton)
+                dialogs.Send({dialogs.handlers.begin()->first}, host::DialogMessage::Click, open);
+            else
+                EXPECT_EQ(registration.menuHandler({open, 1}), 0);
+            EXPECT_EQ(ends, open == 0 ? 0 : 1);
+            EXPECT_TRUE(dialogs.handlers.empty()) << open;
+            // The menu is not spoken to any more.
+            EXPECT_EQ(std::count(registration.calls.begin(), registration.calls.end(), "text"), 0);
+            dialogs.whileModal = nullptr;
+            EXPECT_EQ(Entry::FreeData(), host::NoError);
+            EXPECT_TRUE(dialogs.palettes.empty());
+        }
+}
+
+TEST_F(EntryTest, TheHostMayAskForThePalette) {
+    ASSERT_EQ(Entry::Initialise(), host::NoError);
+    ASSERT_EQ(dialogs.palettes.size(), 1U);
+    EXPECT_EQ(host::WriteGuid(*dialogs.palettes.begin()), "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}");
+    for (int times = 0; times < 2; ++times) { // asked again it stays open
+        EXPECT_EQ(dialogs.request(*dialogs.palettes.begin()), 0);
+        EXPECT_EQ(dialogs.handlers.size(), 1U);
+    }
+    EXPECT_EQ(registration.menuHandler({32500, 1}), 0); // and the menu's next command hides it
+    EXPECT_TRUE(dialogs.handlers.empty());
+    EXPECT_EQ(dialogs.request({}), 0);
+    EXPECT_TRUE(dialogs.handlers.empty());
+    const host::Guid palette = *dialogs.palettes.begin();
+    EXPECT_EQ(Entry::FreeData(), host::NoError);
+    EXPECT_EQ(dialogs.request(palette), 1);
+}
+
 TEST_F(EntryTest, ProjectEventsResetOrLoadTheRecord) {
-    ASSERT_EQ(module.initialise(), host::NoError);
+    ASSERT_EQ(Entry::Initialise(), host::NoError);
     lca::LCAProjectData& record = GetContext()->projectData;
     record.consideredServiceLifeYears = 7;
     record.floorChoice[lca::FloorQuantity::SolarPanels] = true;
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::WindowChanged, 0), 0);
     EXPECT_EQ(record.floorChoice.size(), 1U);
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), 0);
-    EXPECT_TRUE(record.floorChoice.empty()); // loaded from a model without definitions
-    EXPECT_EQ(record.consideredServiceLifeYears, 7U);
+    // A model without definitions gives the defaults and nothing of the project before it.
+    EXPECT_EQ(record, lca::LCAProjectData());
+    record.consideredServiceLifeYears = 7;
     EXPECT_EQ(registration.eventHandler(host::ProjectEvent::NewAndReset, 0), 0);
     EXPECT_EQ(record.consideredServiceLifeYears, 50U);
 }
 
 TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
-    ASSERT_EQ(module.initialise(), host::NoError);
+    ASSERT_EQ(Entry::Initialise(), host::NoError);
     const Calls complete = registration.calls;
-    ASSERT_FALSE(module.freeData());
+    ASSERT_FALSE(Entry::FreeData());
     int withoutContext = 0, cutShort = 0;
     // Initialisation takes some allocations; each fails in turn until one run gets through untouched.
     for (long n = 0; n < 1000; ++n) {
         registration.calls.clear();
         registration.calls.reserve(64); // so that the recording itself allocates less in between
         failAfter = n;
-        const host::ErrorCode code = module.initialise();
+        const host::ErrorCode code = Entry::Initialise();
         const bool wasReached = failAfter < 0;
         failAfter = -1;
         if (!wasReached) break;
         const Calls calls = registration.calls;
         const bool hasContext = GetContext() != nullptr;
         const host::ErrorCode answer = hasContext ? 0 : 1;
-        EXPECT_EQ(registration.menuHandler({32500, 1}), answer) << n;
+        EXPECT_EQ(registration.menuHandler({32500, 2}), answer) << n;
         EXPECT_EQ(registration.eventHandler(host::ProjectEvent::Open, 0), answer) << n;
         EXPECT_EQ(registration.reservationHandler({}, 0), 0) << n;
         if (code == host::NoError) {
@@ -254,10 +342,10 @@ TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
             EXPECT_EQ(code, host::Errors::OutOfMemory) << n;
             ++cutShort;
         }
-        EXPECT_EQ(module.freeData(), host::NoError);
-        EXPECT_EQ(module.initialise(), host::NoError) << n; // with memory again all is as it should be
+        EXPECT_EQ(Entry::FreeData(), host::NoError);
+        EXPECT_EQ(Entry::Initialise(), host::NoError) << n; // with memory again all is as it should be
         EXPECT_NE(GetContext(), nullptr) << n;
-        EXPECT_EQ(module.freeData(), host::NoError);
+        EXPECT_EQ(Entry::FreeData(), host::NoError);
     }
     EXPECT_GT(withoutContext, 0);
     EXPECT_GT(cutShort, 0);
@@ -266,27 +354,19 @@ TEST_F(EntryTest, AFailedAllocationLeavesThePointerEmptyAndTheRestInstalled) {
 /// Each callback with every of its allocations failing in turn: a code comes back and no exception, and the next call
 /// works again.
 TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
-    ASSERT_EQ(module.initialise(), host::NoError);
+    ASSERT_EQ(Entry::Initialise(), host::NoError);
     host::Environment environment;
     environment.applicationCode = host::ArchiCADApplicationCode;
     host::ObjectState settings;
-    host::EnergyExchange::SettingsBlock settingsBlock{&settings};
     const std::string document = "<root/>";
-    host::EnergyExchange::DataBlock dataBlock{&document};
     const auto raise = [&](host::ProjectEvent event) { return registration.eventHandler(event, 0); };
     const struct {
         const char* name;
         std::function<host::ErrorCode()> call;
         host::ErrorCode whole; ///< the answer when nothing fails
     } callbacks[] = {
-        {"exports",
-         [] {
-             host::ExportedFunctions table;
-             return GetExportedFuncAddrs(&table);
-         },
-         0},
-        {"environment", [&] { return static_cast<int>(module.checkEnvironment(environment)); }, 2},
-        {"registration", [&] { return module.registerInterface(); }, 0},
+        {"environment", [&] { return static_cast<int>(Entry::CheckEnvironment(environment)); }, 2},
+        {"registration", [&] { return Entry::RegisterInterface(); }, 0},
         {"palette",
          [&] {
              return registration.menuHandler({32500, 1});
@@ -314,16 +394,8 @@ TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
         {"start", [&] { return raise(host::ProjectEvent::AllInputFinished); }, 0},
         {"quit", [&] { return raise(host::ProjectEvent::Quit); }, 0},
         {"reservation", [&] { return registration.reservationHandler({}, 1); }, 0},
-        {"GRSC",
-         [&] {
-             return registration.commandHandlers["GRSC"]({{}, &settingsBlock}, true);
-         },
-         0},
-        {"SRDT",
-         [&] {
-             return registration.commandHandlers["SRDT"]({{}, &dataBlock}, true);
-         },
-         0},
+        {"GRSC", [&] { return registration.settingsHandler(settings, true); }, 0},
+        {"SRDT", [&] { return registration.documentHandler(document, true); }, 0},
     };
     constexpr long MostAllocations = 10000;
     for (const auto& callback : callbacks) {
@@ -346,7 +418,7 @@ TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
 }
 
 TEST_F(EntryTest, MembersAreOwnedInOrder) {
-    ASSERT_EQ(module.initialise(), host::NoError);
+    ASSERT_EQ(Entry::Initialise(), host::NoError);
     const AddOnContext& context = *GetContext();
     const std::vector<const void*> members = {&context.mainPalette,    &context.buildingMaterialsDialog,
                                               &context.settingsDialog, &context.materialReportDialog,

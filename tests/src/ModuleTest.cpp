@@ -61,8 +61,14 @@ public:
         event = handler;
         return Count();
     }
-    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t, host::CommandHandler handler) override {
-        (code == Exchange::AskSettings ? askSettings : sendData) = handler;
+    host::ErrorCode InstallSettingsCommandHandler(std::uint32_t, std::int32_t,
+                                                  host::SettingsCommandHandler handler) override {
+        askSettings = handler;
+        return Count();
+    }
+    host::ErrorCode InstallDocumentCommandHandler(std::uint32_t, std::int32_t,
+                                                  host::DocumentCommandHandler handler) override {
+        sendData = handler;
         return Count();
     }
 
@@ -71,7 +77,8 @@ public:
     host::MenuHandler menu = nullptr;
     host::ReservationChangeHandler reservation = nullptr;
     host::ProjectEventHandler event = nullptr;
-    host::CommandHandler askSettings = nullptr, sendData = nullptr;
+    host::SettingsCommandHandler askSettings = nullptr;
+    host::DocumentCommandHandler sendData = nullptr;
 
 private:
     host::ErrorCode Count() { return installed++ == failing ? host::Errors::General : host::NoError; }
@@ -80,7 +87,7 @@ private:
 /// Counts how often the module introduces itself and takes its leave.
 class Partner : public test::NullAddOnCommands {
 public:
-    host::ErrorCode Call(const host::ModuleId&, std::uint32_t code, std::int32_t, const host::CommandParameters&,
+    host::ErrorCode Call(const host::ModuleId&, std::uint32_t code, std::int32_t, host::ParameterListId,
                          bool) override {
         registrations += code == Exchange::RegisterTarget;
         leaves += code == Exchange::UnregisterTarget;
@@ -104,10 +111,7 @@ public:
     /// What every handler answers, in a random order of commands, events and calls.
     void CallAll(host::ErrorCode expected, std::mt19937& random) {
         using Event = host::ProjectEvent;
-        const std::string document = "<root/>";
-        Exchange::DataBlock data{&document};
         host::ObjectState settings;
-        Exchange::SettingsBlock block{&settings};
         std::vector<std::function<void()>> calls;
         // Not the information command: it would start a browser.
         for (const std::int16_t list : {32500, 32501, 32502, 32504, 1})
@@ -118,12 +122,10 @@ public:
             for (int times = 0; times < 2; ++times)
                 calls.push_back([=, this] { EXPECT_EQ(handlers.event(event, 0), expected); });
         calls.push_back([&] { EXPECT_EQ(handlers.reservation({}, 1), 0); });
-        calls.push_back([&] { EXPECT_EQ(handlers.askSettings({{}, &block}, true), 0); });
-        calls.push_back([&] { EXPECT_EQ(handlers.askSettings({}, true), host::Errors::BadParameters); });
+        calls.push_back([&] { EXPECT_EQ(handlers.askSettings(settings, true), 0); });
         // The null host reads no document.
-        calls.push_back([&] {
-            EXPECT_EQ(handlers.sendData({{}, &data}, true), expected == 0 ? host::Errors::BadValue : expected);
-        });
+        calls.push_back(
+            [&] { EXPECT_EQ(handlers.sendData("<root/>", true), expected == 0 ? host::Errors::BadValue : expected); });
         std::shuffle(calls.begin(), calls.end(), random);
         for (const std::function<void()>& call : calls)
             call();
@@ -136,6 +138,32 @@ public:
     host::SetImportedFunctions setImported = nullptr;
     host::GetExportedFunctions getExported = nullptr;
 };
+
+class ThrowingResources : public test::NullResources {
+    host::ModuleId ReadModuleId(std::int16_t) override { throw std::bad_alloc(); }
+};
+
+TEST(Module, TablesOfAnotherStateAreRefused) {
+    Life life;
+    ASSERT_TRUE(life.IsLoaded());
+    EXPECT_EQ(life.setImported(nullptr), host::Errors::BadParameters);
+    host::ImportedFunctions imported;
+    EXPECT_EQ(life.setImported(&imported), host::Errors::BadParameters); // no host
+    imported.host = &life.host;
+    imported.version = host::InterfaceVersion + 1;
+    EXPECT_EQ(life.setImported(&imported), host::Errors::BadParameters);
+    imported.version = host::InterfaceVersion;
+    ASSERT_EQ(life.setImported(&imported), host::NoError);
+    EXPECT_EQ(life.getExported(nullptr), host::Errors::BadParameters);
+    host::ExportedFunctions exported;
+    exported.size += 8;
+    EXPECT_EQ(life.getExported(&exported), host::Errors::BadParameters);
+    EXPECT_EQ(exported.initialise, nullptr);
+    ThrowingResources resources;
+    life.host.resources = &resources;
+    exported = {};
+    EXPECT_EQ(life.getExported(&exported), host::Errors::OutOfMemory);
+}
 
 TEST(Module, LivesItsWholeLifeAgainAndAgain) {
     std::mt19937 random(20260726);   // the same orders in every run

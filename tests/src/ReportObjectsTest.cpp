@@ -42,7 +42,7 @@ public:
 
 class Model : public test::NullModel {
 public:
-    host::ErrorCode ListElements(host::ElementType type, std::uint32_t, std::vector<host::Guid>& list) override {
+    host::ErrorCode ListElements(host::ElementType type, host::ElementScope, std::vector<host::Guid>& list) override {
         if (type == host::ElementType::Object) list = {MakeGuid(1), MakeGuid(2), MakeGuid(3), MakeGuid(4)};
         return 0;
     }
@@ -62,8 +62,8 @@ class Objects : public test::NullPlacedObjects {
 public:
     explicit Objects(const Databases& databases) : databases(databases) {}
 
-    host::ErrorCode Read(const host::Guid& object, host::ObjectElement& element) override {
-        element.libraryPart = object == MakeGuid(3) ? Other : Report;
+    host::ErrorCode ReadLibraryPart(const host::Guid& object, host::LibraryPartIndex& part) override {
+        part = object == MakeGuid(3) ? Other : Report;
         return object == MakeGuid(4) ? host::Errors::BadId : 0;
     }
     host::ErrorCode ReadParameters(const host::Guid& object, std::vector<host::ObjectParameter>& list) override {

@@ -22,7 +22,12 @@ public:
     host::ErrorCode RegisterMenu(std::int16_t, std::int16_t) override { return 0; }
     host::ErrorCode RegisterSupportedCommand(std::uint32_t, std::int32_t) override { return 0; }
     host::ErrorCode InstallMenuHandler(std::int16_t, host::MenuHandler) override { return 0; }
-    host::ErrorCode InstallCommandHandler(std::uint32_t, std::int32_t, host::CommandHandler) override { return 0; }
+    host::ErrorCode InstallSettingsCommandHandler(std::uint32_t, std::int32_t, host::SettingsCommandHandler) override {
+        return 0;
+    }
+    host::ErrorCode InstallDocumentCommandHandler(std::uint32_t, std::int32_t, host::DocumentCommandHandler) override {
+        return 0;
+    }
     host::ErrorCode InstallProjectEventHandler(std::uint32_t, host::ProjectEventHandler) override { return 0; }
     host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler,
                                                     const std::set<host::Guid>&) override {
@@ -42,9 +47,9 @@ public:
 
 class NullModel : public host::Model {
 public:
-    host::ErrorCode ListElements(host::ElementType, std::uint32_t, std::vector<host::Guid>&) override { return 0; }
+    host::ErrorCode ListElements(host::ElementType, host::ElementScope, std::vector<host::Guid>&) override { return 0; }
     host::ErrorCode ReadElementHeader(const host::Guid&, host::ElementHeader&) override { return 0; }
-    host::ErrorCode ReadElementComponents(const host::Guid&, std::vector<host::MaterialComponent>&) override {
+    host::ErrorCode ReadElementComponents(const host::ElementHeader&, std::vector<host::MaterialComponent>&) override {
         return 0;
     }
 };
@@ -70,20 +75,18 @@ public:
 class NullLibraries : public host::Libraries {
 public:
     host::ErrorCode FindObject(const std::string&, host::LibraryPartIndex&) override { return 0; }
-    host::ErrorCode ReadDefaults(host::LibraryPartIndex, host::ObjectElement&,
-                                 std::vector<host::ObjectParameter>&) override {
+    host::ErrorCode ListFavourites(const std::string&, std::vector<std::string>&) override { return 0; }
+    host::ErrorCode ReadParameters(const host::ObjectSource&, std::vector<host::ObjectParameter>&) override {
         return 0;
     }
-    host::ErrorCode ListFavourites(std::vector<std::string>&) override { return 0; }
-    host::ErrorCode ReadFavourite(const std::string&, host::Favourite&) override { return 0; }
 };
 
 class NullPlacedObjects : public host::PlacedObjects {
 public:
-    host::ErrorCode Read(const host::Guid&, host::ObjectElement&) override { return 0; }
+    host::ErrorCode ReadLibraryPart(const host::Guid&, host::LibraryPartIndex&) override { return 0; }
     host::ErrorCode ReadParameters(const host::Guid&, std::vector<host::ObjectParameter>&) override { return 0; }
     host::ErrorCode WriteParameters(const host::Guid&, const std::vector<host::ObjectParameter>&) override { return 0; }
-    host::ErrorCode Create(const host::ObjectElement&, const std::vector<host::ObjectParameter>&,
+    host::ErrorCode Create(const host::ObjectSource&, const host::Point&, const std::vector<host::ObjectParameter>&,
                            host::Guid&) override {
         return 0;
     }
@@ -125,7 +128,7 @@ public:
 class NullTeamwork : public host::Teamwork {
 public:
     bool IsTeamworkProject() override { return false; }
-    host::Guid FindLockableSet(const std::string&) override { return {}; }
+    host::Guid FindLockableSet(const std::string&) override { return host::Guid{{1}}; }
     bool HasConnection() override { return false; }
     host::LockableStatus ReadLockableStatus(const host::Guid&) override { return host::LockableStatus::Unknown; }
     std::vector<std::int16_t> ListHolders(const host::Guid&) override { return {}; }
@@ -151,9 +154,11 @@ public:
 
 class NullDialogs : public host::Dialogs {
 public:
-    host::DialogId OpenPalette(std::int16_t, const host::Guid&, host::DialogHandler&) override { return {}; }
+    host::ErrorCode RegisterPalette(std::int16_t, const host::Guid&, host::PaletteRequestHandler) override { return 0; }
+    host::ErrorCode UnregisterPalette(const host::Guid&) override { return 0; }
+    host::DialogId OpenPalette(const host::Guid&, host::DialogHandler&) override { return {}; }
     std::int16_t RunModal(std::int16_t, const host::Guid&, host::DialogHandler&) override { return 0; }
-    void ClosePalette(host::DialogId) override {}
+    void Close(host::DialogId) override {}
     host::Size ReadSize(host::DialogId) override { return {}; }
     void SetMinimumSize(host::DialogId, host::Size) override {}
     void BeginMoveGrow(host::DialogId) override {}
@@ -204,7 +209,6 @@ public:
 
 class NullListRows : public host::ListRows {
 public:
-    std::int32_t Count(host::DialogId, std::int16_t) override { return 0; }
     std::int32_t Insert(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
     std::int32_t InsertSeparator(host::DialogId, std::int16_t, std::int32_t) override { return 0; }
     void Delete(host::DialogId, std::int16_t, std::int32_t) override {}
@@ -270,8 +274,7 @@ public:
     }
     host::ErrorCode ChangeParameter(host::ParameterListId, const host::CommandParameter&) override { return 0; }
     host::ErrorCode FreeParameterList(host::ParameterListId) override { return 0; }
-    host::ErrorCode Call(const host::ModuleId&, std::uint32_t, std::int32_t, const host::CommandParameters&,
-                         bool) override {
+    host::ErrorCode Call(const host::ModuleId&, std::uint32_t, std::int32_t, host::ParameterListId, bool) override {
         return 0;
     }
 };

@@ -5,6 +5,8 @@
 #include "workbench/cli/Text.h"
 
 #include "lca/Numbers.h"
+#include "workbench/energy/UserCommands.h"
+#include "workbench/trees/XmlDocument.h"
 
 namespace workbench::cli {
 
@@ -18,12 +20,6 @@ constexpr char NotInstalled[] = "the energy evaluation is not there; build it an
 constexpr const char* Names[] = {"Gross floor area", "Operational emission",   "Reference floor area",
                                  "Solar panels",     "Max solar contribution", "Electricity factor"};
 constexpr const char* Units[] = {"m2", "kg CO2eq/a", "m2", "kWh/a", "kWh/m2/a", "kg CO2eq/kWh"};
-
-/// A command that the user gives in the energy evaluation.
-host::ErrorCode CallEnergyEvaluation(Session& session, std::uint32_t command, void* block) {
-    return session.GetHost().addOnCommands.Call(Exchange::EnergyEvaluation, command, Exchange::CommandVersion,
-                                                {{}, block}, false);
-}
 
 Outcome ChooseTarget(Session& session, const std::string& wanted, std::string& target) {
     std::vector<std::string> targets;
@@ -59,24 +55,23 @@ bool IsChanged(const EnergyTransfer& transfer, FloorQuantity quantity) {
 } // namespace
 
 Outcome ListExportTargets(Session& session, std::vector<std::string>& menuTexts) {
-    energy::TargetsBlock block;
-    if (CallEnergyEvaluation(session, energy::ListTargetsCommand, &block) != host::NoError)
+    if (energy::ListTargets(session.GetHost().addOnCommands, menuTexts) != host::NoError)
         return Failure{InputUnreadable, NotInstalled};
-    menuTexts = std::move(block.menuTexts);
     return {};
 }
 
 Outcome ExportEnergyData(Session& session, const std::string& file, const std::string& target,
                          EnergyTransfer& transfer) {
-    std::string document;
-    energy::ExportBlock block;
-    if (Outcome failure = ChooseTarget(session, target, block.menuText)) return failure;
+    std::string document, menuText;
+    if (Outcome failure = ChooseTarget(session, target, menuText)) return failure;
     if (!ReadFile(file, document))
         return Failure{InputUnreadable, file + ": the file cannot be read; check that it exists and may be read"};
-    block.document = &document;
+    if (const host::ErrorCode error = ConvertXmlToUtf8(document))
+        return DescribeRefusal(session.GetProject(), file, error);
     transfer.before = ReadRecord(session.GetProject().model);
-    const host::ErrorCode code = CallEnergyEvaluation(session, energy::ExportCommand, &block);
-    transfer.request = std::move(block.settings);
+    WorkbenchHost& host = session.GetHost();
+    const host::ErrorCode code =
+        energy::ExportDocument(host.addOnCommands, host.registration, menuText, document, transfer.request);
     transfer.after = ReadRecord(session.GetProject().model);
     return code == host::NoError ? Outcome() : DescribeRefusal(session.GetProject(), file, code);
 }

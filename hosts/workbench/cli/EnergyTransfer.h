@@ -3,8 +3,9 @@
 
 #include "workbench/cli/Session.h"
 
+#include "host/EnergyExchange.h"
+#include "host/ObjectState.h"
 #include "lca/LCAProjectData.h"
-#include "workbench/energy/EnergyEvaluation.h"
 
 namespace workbench::cli {
 

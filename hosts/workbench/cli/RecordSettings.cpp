@@ -37,6 +37,22 @@ bool IsWholeText(lca::PropertyKey key, const std::string& text) {
     return lca::SplitEntries(stored.text).size() == lca::SplitEntries(text).size();
 }
 
+constexpr char NegativeArea[] = "an area is 0 or more";
+
+bool IsArea(lca::PropertyKey key) {
+    return key == lca::PropertyKey::GrossFloorArea || key == lca::PropertyKey::ReferenceFloorArea;
+}
+
+bool HasNegativeArea(const std::string& floorSettings) {
+    lca::LCAProjectData record;
+    lca::DecodeFloorSettings(floorSettings, record);
+    for (const lca::FloorQuantity area : {lca::FloorQuantity::GrossFloorArea, lca::FloorQuantity::ReferenceFloorArea})
+        if (lca::ValueOr(record.enteredFloorValues, area, 0.0) < 0.0 ||
+            lca::ValueOr(record.evaluatedFloorValues, area, 0.0) < 0.0)
+            return true;
+    return false;
+}
+
 /// What is wrong with a value; empty when it fits.
 std::string FindFault(const std::string& keyText, const std::string& value) {
     if (keyText == StandardsUnitKey)
@@ -51,11 +67,15 @@ std::string FindFault(const std::string& keyText, const std::string& value) {
         const std::optional<std::int32_t> whole = lca::ParseWholeNumber(value);
         return whole && *whole >= 0 && *number == *whole ? "" : "the value is whole years, 0 or more";
     }
-    case lca::StoredKind::Real:
-        return lca::ParseDecimal(value) ? "" : "the value is a number";
+    case lca::StoredKind::Real: {
+        const std::optional<double> number = lca::ParseDecimal(value);
+        if (!number) return "the value is a number";
+        return *number < 0.0 && IsArea(*key) ? NegativeArea : "";
+    }
     case lca::StoredKind::Text:
         break;
     }
+    if (*key == lca::PropertyKey::FloorSettings && HasNegativeArea(value)) return NegativeArea;
     return IsWholeText(*key, value) ? "" : "the value has an entry that cannot be read; write key=number;key=number";
 }
 
@@ -65,11 +85,10 @@ void SetQuantity(lca::FloorQuantity quantity, double value, lca::LCAProjectData&
     const bool isLimit = quantity == FloorQuantity::MaxSolarContribution;
     const FloorSource source = isLimit ? FloorSource::EnergyEvaluation : FloorSource::ByHand;
     record.SetFloorValue(quantity, source, value);
-    record.SetFloorChoice(quantity, source);
-    // Panels and limit exclude each other.
-    if (isLimit) record.SetFloorChoice(FloorQuantity::SolarPanels, FloorSource::ByHand);
+    record.ChooseFloorSource(quantity, source);
+    // Who states the panels' yield wants it to count, whatever limit there was.
     if (quantity == FloorQuantity::SolarPanels)
-        record.SetFloorChoice(FloorQuantity::MaxSolarContribution, FloorSource::ByHand);
+        record.ChooseFloorSource(FloorQuantity::MaxSolarContribution, FloorSource::ByHand);
 }
 
 void ApplyOne(const std::string& keyText, const std::string& value, lca::LCAProjectData& record) {

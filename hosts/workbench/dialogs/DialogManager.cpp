@@ -29,8 +29,20 @@ bool IsWholeNumber(const std::string& text) {
 
 } // namespace
 
-host::DialogId DialogManager::OpenPalette(std::int16_t resource, const host::Guid& guid, host::DialogHandler& handler) {
-    const DialogState* dialog = dialogs.Add(resource, guid, handler);
+host::ErrorCode DialogManager::RegisterPalette(std::int16_t resource, const host::Guid& palette,
+                                               host::PaletteRequestHandler handler) {
+    if (mayRegisterPalettes && !mayRegisterPalettes()) return host::Errors::RefusedCommand;
+    return palettes.try_emplace(palette, Palette{resource, handler}).second ? host::NoError : host::Errors::BadId;
+}
+
+host::ErrorCode DialogManager::UnregisterPalette(const host::Guid& palette) {
+    return palettes.erase(palette) == 1 ? host::NoError : host::Errors::BadId;
+}
+
+host::DialogId DialogManager::OpenPalette(const host::Guid& palette, host::DialogHandler& handler) {
+    const auto registered = palettes.find(palette);
+    if (registered == palettes.end()) return {};
+    const DialogState* dialog = dialogs.Add(registered->second.resource, palette, handler);
     if (dialog == nullptr) return {};
     const host::DialogId id = dialog->id;
     Send(host::DialogMessage::Initialise, id, 0);
@@ -45,13 +57,15 @@ std::int16_t DialogManager::RunModal(std::int16_t resource, const host::Guid& gu
     Send(host::DialogMessage::Initialise, id, 0);
     if (modalUser) modalUser(id);
     RequestClose(id);
+    dialog = dialogs.Find(id);
+    if (dialog == nullptr) return 0;
     const std::int16_t closedBy = dialog->closedBy;
     Send(host::DialogMessage::Close, id, 0);
     dialogs.Remove(id);
     return closedBy;
 }
 
-void DialogManager::ClosePalette(host::DialogId dialog) {
+void DialogManager::Close(host::DialogId dialog) {
     Send(host::DialogMessage::Close, dialog, 0);
     dialogs.Remove(dialog);
 }
@@ -80,6 +94,26 @@ std::int16_t DialogManager::Show(const host::Alert& alert) {
 
 void DialogManager::WriteReport(const std::string& line) {
     if (reportSink) reportSink(line);
+}
+
+host::ErrorCode DialogManager::RequestPalette(const host::Guid& palette) {
+    const auto registered = palettes.find(palette);
+    return registered == palettes.end() ? host::Errors::BadId : registered->second.handler(palette);
+}
+
+void DialogManager::ShowPalettes(bool shown) {
+    for (const host::DialogId id : dialogs.List()) {
+        DialogState* dialog = dialogs.Find(id);
+        if (dialog == nullptr || dialog->isModal) continue;
+        dialog->isHiddenByHost = !shown;
+        for (std::size_t i = 0; shown && dialog != nullptr && i < dialog->items.size(); ++i, dialog = dialogs.Find(id))
+            if (dialog->items[i].isPaintingDue) dialogs.Paint(id, static_cast<std::int16_t>(i + 1));
+    }
+}
+
+void DialogManager::EnablePalettes(bool enabled) {
+    for (const host::DialogId id : dialogs.List())
+        if (DialogState* dialog = dialogs.Find(id); !dialog->isModal) dialog->isDisabledByHost = !enabled;
 }
 
 bool DialogManager::Press(host::DialogId dialog, std::int16_t item) {
@@ -189,7 +223,8 @@ std::int16_t DialogManager::Send(host::DialogMessage message, host::DialogId dia
 ItemState* DialogManager::FindUsable(host::DialogId dialog, std::int16_t item) {
     const DialogState* state = dialogs.Find(dialog);
     ItemState* found = dialogs.FindItem(dialog, item);
-    const bool isUsable = found != nullptr && state->closedBy == 0 && found->isVisible && found->isEnabled;
+    const bool isUsable = found != nullptr && state->closedBy == 0 && !state->isHiddenByHost &&
+                          !state->isDisabledByHost && found->isVisible && found->isEnabled;
     return isUsable ? found : nullptr;
 }
 

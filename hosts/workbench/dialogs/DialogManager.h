@@ -12,9 +12,12 @@ class DialogManager : public host::Dialogs, public host::Alerts {
 public:
     explicit DialogManager(OpenDialogs& dialogs) : dialogs(dialogs) {}
 
-    host::DialogId OpenPalette(std::int16_t resource, const host::Guid& guid, host::DialogHandler& handler) override;
+    host::ErrorCode RegisterPalette(std::int16_t resource, const host::Guid& palette,
+                                    host::PaletteRequestHandler handler) override;
+    host::ErrorCode UnregisterPalette(const host::Guid& palette) override;
+    host::DialogId OpenPalette(const host::Guid& palette, host::DialogHandler& handler) override;
     std::int16_t RunModal(std::int16_t resource, const host::Guid& guid, host::DialogHandler& handler) override;
-    void ClosePalette(host::DialogId dialog) override;
+    void Close(host::DialogId dialog) override;
     host::Size ReadSize(host::DialogId dialog) override;
     void SetMinimumSize(host::DialogId dialog, host::Size size) override;
     void BeginMoveGrow(host::DialogId dialog) override;
@@ -22,6 +25,20 @@ public:
 
     std::int16_t Show(const host::Alert& alert) override;
     void WriteReport(const std::string& line) override;
+
+    // What the host does by itself.
+
+    /// Asks an add-on to open its palette, as at the start of a host that was left with the palette open; answers the
+    /// add-on's code, BadId when nobody registered it.
+    host::ErrorCode RequestPalette(const host::Guid& palette);
+    /// Takes the palettes from the screen, or shows them again and paints what was not painted meanwhile.
+    void ShowPalettes(bool shown);
+    /// While the user works in the plan nobody can use the palettes.
+    void EnablePalettes(bool enabled);
+    /// Whether palettes may be registered now; without one they may be at any time.
+    std::function<bool()> mayRegisterPalettes;
+    /// How many palettes are registered, open or not.
+    std::size_t CountPalettes() const { return palettes.size(); }
 
     // What a person does.
 
@@ -72,7 +89,13 @@ private:
     bool SendCellClick(host::DialogMessage message, host::DialogId dialog, std::int16_t list, std::int32_t row,
                        std::int16_t column);
 
+    struct Palette {
+        std::int16_t resource = 0;
+        host::PaletteRequestHandler handler = nullptr;
+    };
+
     OpenDialogs& dialogs;
+    std::map<host::Guid, Palette> palettes; ///< what an add-on leaves here when it goes stays, as in any host
 };
 
 } // namespace workbench

@@ -75,6 +75,21 @@ bool OpenDialogs::HasModal() const {
     return std::any_of(dialogs.begin(), dialogs.end(), [](const auto& entry) { return entry.second.isModal; });
 }
 
+void OpenDialogs::Paint(host::DialogId dialog, std::int16_t item) {
+    const DialogState* owner = Find(dialog);
+    ItemState* state = FindItem(dialog, item);
+    if (state == nullptr) return;
+    state->isPaintingDue = owner->isHiddenByHost || !state->isVisible;
+    if (state->isPaintingDue) return;
+    RecordedContext context;
+    host::DialogMessageData data;
+    data.area = {0, 0, state->rectangle.width, state->rectangle.height};
+    data.background = state->background;
+    data.context = &context;
+    owner->handler->HandleDialogMessage(host::DialogMessage::UserItemUpdate, dialog, item, data);
+    if (ItemState* drawn = FindItem(dialog, item)) drawn->drawing = std::move(context.calls);
+}
+
 RowState* OpenDialogs::FindRow(host::DialogId dialog, std::int16_t item, std::int32_t row) {
     ItemState* state = FindItem(dialog, item);
     if (state == nullptr || row < 1 || static_cast<std::size_t>(row) > state->list.rows.size()) return nullptr;

@@ -58,6 +58,7 @@ struct ItemState {
     std::size_t maximumLength = 0; ///< characters of a text edit; 0 is without limit
     ListState list;
     bool isDrawing = true;
+    bool isPaintingDue = false;       ///< asked for while it could not be painted
     int redraws = 0;                  ///< how often it was asked to be drawn anew
     std::vector<DrawingCall> drawing; ///< what a user item shows
 };
@@ -73,6 +74,8 @@ struct DialogState {
     std::vector<ItemState> items; ///< item n is items[n - 1]
     host::DialogHandler* handler = nullptr;
     bool isModal = false;
+    bool isHiddenByHost = false;
+    bool isDisabledByHost = false;
     std::int16_t closedBy = 0; ///< item that closed a modal dialog whose Close is still to come
 };
 
@@ -89,6 +92,8 @@ public:
     std::vector<host::DialogId> List() const;
     ItemState* FindItem(host::DialogId dialog, std::int16_t item);
     bool HasModal() const;
+    /// Has a user item's handler paint it; while the item cannot be seen the painting stays due.
+    void Paint(host::DialogId dialog, std::int16_t item);
     /// Null also where the row does not exist.
     RowState* FindRow(host::DialogId dialog, std::int16_t item, std::int32_t row);
     CellState* FindCell(host::DialogId dialog, std::int16_t item, std::int32_t row, std::int16_t column);

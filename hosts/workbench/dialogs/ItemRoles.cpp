@@ -44,14 +44,7 @@ void DialogItemsRole::Redraw(host::DialogId dialog, std::int16_t item) {
     ItemState* state = dialogs.FindItem(dialog, item);
     if (state == nullptr) return;
     ++state->redraws;
-    if (state->kind != Resources::ItemKind::UserItem || !state->isDrawing || !state->isVisible) return;
-    RecordedContext context;
-    host::DialogMessageData data;
-    data.area = {0, 0, state->rectangle.width, state->rectangle.height};
-    data.background = state->background;
-    data.context = &context;
-    dialogs.Find(dialog)->handler->HandleDialogMessage(host::DialogMessage::UserItemUpdate, dialog, item, data);
-    if (ItemState* drawn = dialogs.FindItem(dialog, item)) drawn->drawing = std::move(context.calls);
+    if (state->kind == Resources::ItemKind::UserItem && state->isDrawing) dialogs.Paint(dialog, item);
 }
 
 void DialogItemsRole::EnableDrawing(host::DialogId dialog, std::int16_t item, bool enabled) {
@@ -155,11 +148,6 @@ void ListLayoutRole::BindEditor(host::DialogId dialog, std::int16_t item, std::i
 std::int16_t ListLayoutRole::ReadBoundEditor(host::DialogId dialog, std::int16_t item, std::int16_t column) {
     const ColumnState* state = dialogs.FindColumn(dialog, item, column);
     return state == nullptr ? std::int16_t{0} : state->editor;
-}
-
-std::int32_t ListRowsRole::Count(host::DialogId dialog, std::int16_t item) {
-    const ItemState* state = dialogs.FindItem(dialog, item);
-    return state == nullptr ? 0 : static_cast<std::int32_t>(state->list.rows.size());
 }
 
 std::int32_t ListRowsRole::Insert(host::DialogId dialog, std::int16_t item, std::int32_t row) {

@@ -69,7 +69,6 @@ class ListRowsRole : public host::ListRows {
 public:
     explicit ListRowsRole(OpenDialogs& dialogs) : dialogs(dialogs) {}
 
-    std::int32_t Count(host::DialogId dialog, std::int16_t item) override;
     std::int32_t Insert(host::DialogId dialog, std::int16_t item, std::int32_t row) override;
     std::int32_t InsertSeparator(host::DialogId dialog, std::int16_t item, std::int32_t row) override;
     void Delete(host::DialogId dialog, std::int16_t item, std::int32_t row) override;

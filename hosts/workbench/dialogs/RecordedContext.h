@@ -38,7 +38,7 @@ public:
         call.startAngle = startAngle;
         call.sweep = sweep;
     }
-    void DrawText(const host::BoxedText& text, const host::Colour& colour) override {
+    void DrawBoxedText(const host::BoxedText& text, const host::Colour& colour) override {
         AddBox(DrawingCall::Kind::Text, text.left, text.top, text.right, text.bottom, colour).text = text.text;
     }
     void DrawSlantedText(const host::SlantedText& text, const host::Colour& colour) override {

@@ -1,6 +1,8 @@
 #include "workbench/energy/EnergyEvaluation.h"
 
 #include <algorithm>
+#include <string>
+#include <variant>
 
 namespace workbench::energy {
 
@@ -43,28 +45,33 @@ host::ObjectState GetOfferedSettings() {
 
 } // namespace
 
-host::ErrorCode EnergyEvaluation::AnswerEnabled(const host::CommandParameters& parameters) {
-    return host.GetAddOnCommands().ChangeParameter(parameters.list, {Exchange::EnabledParameter, isEnabled});
+template <typename Value>
+host::ErrorCode EnergyEvaluation::Read(const CommandData& data, const char* name, Value& value) {
+    host::CommandParameter parameter;
+    if (const host::ErrorCode error = lists.ReadParameter(data.list, name, parameter)) return error;
+    const auto* found = std::get_if<Value>(&parameter.value);
+    if (found == nullptr) return host::Errors::BadParameters;
+    value = *found;
+    return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::Enable(const host::CommandParameters&) {
+host::ErrorCode EnergyEvaluation::AnswerEnabled(const CommandData& data) {
+    return lists.ChangeParameter(data.list, {Exchange::EnabledParameter, isEnabled});
+}
+
+host::ErrorCode EnergyEvaluation::Enable(const CommandData&) {
     isEnabled = true;
     return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::RegisterTarget(const host::CommandParameters& parameters) {
+host::ErrorCode EnergyEvaluation::RegisterTarget(const CommandData& data) {
     if (!isEnabled) return host::Errors::RefusedCommand;
-    host::AddOnCommands& commands = host.GetAddOnCommands();
     Target target;
-    if (const host::ErrorCode error = ReadTargetId(parameters, target.id)) return error;
-    host::CommandParameter text, type;
-    if (const auto error = commands.ReadParameter(parameters.list, Exchange::MenuTextParameter, text)) return error;
-    if (const auto error = commands.ReadParameter(parameters.list, Exchange::ExportTypeParameter, type)) return error;
-    const auto* menuText = std::get_if<std::string>(&text.value);
-    const auto* exportType = std::get_if<std::int32_t>(&type.value);
-    if (menuText == nullptr || menuText->empty() || exportType == nullptr || *exportType != Exchange::PlainExport)
-        return host::Errors::BadParameters;
-    target.menuText = *menuText;
+    std::int32_t exportType = 0;
+    if (const host::ErrorCode error = Read(data, Exchange::TargetParameter, target.id)) return error;
+    if (const host::ErrorCode error = Read(data, Exchange::MenuTextParameter, target.menuText)) return error;
+    if (const host::ErrorCode error = Read(data, Exchange::ExportTypeParameter, exportType)) return error;
+    if (target.menuText.empty() || exportType != Exchange::PlainExport) return host::Errors::BadParameters;
     if (const auto known = FindTarget(target.id); known != targets.end())
         *known = std::move(target);
     else
@@ -72,50 +79,37 @@ host::ErrorCode EnergyEvaluation::RegisterTarget(const host::CommandParameters& 
     return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::UnregisterTarget(const host::CommandParameters& parameters) {
+host::ErrorCode EnergyEvaluation::UnregisterTarget(const CommandData& data) {
     host::ModuleId id;
-    if (const host::ErrorCode error = ReadTargetId(parameters, id)) return error;
+    if (const host::ErrorCode error = Read(data, Exchange::TargetParameter, id)) return error;
     const auto known = FindTarget(id);
     if (known == targets.end()) return host::Errors::BadId;
     targets.erase(known);
     return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::ListTargets(const host::CommandParameters& parameters) {
-    auto* block = static_cast<TargetsBlock*>(parameters.block);
-    if (block == nullptr) return host::Errors::BadParameters;
-    block->menuTexts.clear();
-    for (const Target& target : targets)
-        block->menuTexts.push_back(target.menuText);
+host::ErrorCode EnergyEvaluation::ListTargets(const CommandData& data) {
+    for (std::size_t i = 0; i < targets.size(); ++i)
+        if (const host::ErrorCode error = lists.AddParameter(data.list, {std::to_string(i + 1), targets[i].menuText}))
+            return error;
     return host::NoError;
 }
 
-host::ErrorCode EnergyEvaluation::Export(const host::CommandParameters& parameters) {
-    auto* block = static_cast<ExportBlock*>(parameters.block);
-    if (block == nullptr || block->document == nullptr) return host::Errors::BadParameters;
-    const auto target = std::find_if(targets.begin(), targets.end(),
-                                     [&](const Target& one) { return one.menuText == block->menuText; });
+host::ErrorCode EnergyEvaluation::Export(const CommandData& data) {
+    std::string menuText;
+    if (const host::ErrorCode error = Read(data, MenuTextParameter, menuText)) return error;
+    if (data.settings == nullptr || data.settings->settings == nullptr) return host::Errors::BadParameters;
+    const auto target =
+        std::find_if(targets.begin(), targets.end(), [&](const Target& one) { return one.menuText == menuText; });
     if (target == targets.end()) return host::Errors::BadName;
-    host::AddOnCommands& commands = host.GetAddOnCommands();
-    block->settings = GetOfferedSettings();
-    Exchange::SettingsBlock settings{&block->settings};
-    if (const host::ErrorCode error =
-            commands.Call(target->id, Exchange::AskSettings, Exchange::CommandVersion, {{}, &settings}, false))
+    host::ObjectState& settings = *data.settings->settings;
+    settings = GetOfferedSettings();
+    if (const host::ErrorCode error = commands.CallCommand(target->id, Exchange::AskSettings, Exchange::CommandVersion,
+                                                           {{}, data.settings, nullptr}, false))
         return error;
-    if (!IsAnySetWanted(block->settings)) return host::Errors::RefusedCommand;
-    Exchange::DataBlock data{block->document};
-    return commands.Call(target->id, Exchange::SendData, Exchange::CommandVersion, {{}, &data}, false);
-}
-
-host::ErrorCode EnergyEvaluation::ReadTargetId(const host::CommandParameters& parameters, host::ModuleId& id) {
-    host::CommandParameter parameter;
-    if (const host::ErrorCode error =
-            host.GetAddOnCommands().ReadParameter(parameters.list, Exchange::TargetParameter, parameter))
-        return error;
-    const auto* pointer = std::get_if<const void*>(&parameter.value);
-    if (pointer == nullptr || *pointer == nullptr) return host::Errors::BadParameters;
-    id = *static_cast<const host::ModuleId*>(*pointer);
-    return host::NoError;
+    if (!IsAnySetWanted(settings)) return host::Errors::RefusedCommand;
+    return commands.CallCommand(target->id, Exchange::SendData, Exchange::CommandVersion, {{}, nullptr, data.document},
+                                false);
 }
 
 std::vector<EnergyEvaluation::Target>::iterator EnergyEvaluation::FindTarget(const host::ModuleId& id) {

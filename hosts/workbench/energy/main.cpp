@@ -18,16 +18,15 @@ host::Host* importedHost = nullptr;
 std::unique_ptr<EnergyEvaluation> evaluation;
 
 /// Handler of a command; RefusedCommand outside of the add-on's life.
-template <host::ErrorCode (EnergyEvaluation::*Answer)(const host::CommandParameters&)>
-host::ErrorCode Handle(const host::CommandParameters& parameters, bool) {
-    return General::RunGuarded(importedHost, "energy evaluation", [&] {
-        return evaluation ? (*evaluation.*Answer)(parameters) : host::Errors::RefusedCommand;
-    });
+template <host::ErrorCode (EnergyEvaluation::*Answer)(const workbench::CommandData&)>
+host::ErrorCode Handle(const workbench::CommandData& data, bool) {
+    return General::RunGuarded(importedHost, "energy evaluation",
+                               [&] { return evaluation ? (*evaluation.*Answer)(data) : host::Errors::RefusedCommand; });
 }
 
 struct Command {
     std::uint32_t code;
-    host::CommandHandler handler;
+    workbench::PartnerHandler handler;
 };
 
 constexpr Command Commands[] = {{Exchange::AskEnabled, Handle<&EnergyEvaluation::AnswerEnabled>},
@@ -57,11 +56,13 @@ host::ErrorCode RegisterInterface() {
 
 host::ErrorCode Initialise() {
     return General::RunGuarded(importedHost, "initialisation", [] {
-        evaluation = std::make_unique<EnergyEvaluation>(*importedHost);
-        host::Registration& registration = importedHost->GetRegistration();
+        // Only the workbench is a host for this add-on.
+        auto* commands = dynamic_cast<workbench::PartnerCommands*>(&importedHost->GetRegistration());
+        if (commands == nullptr) return host::Errors::RefusedCommand;
+        evaluation = std::make_unique<EnergyEvaluation>(importedHost->GetAddOnCommands(), *commands);
         host::ErrorCode result = host::NoError;
         for (const Command& command : Commands)
-            result |= registration.InstallCommandHandler(command.code, Exchange::CommandVersion, command.handler);
+            result |= commands->InstallPartnerHandler(command.code, Exchange::CommandVersion, command.handler);
         return result;
     });
 }

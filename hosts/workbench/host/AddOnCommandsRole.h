@@ -1,6 +1,7 @@
 // Commands between the loaded add-ons, with the parameter lists that are under way.
 #pragma once
 
+#include "host/AddOnCommands.h"
 #include "workbench/host/RegistrationRole.h"
 
 #include <map>
@@ -18,8 +19,8 @@ public:
     host::ErrorCode ChangeParameter(host::ParameterListId list, const host::CommandParameter& parameter) override;
     host::ErrorCode FreeParameterList(host::ParameterListId list) override;
     host::ErrorCode Call(const host::ModuleId& target, std::uint32_t code, std::int32_t version,
-                         const host::CommandParameters& parameters, bool silent) override {
-        return registration.CallCommand(target, code, version, parameters, silent);
+                         host::ParameterListId list, bool silent) override {
+        return registration.CallCommand(target, code, version, {list}, silent);
     }
 
     /// Lists that were created and not freed.

@@ -1,6 +1,6 @@
 #include "workbench/host/LibraryRoles.h"
 
-#include <algorithm>
+#include <utility>
 
 namespace workbench {
 
@@ -23,6 +23,35 @@ const LibraryPart* GetPart(const Model& model, host::LibraryPartIndex index) {
     return isInside ? &model.libraryParts[static_cast<std::size_t>(index.value - 1)] : nullptr;
 }
 
+/// Null where there is none of an object.
+const FavouriteRow* FindFavourite(const Model& model, const std::string& name) {
+    for (const FavouriteRow& row : model.favourites)
+        if (row.name == name && row.isObject) return &row;
+    return nullptr;
+}
+
+/// What an object of the source starts as, without identifier and place; BadName or BadId where there is none.
+host::ErrorCode MakeObject(const Model& model, const host::ObjectSource& source, PlacedObject& object) {
+    object = {};
+    const LibraryPart* part = GetPart(model, source.libraryPart);
+    if (source.favourite.empty()) {
+        if (part == nullptr) return host::Errors::BadId;
+        object.libraryPart = part->identifier;
+        object.parameters = part->parameters;
+        return host::NoError;
+    }
+    const FavouriteRow* row = FindFavourite(model, source.favourite);
+    if (row == nullptr) return host::Errors::BadName;
+    part = GetPart(model, FindPart(model, row->libraryPart));
+    if (part == nullptr) return host::Errors::BadId;
+    object.libraryPart = part->identifier;
+    object.angle = row->angle;
+    object.xRatio = row->xRatio;
+    object.yRatio = row->yRatio;
+    object.parameters = row->parameters;
+    return host::NoError;
+}
+
 } // namespace
 
 host::ErrorCode LibrariesRole::FindObject(const std::string& identifier, host::LibraryPartIndex& part) {
@@ -31,44 +60,29 @@ host::ErrorCode LibrariesRole::FindObject(const std::string& identifier, host::L
     return part.value == 0 ? host::Errors::BadId : host::NoError;
 }
 
-host::ErrorCode LibrariesRole::ReadDefaults(host::LibraryPartIndex part, host::ObjectElement& element,
-                                            std::vector<host::ObjectParameter>& parameters) {
-    if (project == nullptr) return host::Errors::NoProject;
-    const LibraryPart* found = GetPart(project->model, part);
-    if (found == nullptr) return host::Errors::BadIndex;
-    element = {};
-    element.libraryPart = part;
-    parameters = found->parameters;
-    return host::NoError;
-}
-
-host::ErrorCode LibrariesRole::ListFavourites(std::vector<std::string>& names) {
+host::ErrorCode LibrariesRole::ListFavourites(const std::string& mainIdentifier, std::vector<std::string>& names) {
     if (project == nullptr) return host::Errors::NoProject;
     names.clear();
     for (const FavouriteRow& row : project->model.favourites)
-        names.push_back(row.name);
+        if (row.isObject && row.libraryPart.substr(0, MainIdentifierLength) == mainIdentifier)
+            names.push_back(row.name);
     return host::NoError;
 }
 
-host::ErrorCode LibrariesRole::ReadFavourite(const std::string& name, host::Favourite& favourite) {
+host::ErrorCode LibrariesRole::ReadParameters(const host::ObjectSource& source,
+                                              std::vector<host::ObjectParameter>& parameters) {
     if (project == nullptr) return host::Errors::NoProject;
-    const std::vector<FavouriteRow>& rows = project->model.favourites;
-    const auto row = std::find_if(rows.begin(), rows.end(), [&](const FavouriteRow& one) { return one.name == name; });
-    if (row == rows.end()) return host::Errors::BadName;
-    favourite = {};
-    favourite.isObject = row->isObject;
-    favourite.libraryPartId = row->libraryPart;
-    favourite.element = {FindPart(project->model, row->libraryPart), {}, row->angle, row->xRatio, row->yRatio};
-    favourite.parameters = row->parameters;
+    PlacedObject object;
+    if (const host::ErrorCode error = MakeObject(project->model, source, object)) return error;
+    parameters = std::move(object.parameters);
     return host::NoError;
 }
 
-host::ErrorCode PlacedObjectsRole::Read(const host::Guid& object, host::ObjectElement& element) {
+host::ErrorCode PlacedObjectsRole::ReadLibraryPart(const host::Guid& object, host::LibraryPartIndex& part) {
     if (project == nullptr) return host::Errors::NoProject;
     const PlacedObject* found = Find(object);
     if (found == nullptr) return host::Errors::BadId;
-    element = {FindPart(project->model, found->libraryPart), found->position, found->angle, found->xRatio,
-               found->yRatio};
+    part = FindPart(project->model, found->libraryPart);
     return host::NoError;
 }
 
@@ -94,17 +108,20 @@ host::ErrorCode PlacedObjectsRole::WriteParameters(const host::Guid& object,
     return host::NoError;
 }
 
-host::ErrorCode PlacedObjectsRole::Create(const host::ObjectElement& element,
+host::ErrorCode PlacedObjectsRole::Create(const host::ObjectSource& source, const host::Point& position,
                                           const std::vector<host::ObjectParameter>& parameters, host::Guid& object) {
     if (project == nullptr) return host::Errors::NoProject;
     if (!project->IsInCommand()) return host::Errors::NeedsUndoScope;
-    const LibraryPart* part = GetPart(project->model, element.libraryPart);
-    if (part == nullptr) return host::Errors::BadId;
     if (databases.GetCurrent().type == host::DatabaseType::Model3D) return host::Errors::BadDatabase;
-    object = host::CreateGuid();
-    project->Record({{},
-                     PlacedObject{object, databases.GetCurrent().id, part->identifier, element.position, element.angle,
-                                  element.xRatio, element.yRatio, parameters}});
+    PlacedObject created;
+    if (const host::ErrorCode error = MakeObject(project->model, source, created)) return error;
+    created.guid = object = host::CreateGuid();
+    created.database = databases.GetCurrent().id;
+    created.position = position;
+    for (host::ObjectParameter& own : created.parameters)
+        for (const host::ObjectParameter& given : parameters)
+            if (given.name == own.name) own = given;
+    project->Record({{}, std::move(created)});
     return host::NoError;
 }
 

@@ -13,10 +13,9 @@ public:
     explicit LibrariesRole(Project*& project) : project(project) {}
 
     host::ErrorCode FindObject(const std::string& identifier, host::LibraryPartIndex& part) override;
-    host::ErrorCode ReadDefaults(host::LibraryPartIndex part, host::ObjectElement& element,
-                                 std::vector<host::ObjectParameter>& parameters) override;
-    host::ErrorCode ListFavourites(std::vector<std::string>& names) override;
-    host::ErrorCode ReadFavourite(const std::string& name, host::Favourite& favourite) override;
+    host::ErrorCode ListFavourites(const std::string& mainIdentifier, std::vector<std::string>& names) override;
+    host::ErrorCode ReadParameters(const host::ObjectSource& source,
+                                   std::vector<host::ObjectParameter>& parameters) override;
 
 private:
     Project*& project;
@@ -26,12 +25,12 @@ class PlacedObjectsRole : public host::PlacedObjects {
 public:
     PlacedObjectsRole(Project*& project, const DatabasesRole& databases) : project(project), databases(databases) {}
 
-    host::ErrorCode Read(const host::Guid& object, host::ObjectElement& element) override;
+    host::ErrorCode ReadLibraryPart(const host::Guid& object, host::LibraryPartIndex& part) override;
     host::ErrorCode ReadParameters(const host::Guid& object, std::vector<host::ObjectParameter>& parameters) override;
     host::ErrorCode WriteParameters(const host::Guid& object,
                                     const std::vector<host::ObjectParameter>& parameters) override;
-    host::ErrorCode Create(const host::ObjectElement& element, const std::vector<host::ObjectParameter>& parameters,
-                           host::Guid& object) override;
+    host::ErrorCode Create(const host::ObjectSource& source, const host::Point& position,
+                           const std::vector<host::ObjectParameter>& parameters, host::Guid& object) override;
 
 private:
     /// In the current database; null where there is none.

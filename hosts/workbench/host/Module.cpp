@@ -61,9 +61,6 @@ std::string Module::Start() {
 
 void Module::Unload() {
     if (library == nullptr) return;
-    // Their handlers live in the module.
-    for (const host::DialogId dialog : host.openDialogs.List())
-        host.dialogManager.ClosePalette(dialog);
     if (exported.freeData != nullptr) std::ignore = exported.freeData();
     host.registration.Remove(exported.moduleId);
     dlclose(library);

@@ -1,5 +1,9 @@
 #include "workbench/host/RegistrationRole.h"
 
+#include "host/EnergyExchange.h"
+
+#include <algorithm>
+
 namespace workbench {
 
 namespace {
@@ -8,6 +12,24 @@ template <typename Entry>
 void RemoveOf(const host::ModuleId& addOn, std::vector<Entry>& entries) {
     std::erase_if(entries, [&](const Entry& entry) { return entry.addOn == addOn; });
 }
+
+/// Takes the caller's block apart; what is missing in it is answered without the add-on.
+struct HandlerCall {
+    const CommandData& data;
+    bool silent;
+
+    host::ErrorCode operator()(std::monostate) const { return host::Errors::CommandVersionNotSupported; }
+    host::ErrorCode operator()(host::SettingsCommandHandler handler) const {
+        if (data.settings == nullptr) return host::Errors::BadParameters;
+        if (data.settings->settings == nullptr) return host::EnergyExchange::SettingsMissing;
+        return handler(*data.settings->settings, silent);
+    }
+    host::ErrorCode operator()(host::DocumentCommandHandler handler) const {
+        if (data.document == nullptr || data.document->document == nullptr) return host::Errors::BadParameters;
+        return handler(*data.document->document, silent);
+    }
+    host::ErrorCode operator()(PartnerHandler handler) const { return handler(data, silent); }
+};
 
 } // namespace
 
@@ -21,7 +43,7 @@ host::ErrorCode RegistrationRole::RegisterMenu(std::int16_t menuStringList, std:
 host::ErrorCode RegistrationRole::RegisterSupportedCommand(std::uint32_t code, std::int32_t version) {
     if (phase != Phase::Registering) return host::Errors::RefusedCommand;
     if (FindCommand(starting, code) != nullptr) return host::Errors::BadId;
-    commands.push_back({starting, code, version, nullptr});
+    commands.push_back({starting, code, version, {}});
     return host::NoError;
 }
 
@@ -34,10 +56,16 @@ host::ErrorCode RegistrationRole::InstallMenuHandler(std::int16_t menuStringList
 }
 
 host::ErrorCode RegistrationRole::InstallCommandHandler(std::uint32_t code, std::int32_t version,
-                                                        host::CommandHandler handler) {
+                                                        CommandHandler handler) {
     if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
     Command* command = FindCommand(starting, code);
     if (command == nullptr || command->version != version) return host::Errors::BadId;
+    const bool isFormTaken =
+        !std::holds_alternative<PartnerHandler>(handler) &&
+        std::any_of(commands.begin(), commands.end(), [&](const Command& other) {
+            return &other != command && other.addOn == starting && other.handler.index() == handler.index();
+        });
+    if (isFormTaken) return host::Errors::BadId;
     command->handler = handler;
     return host::NoError;
 }
@@ -51,7 +79,7 @@ host::ErrorCode RegistrationRole::InstallProjectEventHandler(std::uint32_t event
 
 host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                                   const std::set<host::Guid>& lockableSets) {
-    if (phase != Phase::Initialising) return host::Errors::RefusedCommand;
+    if (phase != Phase::Initialising && phase != Phase::InEvent) return host::Errors::RefusedCommand;
     RemoveOf(starting, reservationHandlers);
     reservationHandlers.push_back({starting, lockableSets, handler});
     return host::NoError;
@@ -83,7 +111,9 @@ host::ErrorCode RegistrationRole::RaiseEvent(host::ProjectEvent event) {
     host::ErrorCode result = host::NoError;
     for (const EventHandler& one : eventHandlers) {
         if ((one.events & static_cast<std::uint32_t>(event)) == 0) continue;
+        SetPhase(Phase::InEvent, one.addOn);
         const host::ErrorCode error = one.handler(event, 0);
+        SetPhase(Phase::Closed);
         if (result == host::NoError) result = error;
     }
     return result;
@@ -100,16 +130,16 @@ host::ErrorCode RegistrationRole::RaiseReservationChange(const host::Guid& locka
 }
 
 host::ErrorCode RegistrationRole::CallCommand(const host::ModuleId& target, std::uint32_t code, std::int32_t version,
-                                              const host::CommandParameters& parameters, bool silent) const {
+                                              const CommandData& data, bool silent) const {
     host::ErrorCode error = host::Errors::ModuleNotInstalled;
     for (const Command& command : commands) {
         if (!(command.addOn == target)) continue;
         if (command.code != code) {
             if (error == host::Errors::ModuleNotInstalled) error = host::Errors::CommandNotSupported;
-        } else if (command.version != version || command.handler == nullptr) {
+        } else if (command.version != version) {
             error = host::Errors::CommandVersionNotSupported;
         } else {
-            return command.handler(parameters, silent);
+            return std::visit(HandlerCall{data, silent}, command.handler);
         }
     }
     return error;

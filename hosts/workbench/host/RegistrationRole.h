@@ -2,20 +2,31 @@
 #pragma once
 
 #include "host/Registration.h"
+#include "workbench/commands/PartnerCommands.h"
 
 #include <optional>
+#include <variant>
 #include <vector>
 
 namespace workbench {
 
-class RegistrationRole : public host::Registration {
+class RegistrationRole : public host::Registration, public PartnerCommands {
 public:
     void KeepInMemory(bool keep) override { keepsInMemory = keep; }
     host::ErrorCode RegisterMenu(std::int16_t menuStringList, std::int16_t promptStringList) override;
     host::ErrorCode RegisterSupportedCommand(std::uint32_t code, std::int32_t version) override;
     host::ErrorCode InstallMenuHandler(std::int16_t menuStringList, host::MenuHandler handler) override;
-    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version,
-                                          host::CommandHandler handler) override;
+    host::ErrorCode InstallSettingsCommandHandler(std::uint32_t code, std::int32_t version,
+                                                  host::SettingsCommandHandler handler) override {
+        return InstallCommandHandler(code, version, handler);
+    }
+    host::ErrorCode InstallDocumentCommandHandler(std::uint32_t code, std::int32_t version,
+                                                  host::DocumentCommandHandler handler) override {
+        return InstallCommandHandler(code, version, handler);
+    }
+    host::ErrorCode InstallPartnerHandler(std::uint32_t code, std::int32_t version, PartnerHandler handler) override {
+        return InstallCommandHandler(code, version, handler);
+    }
     host::ErrorCode InstallProjectEventHandler(std::uint32_t events, host::ProjectEventHandler handler) override;
     host::ErrorCode InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                     const std::set<host::Guid>& lockableSets) override;
@@ -23,12 +34,13 @@ public:
                                     const std::string& text) override;
 
     /// Registering is allowed only during interface registration, as the host demands.
-    enum class Phase { Closed, Registering, Initialising };
+    enum class Phase { Closed, Registering, Initialising, InEvent };
     /// What is registered and installed from now on is the add-on's.
     void SetPhase(Phase now, const host::ModuleId& addOn = {}) {
         phase = now;
         starting = addOn;
     }
+    Phase GetPhase() const { return phase; }
     /// Forgets everything of an add-on that is being unloaded.
     void Remove(const host::ModuleId& addOn);
 
@@ -38,10 +50,8 @@ public:
     host::ErrorCode RaiseEvent(host::ProjectEvent event);
     /// Tells every add-on that watches that set; ownerId 0 is released.
     host::ErrorCode RaiseReservationChange(const host::Guid& lockableSet, std::int16_t ownerId);
-    /// Calls the handler of another add-on's command; ModuleNotInstalled, CommandNotSupported or
-    /// CommandVersionNotSupported when there is none.
     host::ErrorCode CallCommand(const host::ModuleId& target, std::uint32_t code, std::int32_t version,
-                                const host::CommandParameters& parameters, bool silent) const;
+                                const CommandData& data, bool silent) const override;
 
     struct Menu {
         host::ModuleId addOn;
@@ -50,11 +60,14 @@ public:
         std::optional<std::string> itemText; ///< set at run time
         host::MenuHandler handler = nullptr;
     };
+    /// None until it is installed.
+    using CommandHandler =
+        std::variant<std::monostate, host::SettingsCommandHandler, host::DocumentCommandHandler, PartnerHandler>;
     struct Command {
         host::ModuleId addOn;
         std::uint32_t code = 0;
         std::int32_t version = 0;
-        host::CommandHandler handler = nullptr;
+        CommandHandler handler;
     };
 
     /// Of all add-ons.
@@ -74,6 +87,8 @@ private:
         host::ReservationChangeHandler handler = nullptr;
     };
 
+    /// BadId for a command that was not declared, and for a second one of a form that has one an add-on.
+    host::ErrorCode InstallCommandHandler(std::uint32_t code, std::int32_t version, CommandHandler handler);
     Menu* FindMenu(std::int16_t menuStringList);
     Command* FindCommand(const host::ModuleId& addOn, std::uint32_t code);
 

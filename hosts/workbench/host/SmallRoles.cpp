@@ -56,11 +56,11 @@ std::string ResourcesRole::ToLowerCase(const std::string& text) {
     return FoldCase(text);
 }
 
-host::ErrorCode ModelRole::ListElements(host::ElementType type, std::uint32_t filter,
+host::ErrorCode ModelRole::ListElements(host::ElementType type, host::ElementScope scope,
                                         std::vector<host::Guid>& elements) {
     if (project == nullptr) return host::Errors::NoProject;
     elements.clear();
-    const bool isOf3D = (filter & host::ElementsIn3DFromFloorPlan) == host::ElementsIn3DFromFloorPlan;
+    const bool isOf3D = scope == host::ElementScope::FloorPlanIn3D;
     if (isOf3D || databases.GetCurrent().type == host::DatabaseType::FloorPlan) {
         if (type == host::ElementType::All) elements.reserve(project->model.GetElements().size());
         for (const Element& element : project->model.GetElements())
@@ -81,10 +81,10 @@ host::ErrorCode ModelRole::ReadElementHeader(const host::Guid& element, host::El
     return host::NoError;
 }
 
-host::ErrorCode ModelRole::ReadElementComponents(const host::Guid& element,
+host::ErrorCode ModelRole::ReadElementComponents(const host::ElementHeader& header,
                                                  std::vector<host::MaterialComponent>& components) {
     if (project == nullptr) return host::Errors::NoProject;
-    const std::uint32_t position = project->model.FindElement(element);
+    const std::uint32_t position = project->model.FindElement(header.guid);
     if (position == ElementIndex::NotFound) return host::Errors::BadId;
     const auto found = project->model.GetComponents(project->model.GetElements()[position]);
     components.assign(found.begin(), found.end());

@@ -23,10 +23,10 @@ class ModelRole : public host::Model {
 public:
     ModelRole(Project*& project, const DatabasesRole& databases) : project(project), databases(databases) {}
 
-    host::ErrorCode ListElements(host::ElementType type, std::uint32_t filter,
+    host::ErrorCode ListElements(host::ElementType type, host::ElementScope scope,
                                  std::vector<host::Guid>& elements) override;
     host::ErrorCode ReadElementHeader(const host::Guid& element, host::ElementHeader& header) override;
-    host::ErrorCode ReadElementComponents(const host::Guid& element,
+    host::ErrorCode ReadElementComponents(const host::ElementHeader& element,
                                           std::vector<host::MaterialComponent>& components) override;
 
 private:

@@ -16,17 +16,19 @@ constexpr std::array<LockableSet, 2> LockableSets = {
     {{host::ClassificationsAndPropertiesSet, "classifications and properties"},
      {host::BuildingMaterialsSet, "building materials"}}};
 
-/// Identifiers of the sets are their positions; only this host hands them out.
-host::Guid GuidOfSet(std::size_t position) {
+/// Identifiers of the sets are their positions and the number of the opened project; only this host hands them out.
+host::Guid GuidOfSet(std::size_t position, std::uint16_t opening) {
     host::Guid guid;
     guid.bytes[0] = 0x4B; // never null
+    guid.bytes[13] = static_cast<std::uint8_t>(opening >> 8U);
+    guid.bytes[14] = static_cast<std::uint8_t>(opening);
     guid.bytes[15] = static_cast<std::uint8_t>(position);
     return guid;
 }
 
-const LockableSet* FindSet(const host::Guid& guid) {
+const LockableSet* FindSet(const host::Guid& guid, std::uint16_t opening) {
     for (std::size_t i = 0; i < LockableSets.size(); ++i)
-        if (guid == GuidOfSet(i)) return &LockableSets[i];
+        if (guid == GuidOfSet(i, opening)) return &LockableSets[i];
     return nullptr;
 }
 
@@ -35,13 +37,13 @@ constexpr std::int16_t ReleaseAnswer = 1;
 } // namespace
 
 host::Guid TeamworkRole::FindLockableSet(const std::string& name) {
-    for (std::size_t i = 0; i < LockableSets.size(); ++i)
-        if (name == LockableSets[i].name) return GuidOfSet(i);
+    for (std::size_t i = 0; i < LockableSets.size() && project != nullptr; ++i)
+        if (name == LockableSets[i].name) return GuidOfSet(i, opening);
     return {};
 }
 
 host::LockableStatus TeamworkRole::ReadLockableStatus(const host::Guid& lockableSet) {
-    const LockableSet* set = FindSet(lockableSet);
+    const LockableSet* set = FindSet(lockableSet, opening);
     if (set == nullptr || project == nullptr) return host::LockableStatus::Unknown;
     const std::int16_t holder = FindHolder(set->name);
     if (holder == 0) return host::LockableStatus::Free;
@@ -49,7 +51,7 @@ host::LockableStatus TeamworkRole::ReadLockableStatus(const host::Guid& lockable
 }
 
 std::vector<std::int16_t> TeamworkRole::ListHolders(const host::Guid& lockableSet) {
-    const LockableSet* set = FindSet(lockableSet);
+    const LockableSet* set = FindSet(lockableSet, opening);
     const std::int16_t holder = set == nullptr || project == nullptr ? std::int16_t{0} : FindHolder(set->name);
     return holder == 0 ? std::vector<std::int16_t>() : std::vector<std::int16_t>{holder};
 }
@@ -116,6 +118,7 @@ void TeamworkRole::TurnEventLoop() {
 }
 
 void TeamworkRole::TakeHolders() {
+    ++opening;
     toldHolders.clear();
     for (const LockableSet& set : LockableSets)
         toldHolders[set.name] = project == nullptr ? std::int16_t{0} : FindHolder(set.name);
@@ -126,7 +129,7 @@ void TeamworkRole::AnswerRequests() {
     for (const ReservationRequest& request : requests) {
         if (access.userId == 0 || FindHolder(request.lockableSet) != access.userId) continue;
         const host::Guid guid = FindLockableSet(request.lockableSet);
-        const LockableSet* set = FindSet(guid);
+        const LockableSet* set = FindSet(guid, opening);
         project->ChangeTeamwork([&] { return std::erase(project->model.requests, request) > 0; });
         const std::string question = GetMemberName(request.userId) + " asks you to release the " +
                                      (set == nullptr ? request.lockableSet : std::string(set->title)) + ".";
@@ -145,7 +148,7 @@ std::int16_t TeamworkRole::FindHolder(const std::string& setName) const {
 host::ErrorCode TeamworkRole::CheckChange(const host::Guid& lockableSet, std::string& setName) const {
     if (project == nullptr) return host::Errors::NoProject;
     if (!project->model.IsShared()) return host::Errors::NoTeamworkProject;
-    const LockableSet* set = FindSet(lockableSet);
+    const LockableSet* set = FindSet(lockableSet, opening);
     if (set == nullptr) return host::Errors::BadId;
     if (project->IsInCommand()) return host::Errors::RefusedCommand;
     if (access.userId == 0) return host::Errors::NoAccessRight;

@@ -48,6 +48,7 @@ private:
     RegistrationRole& registration;
     host::Alerts& alerts;
     std::map<std::string, std::int16_t> toldHolders; ///< by set; 0 is free
+    std::uint16_t opening = 0;                       ///< counts the opened projects: each has sets of its own
 };
 
 } // namespace workbench

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "host/UserInput.h"
-#include "workbench/dialogs/DialogState.h"
+#include "workbench/dialogs/DialogManager.h"
 
 #include <functional>
 
@@ -10,14 +10,18 @@ namespace workbench {
 
 class UserInputRole : public host::UserInput {
 public:
-    explicit UserInputRole(const OpenDialogs& dialogs) : dialogs(dialogs) {}
+    UserInputRole(const OpenDialogs& dialogs, DialogManager& manager) : dialogs(dialogs), manager(manager) {}
 
     std::optional<host::PickerColour> PickColour(const host::PickerColour& present) override {
         return colourAnswer ? colourAnswer(present) : std::nullopt;
     }
-    /// None also while a modal dialog keeps the user from the plan.
+    /// None also while a modal dialog keeps the user from the plan. The palettes cannot be used meanwhile.
     std::optional<host::Point> PickPoint(const std::string& prompt) override {
-        return pointAnswer && !dialogs.HasModal() ? pointAnswer(prompt) : std::nullopt;
+        if (!pointAnswer || dialogs.HasModal()) return std::nullopt;
+        manager.EnablePalettes(false);
+        const std::optional<host::Point> point = pointAnswer(prompt);
+        manager.EnablePalettes(true);
+        return point;
     }
 
     std::optional<std::string> PickSaveFile(const host::SaveFileQuestion& question) override {
@@ -31,6 +35,7 @@ public:
 
 private:
     const OpenDialogs& dialogs;
+    DialogManager& manager;
 };
 
 } // namespace workbench

@@ -9,7 +9,12 @@ WorkbenchHost::WorkbenchHost()
       placedObjects(project, databases), properties(project, access), classifications(project, access),
       commands(project), dialogManager(openDialogs), teamwork(project, access, registration, dialogManager),
       dialogItems(openDialogs), itemValues(openDialogs), listLayout(openDialogs), listRows(openDialogs),
-      listCells(openDialogs), listSelection(openDialogs), userInput(openDialogs), addOnCommands(registration) {}
+      listCells(openDialogs), listSelection(openDialogs), userInput(openDialogs, dialogManager),
+      addOnCommands(registration) {
+    dialogManager.mayRegisterPalettes = [this] {
+        return registration.GetPhase() == RegistrationRole::Phase::Initialising;
+    };
+}
 
 void WorkbenchHost::OpenProject(std::unique_ptr<Project> opened, host::ProjectEvent event) {
     ownedProject = std::move(opened);

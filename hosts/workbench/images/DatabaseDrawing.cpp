@@ -166,7 +166,7 @@ private:
     }
 
     static void DrawLabel(PaintedContext& context, const lca::ChartLabel& label) {
-        context.DrawText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
+        context.DrawBoxedText({label.text, label.box.left, label.box.top, label.box.right, label.box.bottom}, Black);
     }
 
     static lca::ChartFont MeasureFont() {

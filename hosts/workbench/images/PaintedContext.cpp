@@ -92,7 +92,7 @@ void PaintedContext::FillSector(double centreX, double centreY, double radius, d
     painter->setRenderHint(QPainter::Antialiasing, false);
 }
 
-void PaintedContext::DrawText(const host::BoxedText& text, const host::Colour& colour) {
+void PaintedContext::DrawBoxedText(const host::BoxedText& text, const host::Colour& colour) {
     painter->setFont(MakeFont());
     painter->setPen(ToQColor(colour));
     painter->drawText(ToQRect(text.left, text.top, text.right, text.bottom), Qt::AlignCenter | Qt::TextDontClip,

@@ -24,7 +24,7 @@ public:
     void DrawImage(const host::NativeImage& image, double left, double top) override;
     void FillSector(double centreX, double centreY, double radius, double startAngle, double sweep,
                     const host::Colour& colour) override;
-    void DrawText(const host::BoxedText& text, const host::Colour& colour) override;
+    void DrawBoxedText(const host::BoxedText& text, const host::Colour& colour) override;
     void DrawSlantedText(const host::SlantedText& text, const host::Colour& colour) override;
 
     /// What is drawn from now on lies so many pixels further right and down, as a cell lies in its list.

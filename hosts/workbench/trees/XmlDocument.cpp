@@ -3,6 +3,7 @@
 #include "workbench/text/Letters.h"
 
 #include <expat.h>
+#include <iconv.h>
 #include <malloc.h>
 
 #include <algorithm>
@@ -33,9 +34,9 @@ void Free(void* memory) {
 [[maybe_unused]] const bool isBounded = (pugi::set_memory_management_functions(Allocate, Free), true);
 
 /// The document's parser is lenient: it takes several roots, lone ampersands, bytes outside of the encoding. This one
-/// is not, and knows the encodings that the other reads.
+/// is not.
 bool IsWellFormed(std::string_view text) {
-    const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(XML_ParserCreate(nullptr),
+    const std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> parser(XML_ParserCreate("UTF-8"),
                                                                               XML_ParserFree);
     if (!parser) throw std::bad_alloc();
     // With a handler for what has no other one, references to the document's own entities are not expanded.
@@ -49,12 +50,60 @@ bool IsWellFormed(std::string_view text) {
 constexpr unsigned Options = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_wconv_attribute | pugi::parse_eol |
                              pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
+/// Empty where the bytes are no text in the encoding.
+std::string ConvertToUtf8(std::string_view bytes, const char* encoding) {
+    const iconv_t converter = iconv_open("UTF-8", encoding);
+    if (converter == reinterpret_cast<iconv_t>(-1)) return {};
+    std::string text(bytes.size() * 2, '\0');   // three bytes for two of UTF-16, two for one of ISO 8859-1
+    char* in = const_cast<char*>(bytes.data()); // read only, by a function older than const
+    char* out = text.data();
+    std::size_t inLeft = bytes.size(), outLeft = text.size();
+    const bool isText = iconv(converter, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1);
+    iconv_close(converter);
+    text.resize(isText ? text.size() - outLeft : 0);
+    return text;
+}
+
+/// The name in the document's declaration in upper case; empty where it has none.
+std::string FindDeclaredEncoding(std::string_view document) {
+    constexpr std::string_view Blanks = " \t\r\n";
+    if (document.substr(0, 5) != "<?xml") return {};
+    std::string_view rest = document.substr(0, document.find("?>"));
+    const auto skip = [&](std::size_t count) { rest.remove_prefix(std::min(count, rest.size())); };
+    skip(rest.find("encoding"));
+    skip(std::string_view("encoding").size());
+    skip(rest.find_first_not_of(Blanks));
+    if (rest.empty() || rest.front() != '=') return {};
+    skip(1);
+    skip(rest.find_first_not_of(Blanks));
+    if (rest.empty() || (rest.front() != '"' && rest.front() != '\'')) return {};
+    std::string name(rest.substr(1, rest.substr(1).find(rest.front())));
+    for (char& letter : name)
+        if (letter >= 'a' && letter <= 'z') letter = static_cast<char>(letter - 'a' + 'A');
+    return name;
+}
+
 } // namespace
+
+host::ErrorCode ConvertXmlToUtf8(std::string& document) {
+    const auto startsWith = [&](std::string_view mark) { return document.compare(0, mark.size(), mark) == 0; };
+    const bool isMarkedLittle = startsWith("\xFF\xFE"), isMarkedBig = startsWith("\xFE\xFF");
+    const bool isLittle = isMarkedLittle || startsWith({"<\0", 2}), isBig = isMarkedBig || startsWith({"\0<", 2});
+    const std::string declared = isLittle || isBig ? std::string() : FindDeclaredEncoding(document);
+    if (!isLittle && !isBig && (declared.empty() || declared == "UTF-8" || declared == "US-ASCII"))
+        return host::NoError;
+    if (!isLittle && !isBig && declared != "ISO-8859-1") return host::Errors::BadValue;
+    document =
+        ConvertToUtf8(std::string_view(document).substr(isMarkedLittle || isMarkedBig ? 2 : 0), isLittle ? "UTF-16LE"
+                                                                                                : isBig  ? "UTF-16BE"
+                                                                                                        : "ISO-8859-1");
+    return document.empty() ? host::Errors::BadValue : host::NoError;
+}
 
 host::ErrorCode LoadXml(const std::string& text, pugi::xml_document& document) {
     document.reset();
     if (!IsWellFormed(text)) return host::Errors::BadValue;
-    const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), Options);
+    const pugi::xml_parse_result result = document.load_buffer(text.data(), text.size(), Options, pugi::encoding_utf8);
     if (result) return host::NoError;
     document.reset();
     return result.status == pugi::status_out_of_memory ? host::Errors::OutOfMemory : host::Errors::BadValue;

@@ -13,9 +13,12 @@ namespace workbench {
 /// nothing but tags does not.
 inline constexpr std::size_t XmlMemoryLimit = std::size_t{512} << 20U;
 
-/// Reads UTF-8, UTF-16 and ISO 8859-1, told apart by the byte order mark, else by the declaration. Entities that the
-/// document declares stay unexpanded. OutOfMemory beyond the limit; BadValue when the document is not
-/// well-formed or in an encoding that is not known. It is then empty.
+/// Brings a file's document from UTF-16 or ISO 8859-1 into UTF-8, told apart by the byte order mark, else by the
+/// declaration, which stays as it is. BadValue for another encoding, and for half a letter of UTF-16.
+[[nodiscard]] host::ErrorCode ConvertXmlToUtf8(std::string& document);
+
+/// Reads UTF-8, whatever encoding the document declares. Entities that the document declares stay unexpanded.
+/// OutOfMemory beyond the limit; BadValue when the document is not well-formed. It is then empty.
 [[nodiscard]] host::ErrorCode LoadXml(const std::string& text, pugi::xml_document& document);
 
 /// The texts directly in an element of a loaded document, without those of its children.

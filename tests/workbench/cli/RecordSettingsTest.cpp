@@ -51,7 +51,8 @@ TEST(RecordSettings, EveryKey) {
     }
     for (const FloorQuantity quantity : lca::AllFloorQuantities) {
         const std::string key(lca::GetKeyText(quantity));
-        EXPECT_EQ(After({key + "=-12,25"}).GetFloorValue(quantity), -12.25) << key;
+        const bool isArea = quantity == FloorQuantity::GrossFloorArea || quantity == FloorQuantity::ReferenceFloorArea;
+        EXPECT_EQ(After({key + (isArea ? "=12,25" : "=-12,25")}).GetFloorValue(quantity), isArea ? 12.25 : -12.25);
     }
 }
 
@@ -71,6 +72,10 @@ TEST(RecordSettings, BadArguments) {
                  {"SERVICELIFE=long", "the value is whole years"},
                  {"FLOORAREA=", "the value is a number"},
                  {"FLOORAREA=12 m2", "the value is a number"},
+                 {"FLOORAREA=-0,5", "an area is 0 or more"},
+                 {"REFERENCE_FLOORAREA=-1", "an area is 0 or more"},
+                 {"FLOOR_SETTINGS=FLOORAREA_E=-1", "an area is 0 or more"},
+                 {"FLOOR_SETTINGS=FLOORAREA_M=1;REFERENCE_FLOORAREA_M=-1", "an area is 0 or more"},
                  {"SOLAR_PANELS=nan", "the value is a number"},
                  {"CONTRIBUTION=Inventory", "the value has an entry that cannot be read"},
                  {"CONTRIBUTION=Garden=5", "the value has an entry that cannot be read"},

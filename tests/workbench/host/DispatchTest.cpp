@@ -39,6 +39,48 @@ TEST_F(DispatchTest, SwitchingWindowsTellsThePalette) {
     EXPECT_EQ(host.databases.frontWindow.type, DatabaseType::FloorPlan);
 }
 
+/// What the host does with a palette by itself changes nothing of what the add-on has set.
+TEST_F(DispatchTest, TheHostHidesAndDisablesThePaletteByItself) {
+    const host::Guid guid = host::ParseGuid("{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}");
+    EXPECT_EQ(host.dialogManager.RequestPalette(guid), host::NoError); // was open when the host was left
+    ASSERT_NE(Palette(), nullptr);
+    EXPECT_EQ(MenuText(), "Hide Palette");
+    const host::DialogId palette = Palette()->id;
+    const auto update = [&] { return host.dialogManager.Press(palette, PaletteItems::UpdateButton); };
+    host.dialogManager.ShowPalettes(false);
+    EXPECT_FALSE(update());
+    PaletteItem(PaletteItems::PieChart).drawing.clear();
+    InDialog(Menus::ProjectSettings, [&] { Press(ProjectSettingsItems::OkButton); });
+    EXPECT_TRUE(PaletteItem(PaletteItems::PieChart).drawing.empty()); // nobody could see it
+    host.dialogManager.ShowPalettes(true);
+    EXPECT_FALSE(PaletteItem(PaletteItems::PieChart).drawing.empty());
+    EXPECT_TRUE(update());
+
+    bool isPicking = false;
+    host.userInput.pointAnswer = [&](const std::string&) {
+        isPicking = true;
+        EXPECT_FALSE(update());
+        return std::optional<host::Point>();
+    };
+    EXPECT_TRUE(host.dialogManager.Press(palette, PaletteItems::PlaceButton));
+    EXPECT_TRUE(isPicking);
+    EXPECT_TRUE(update());
+    EXPECT_FALSE(host.dialogManager.Press(palette, PaletteItems::HiddenIcon)); // the add-on's own hiding stays
+}
+
+TEST_F(DispatchTest, NothingOfTheAddOnIsLeftOpen) {
+    TogglePalette();
+    EXPECT_EQ(host.dialogManager.CountPalettes(), 1U);
+    module.Unload();
+    EXPECT_TRUE(host.openDialogs.List().empty());
+    EXPECT_EQ(host.dialogManager.CountPalettes(), 0U);
+    EXPECT_TRUE(report.empty());
+    ASSERT_EQ(module.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx"), "");
+    ASSERT_EQ(module.Start(), "");
+    TogglePalette();
+    EXPECT_NE(Palette(), nullptr);
+}
+
 TEST_F(DispatchTest, InfoOpensTheProductsAddress) {
     const support::FakeOpener opener;
     EXPECT_EQ(host.registration.ChooseMenu(Menus::Information, 2), host::NoError); // no command
@@ -67,7 +109,8 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     set.bytes[0] = 1;
     workbench::WorkbenchHost host;
     workbench::RegistrationRole& registration = host.registration;
-    const auto command = [](const host::CommandParameters&, bool) { return host::ErrorCode{5}; };
+    const auto command = [](const workbench::CommandData&, bool) { return host::ErrorCode{5}; };
+    const auto settings = [](host::ObjectState&, bool) { return host::NoError; };
     const auto call = [&](const host::ModuleId& addOn, const char(&code)[5], std::int32_t version) {
         return host.addOnCommands.Call(addOn, host::CommandCode(code), version, {}, true);
     };
@@ -78,13 +121,18 @@ TEST(Registration, EveryAddOnIsToldWhatItAskedFor) {
     EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 2), host::Errors::BadId);
     registration.SetPhase(Phase::Registering, B);
     EXPECT_EQ(registration.RegisterMenu(100, 200), host::Errors::BadId); // lists are the host's, not an add-on's
+    for (const std::uint32_t code : {host::CommandCode("SET1"), host::CommandCode("SET2")})
+        EXPECT_EQ(registration.RegisterSupportedCommand(code, 1), host::NoError);
     EXPECT_EQ(registration.RegisterSupportedCommand(host::CommandCode("COMM"), 3), host::NoError);
     registration.SetPhase(Phase::Initialising, B);
     EXPECT_EQ(registration.InstallMenuHandler(100, [](const host::MenuCommand&) { return host::NoError; }),
               host::Errors::BadId);
     EXPECT_EQ(registration.InstallProjectEventHandler(host::AllProjectEvents, TellEvent<'B'>), host::NoError);
     EXPECT_EQ(registration.InstallReservationChangeHandler(TellReservation<'B'>, {set}), host::NoError);
-    EXPECT_EQ(registration.InstallCommandHandler(host::CommandCode("COMM"), 3, command), host::NoError);
+    EXPECT_EQ(registration.InstallPartnerHandler(host::CommandCode("COMM"), 3, command), host::NoError);
+    EXPECT_EQ(registration.InstallSettingsCommandHandler(host::CommandCode("SET1"), 1, settings), host::NoError);
+    EXPECT_EQ(registration.InstallSettingsCommandHandler(host::CommandCode("SET2"), 1, settings), host::Errors::BadId)
+        << "the host would not know which of the two it answers";
     registration.SetPhase(Phase::Initialising, A);
     EXPECT_EQ(registration.InstallProjectEventHandler(1, TellEvent<'B'>), host::NoError);
     EXPECT_EQ(registration.InstallProjectEventHandler(0x40, TellEvent<'A'>), host::NoError); // in the place of it

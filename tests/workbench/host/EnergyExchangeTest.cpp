@@ -2,7 +2,7 @@
 // record, the model and the palette.
 #include "host/EnergyExchange.h"
 #include "workbench/cli/SchemaView.h"
-#include "workbench/energy/EnergyEvaluation.h"
+#include "workbench/energy/UserCommands.h"
 
 #include "lca/Numbers.h"
 
@@ -13,8 +13,6 @@ namespace {
 namespace Exchange = host::EnergyExchange;
 using lca::FloorQuantity;
 using lca::FloorSource;
-using workbench::energy::ExportBlock;
-using workbench::energy::TargetsBlock;
 
 constexpr char TargetText[] = "Export to Kelvarnix";
 
@@ -58,22 +56,17 @@ protected:
             ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
         Reopen();
     }
-    host::ErrorCode Call(std::uint32_t command, void* block) {
-        return host.addOnCommands.Call(Exchange::EnergyEvaluation, command, 1, {{}, block}, false);
-    }
     std::vector<std::string> Targets() {
-        TargetsBlock block;
-        EXPECT_EQ(Call(workbench::energy::ListTargetsCommand, &block), host::NoError);
-        return block.menuTexts;
+        std::vector<std::string> menuTexts;
+        EXPECT_EQ(workbench::energy::ListTargets(host.addOnCommands, menuTexts), host::NoError);
+        return menuTexts;
+    }
+    host::ErrorCode Export(const std::string& target, const std::string& document) {
+        return workbench::energy::ExportDocument(host.addOnCommands, host.registration, target, document, settings);
     }
     /// Sends the parts inside of the root element.
     host::ErrorCode Send(const std::string& parts) { return SendDocument("<root>" + parts + "</root>"); }
-    host::ErrorCode SendDocument(const std::string& document) {
-        ExportBlock block;
-        block.menuText = TargetText;
-        block.document = &document;
-        return Call(workbench::energy::ExportCommand, &block);
-    }
+    host::ErrorCode SendDocument(const std::string& document) { return Export(TargetText, document); }
     lca::LCAProjectData Record() { return workbench::cli::ReadRecord(Model()); }
     /// What counts, of the four quantities and the solar limit: each value with * when it is the evaluation's.
     std::string State() {
@@ -89,6 +82,7 @@ protected:
     }
 
     workbench::Module energy{host};
+    host::ObjectState settings; ///< what the target of the last export asked for
     std::size_t stepsOfSetUp = 0;
 };
 
@@ -101,23 +95,19 @@ TEST_F(EnergyExchangeTest, RegistersOnceARunAndLeavesAtTheEnd) {
     EXPECT_TRUE(Targets().empty());
     EXPECT_FALSE(host.registration.RaiseEvent(host::ProjectEvent::AllInputFinished));
     EXPECT_TRUE(Targets().empty());
-    const std::string document = "<root/>";
-    ExportBlock block{TargetText, &document, {}};
-    EXPECT_EQ(Call(workbench::energy::ExportCommand, &block), host::Errors::BadName);
-    EXPECT_TRUE(block.settings.IsEmpty());
+    EXPECT_EQ(SendDocument("<root/>"), host::Errors::BadName);
+    EXPECT_TRUE(settings.IsEmpty());
 }
 
 TEST_F(EnergyExchangeTest, AsksForYearlyValuesOfThreeDataSets) {
-    const std::string document = "<root/>";
-    ExportBlock block{TargetText, &document, {}};
-    ASSERT_EQ(Call(workbench::energy::ExportCommand, &block), host::NoError);
-    for (const auto& [name, value] : block.settings.GetFields()) {
+    ASSERT_EQ(SendDocument("<root/>"), host::NoError);
+    for (const auto& [name, value] : settings.GetFields()) {
         const auto& set = std::get<host::ObjectState>(value);
         const bool isWanted = name != "hourlyProfiles";
         EXPECT_EQ(std::get<bool>(*set.Find("enableExport")), isWanted) << name;
         EXPECT_EQ(std::get<std::string>(*set.Find("levelOfDetail")), isWanted ? "Yearly" : "Hourly") << name;
     }
-    EXPECT_EQ(block.settings.GetFields().size(), 4U);
+    EXPECT_EQ(settings.GetFields().size(), 4U);
 }
 
 TEST_F(EnergyExchangeTest, EachPartIsTakenOnItsOwn) {
@@ -250,29 +240,48 @@ TEST_F(EnergyExchangeTest, TheEvaluationRefusesWhatItCannotUse) {
         EXPECT_FALSE(host.addOnCommands.CreateParameterList(list));
         for (const host::CommandParameter& parameter : parameters)
             EXPECT_FALSE(host.addOnCommands.AddParameter(list, parameter));
-        const host::ErrorCode error = host.addOnCommands.Call(Exchange::EnergyEvaluation, Exchange::RegisterTarget,
-                                                              version, {list, nullptr}, true);
+        const host::ErrorCode error =
+            host.addOnCommands.Call(Exchange::EnergyEvaluation, Exchange::RegisterTarget, version, list, true);
         EXPECT_FALSE(host.addOnCommands.FreeParameterList(list));
         return error;
     };
-    const host::CommandParameter id = {"mdid", static_cast<const void*>(&own)}, text = {"uiStr", std::string("Other")},
+    const host::CommandParameter id = {"mdid", own}, text = {"uiStr", std::string("Other")},
                                  type = {"exportType", std::int32_t{1}};
     EXPECT_EQ(registerTarget(2, {id, text, type}), host::Errors::CommandVersionNotSupported);
     EXPECT_EQ(registerTarget(1, {text, type}), host::Errors::BadName);
-    EXPECT_EQ(registerTarget(1, {{"mdid", static_cast<const void*>(nullptr)}, text, type}),
-              host::Errors::BadParameters);
+    EXPECT_EQ(registerTarget(1, {{"mdid", std::int32_t{1}}, text, type}), host::Errors::BadParameters);
     EXPECT_EQ(registerTarget(1, {id, {"uiStr", true}, type}), host::Errors::BadParameters);
     EXPECT_EQ(registerTarget(1, {id, text, {"exportType", std::int32_t{2}}}), host::Errors::BadParameters);
     EXPECT_EQ(registerTarget(1, {id, text, type}), host::NoError);
     EXPECT_EQ(registerTarget(1, {id, {"uiStr", std::string("New")}, type}), host::NoError);
     EXPECT_EQ(Targets(), (std::vector<std::string>{TargetText, "New"}));
     // Its target is gone by now: nobody answers there.
-    const std::string document = "<root/>";
-    ExportBlock block{"New", &document, {}};
-    EXPECT_EQ(Call(workbench::energy::ExportCommand, &block), host::Errors::ModuleNotInstalled);
-    EXPECT_EQ(Call(host::CommandCode("NONE"), nullptr), host::Errors::CommandNotSupported);
+    EXPECT_EQ(Export("New", "<root/>"), host::Errors::ModuleNotInstalled);
+    EXPECT_EQ(host.addOnCommands.Call(Exchange::EnergyEvaluation, host::CommandCode("NONE"), 1, {}, false),
+              host::Errors::CommandNotSupported);
     energy.Unload();
-    EXPECT_EQ(Call(workbench::energy::ListTargetsCommand, nullptr), host::Errors::ModuleNotInstalled);
+    EXPECT_EQ(Export("New", "<root/>"), host::Errors::ModuleNotInstalled);
+    EXPECT_EQ(host.addOnCommands.CountLists(), 0U);
+}
+
+/// What a caller may forget is answered by the host, whether the add-on has its object or not.
+TEST_F(EnergyExchangeTest, MissingBlocksNeverReachTheAddOn) {
+    constexpr host::ModuleId Kelvarnix = {0x38735147, 0xE8C6599F};
+    const workbench::SettingsBlock emptySlot;
+    const workbench::DocumentBlock noText;
+    const struct {
+        std::uint32_t command;
+        workbench::CommandData data;
+        host::ErrorCode answer;
+    } cases[] = {{Exchange::AskSettings, {}, host::Errors::Code(0x81060068)},
+                 {Exchange::AskSettings, {{}, nullptr, &noText}, host::Errors::Code(0x81060068)},
+                 {Exchange::AskSettings, {{}, &emptySlot, nullptr}, -7003},
+                 {Exchange::SendData, {}, host::Errors::Code(0x81060068)},
+                 {Exchange::SendData, {{}, &emptySlot, nullptr}, host::Errors::Code(0x81060068)},
+                 {Exchange::SendData, {{}, nullptr, &noText}, host::Errors::Code(0x81060068)}};
+    for (const auto& one : cases)
+        EXPECT_EQ(host.registration.CallCommand(Kelvarnix, one.command, 1, one.data, true), one.answer);
+    EXPECT_EQ(State(), Untouched);
 }
 
 /// Beside no energy evaluation the add-on says nothing at start and at the end.

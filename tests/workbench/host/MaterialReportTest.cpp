@@ -161,7 +161,11 @@ TEST_F(MaterialReportTest, PlacesWithTheDefaultsOrAFavourite) {
     EXPECT_EQ(Parameter(object.guid, "date").text.substr(0, 2), u"20");
     Place(3);
     ASSERT_EQ(Model().GetPlacedObjects().size(), 2U);
-    EXPECT_EQ(Model().GetPlacedObjects()[1].xRatio, 2);
+    EXPECT_EQ(object.xRatio, 1);
+    const workbench::PlacedObject& settings = Model().GetPlacedObjects()[1]; // which only the host knows
+    EXPECT_EQ(settings.xRatio, 2);
+    EXPECT_EQ(settings.yRatio, 3);
+    EXPECT_EQ(settings.angle, 0.5);
     Place(2);
     EXPECT_EQ(Model().GetPlacedObjects().size(), 3U);
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
@@ -169,6 +173,15 @@ TEST_F(MaterialReportTest, PlacesWithTheDefaultsOrAFavourite) {
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
     EXPECT_TRUE(Model().GetPlacedObjects().empty());
+    InDialog(Menu, [&] { // the favourite goes while the dialog is open: the part's defaults stand in
+        host.dialogManager.Choose(dialog, FavoritePopup, 3);
+        Model().favourites.clear();
+        Press(PlaceButton);
+    });
+    ASSERT_EQ(Model().GetPlacedObjects().size(), 1U);
+    EXPECT_EQ(Model().GetPlacedObjects()[0].xRatio, 1);
+    EXPECT_EQ(Parameter(Model().GetPlacedObjects()[0].guid, "arr_texts").rows, 6);
+    EXPECT_EQ(report, Texts());
 }
 
 TEST_F(MaterialReportTest, PlacesNothingWithoutPointPartOrPlan) {

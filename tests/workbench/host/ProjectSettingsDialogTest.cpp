@@ -132,7 +132,7 @@ TEST_F(ProjectSettingsDialogTest, BoxesChooseBetweenEnteredAndEvaluated) {
     });
     EXPECT_EQ(Default(PropertyKey::GrossFloorArea).real, 20);
     for (const char* entry : {"FLOORAREA_C=1", "FLOORAREA_M=33", "FLOORAREA_E=20", "REFERENCE_FLOORAREA_C=1",
-                              "REFERENCE_FLOORAREA_M=8", "ELECTRICITY_S_FACTOR_C=0"})
+                              "REFERENCE_FLOORAREA_M=8"})
         EXPECT_TRUE(HasEntry(entry)) << entry << " in " << FloorSettings();
 }
 
@@ -161,7 +161,8 @@ TEST_F(ProjectSettingsDialogTest, SolarPanelsAndLimitExcludeEachOther) {
         Type(MaxSolarContributionEdit, "7");
         Press(OkButton);
     });
-    for (const char* entry : {"SOLAR_PANELS_C=0", "MAX_SOLAR_CONT_C=1", "MAX_SOLAR_CONT_E=7", "MAX_SOLAR_CONT_M=5"})
+    EXPECT_EQ(Default(PropertyKey::SolarPanels).real, 0) << "what counts is the entered 100, as before";
+    for (const char* entry : {"MAX_SOLAR_CONT_C=1", "MAX_SOLAR_CONT_E=7", "MAX_SOLAR_CONT_M=5"})
         EXPECT_TRUE(HasEntry(entry)) << entry << " in " << FloorSettings();
     InDialog(Menu, [&] {
         expect("opened with the limit", false, true, true, true, false, true);

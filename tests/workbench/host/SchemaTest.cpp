@@ -29,6 +29,9 @@ protected:
     void Change(const host::PropertyDefinition& changed) {
         ASSERT_EQ(host.commands.Call("edit", [&] { return host.properties.ChangeDefinition(changed); }), host::NoError);
     }
+    host::ErrorCode Store(lca::LCAProjectData record) {
+        return ChangeProjectData(host, record, [wanted = record](auto& present) { present = wanted; });
+    }
 
     workbench::WorkbenchHost host;
 };
@@ -171,7 +174,7 @@ TEST_F(SchemaTest, TheRecordIsStoredAsOneStepNamedUndo) {
     record.standards = {{"Limit", 12.5}};
     record.SetFloorValue(lca::FloorQuantity::GrossFloorArea, lca::FloorSource::ByHand, 120);
     record.SetFloorChoice(lca::FloorQuantity::GrossFloorArea, lca::FloorSource::ByHand);
-    ASSERT_EQ(StoreProjectData(host, record), host::NoError);
+    ASSERT_EQ(Store(record), host::NoError);
     EXPECT_EQ(Project().ListUndoNames().back(), "Undo");
     EXPECT_EQ(Definition(PropertyKey::GWPStandards).description, "LCAID=\"GWP-STANDARDS\" LCAUNIT=\"GWP_KG_M2\"");
     EXPECT_EQ(Definition(PropertyKey::FloorSettings).defaultValue.text, "FLOORAREA_M=120;FLOORAREA_C=0");
@@ -182,9 +185,9 @@ TEST_F(SchemaTest, TheRecordIsStoredAsOneStepNamedUndo) {
     EXPECT_EQ(loaded.GetFloorValue(lca::FloorQuantity::GrossFloorArea), 120);
     // Storing what is there writes nothing and leaves no step.
     const std::size_t steps = Project().ListUndoNames().size();
-    EXPECT_EQ(StoreProjectData(host, loaded), host::NoError);
+    EXPECT_EQ(Store(loaded), host::NoError);
     EXPECT_LE(Project().ListUndoNames().size(), steps + 1);
-    EXPECT_EQ(StoreProjectData(host, loaded), host::NoError);
+    EXPECT_EQ(Store(loaded), host::NoError);
     EXPECT_FALSE(Project().Undo());
     EXPECT_FALSE(LoadProjectData(host, loaded));
 }
@@ -196,7 +199,7 @@ TEST_F(SchemaTest, OnlyTheFirstOfTwoMarkedDefinitionsIsStored) {
     ASSERT_EQ(host.commands.Call("copy", [&] { return host.properties.CreateDefinition(copy); }), host::NoError);
     lca::LCAProjectData record;
     record.consideredServiceLifeYears = 80;
-    ASSERT_EQ(StoreProjectData(host, record), host::NoError);
+    ASSERT_EQ(Store(record), host::NoError);
     EXPECT_EQ(Definition(PropertyKey::ServiceLife).defaultValue.integer, 80);
     EXPECT_EQ(Model().FindDefinition(copy.guid)->defaultValue.integer, 50);
 }
@@ -205,7 +208,7 @@ TEST_F(SchemaTest, WithoutASchemaNothingIsReadOrWritten) {
     lca::LCAProjectData record;
     record.consideredServiceLifeYears = 70;
     record.SetFloorValue(lca::FloorQuantity::SolarPanels, lca::FloorSource::ByHand, 5);
-    EXPECT_EQ(StoreProjectData(host, record), host::NoError);
+    EXPECT_EQ(Store(record), host::NoError);
     EXPECT_TRUE(Project().ListUndoNames().empty());
     EXPECT_EQ(LoadProjectData(host, record), host::NoError);
     EXPECT_EQ(record.consideredServiceLifeYears, 70U);

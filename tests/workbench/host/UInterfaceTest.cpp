@@ -10,8 +10,11 @@ namespace {
 
 class AnyDialog : public General::CDialogBase {
 public:
-    AnyDialog(host::Host& host, std::int16_t resource) : CDialogBase(host, resource, "") { OpenAsPalette(); }
-    ~AnyDialog() override { ClosePalette(); }
+    AnyDialog(workbench::WorkbenchHost& host, std::int16_t resource) : CDialogBase(host, resource, "") {
+        host.registration.SetPhase(workbench::RegistrationRole::Phase::Initialising);
+        EXPECT_EQ(RegisterPalette(nullptr), host::NoError);
+        OpenAsPalette();
+    }
 
 protected:
     std::int16_t HandleItemEvent(host::DialogMessage, std::int16_t, const host::DialogMessageData&) override {
@@ -77,6 +80,10 @@ TEST(UInterface, AlertsTakeTheReportsTexts) {
     EXPECT_EQ(alert.title, "LCA Design report");
     EXPECT_EQ(alert.largeText, "Saved!");
     EXPECT_EQ(alert.buttons, (std::vector<std::string>{"Open Now", "Close"}));
+    // The second button that is shown was asked for as the third.
+    EXPECT_EQ(General::ShowAlert(host, host::AlertType::Information, 2, 18, {29, General::NoButton, 28}), 3);
+    host.dialogManager.alertAnswer = [](const host::Alert&) { return std::int16_t{1}; };
+    EXPECT_EQ(General::ShowAlert(host, host::AlertType::Information, 2, 18, {General::NoButton, 29, 28}), 2);
 }
 
 } // namespace

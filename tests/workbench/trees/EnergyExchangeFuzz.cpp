@@ -41,8 +41,7 @@ void ReadAsData(const std::string& document) {
     host.xmlReading = &reading;
     AddOnContext context(host);
     const lca::LCAProjectData before = context.projectData;
-    const host::EnergyExchange::DataBlock block{&document};
-    const host::ErrorCode error = TakeExportedData(host, context, &block);
+    const host::ErrorCode error = TakeExportedData(host, context, document);
     Require(error == host::NoError || context.projectData == before);
     for (const lca::FloorQuantity quantity : lca::AllFloorQuantities)
         Require(std::isfinite(context.projectData.GetFloorValue(quantity)));
@@ -78,6 +77,8 @@ void CheckTree(const ObjectState& tree) {
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, std::size_t size) {
     const std::string text(reinterpret_cast<const char*>(data), size);
+    std::string converted = text;
+    if (workbench::ConvertXmlToUtf8(converted) == host::NoError) ReadAsData(converted);
     ReadAsData(text);
     ObjectState tree;
     pugi::xml_document document;
