@@ -81,6 +81,42 @@ TEST_F(DispatchTest, NothingOfTheAddOnIsLeftOpen) {
     EXPECT_NE(Palette(), nullptr);
 }
 
+/// Opening, placing and giving back with a host that refuses: nothing happens, and one line says so where the user did
+/// not just cancel.
+TEST_F(DispatchTest, WhatTheHostDoesNotOpenIsSaidOnce) {
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{1, 2}); };
+    const auto choose = [&](std::int16_t menu) { EXPECT_EQ(host.registration.ChooseMenu(menu, 1), host::NoError); };
+    const auto place = [&] {
+        choose(Menus::Palette);
+        EXPECT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::PlaceButton));
+        choose(Menus::Palette);
+    };
+    const struct {
+        const char* operation;
+        std::function<void()> action;
+        std::vector<std::string> lines;
+    } cases[] = {
+        {"Dialogs.OpenPalette", [&] { choose(Menus::Palette); }, {"opening the palette: the host did not open it"}},
+        {"Dialogs.RunModal", [&] { choose(Menus::ProjectSettings); }, {"opening a dialog: the host did not open it"}},
+        {"UserInput.PickPoint", place, {}},
+        {"PlacedObjects.Create", place, {"placing the report object: ended with host error -2130313215"}},
+        {"Dialogs.UnregisterPalette",
+         [&] { module.Unload(); },
+         {"giving back a palette: ended with host error -2130313215"}},
+    };
+    for (const auto& one : cases) {
+        report.clear();
+        host.refusals.rule = [&](const std::string& operation, const host::Guid&) {
+            return operation == one.operation ? host::Errors::General : host::NoError;
+        };
+        one.action();
+        EXPECT_EQ(report, one.lines) << one.operation;
+        EXPECT_EQ(Palette(), nullptr) << one.operation;
+        EXPECT_TRUE(Model().GetPlacedObjects().empty()) << one.operation;
+    }
+    EXPECT_EQ(host.dialogManager.CountPalettes(), 1U); // what nobody gave back stays with the host
+}
+
 TEST_F(DispatchTest, InfoOpensTheProductsAddress) {
     const support::FakeOpener opener;
     EXPECT_EQ(host.registration.ChooseMenu(Menus::Information, 2), host::NoError); // no command
