@@ -60,7 +60,7 @@ struct Size {
 using PaletteRequestHandler = ErrorCode (*)(const Guid& palette);
 
 /// The host hides, shows and disables a registered palette by itself, and says nothing of it: what the add-on has shown
-/// and enabled comes back as it was.
+/// and enabled comes back as it was. A palette that it wants closed gets CloseRequest, as by its close box.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;

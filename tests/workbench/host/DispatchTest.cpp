@@ -68,6 +68,26 @@ TEST_F(DispatchTest, TheHostHidesAndDisablesThePaletteByItself) {
     EXPECT_FALSE(host.dialogManager.Press(palette, PaletteItems::HiddenIcon)); // the add-on's own hiding stays
 }
 
+/// A host that was left with the palette open asks for it before it opens a project.
+TEST_F(DispatchTest, ThePaletteOpensBeforeAProject) {
+    module.Unload();
+    workbench::WorkbenchHost early;
+    early.dialogManager.reportSink = [this](const std::string& line) { report.push_back(line); };
+    workbench::Module addOn{early};
+    ASSERT_EQ(addOn.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx"), "");
+    ASSERT_EQ(addOn.Start(), "");
+    EXPECT_EQ(early.dialogManager.RequestPalette(host::ParseGuid("{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}")),
+              host::NoError);
+    const workbench::DialogState* palette = early.openDialogs.FindByResource(PaletteDialog);
+    ASSERT_NE(palette, nullptr);
+    EXPECT_EQ(early.listCells.ReadText(palette->id, PaletteItems::Table, 9, 2), "TOTAL");
+    // 0x810600CB: there is no project.
+    EXPECT_EQ(report, std::vector<std::string>{"GWP calculation: ended with host error -2130313013"});
+    early.OpenProject(test::MakeBuilding(), ProjectEvent::Open);
+    EXPECT_TRUE(early.dialogManager.Press(palette->id, PaletteItems::UpdateButton));
+    EXPECT_EQ(report.size(), 1U);
+}
+
 TEST_F(DispatchTest, NothingOfTheAddOnIsLeftOpen) {
     TogglePalette();
     EXPECT_EQ(host.dialogManager.CountPalettes(), 1U);
