@@ -33,6 +33,10 @@ public:
         if (const host::ErrorCode refused = refusals.Ask("Model.ReadElementComponents", element.guid)) return refused;
         return inner.ReadElementComponents(element, components);
     }
+    host::ErrorCode ReadProjectName(std::string& name) override {
+        if (const host::ErrorCode refused = refusals.Ask("Model.ReadProjectName")) return refused;
+        return inner.ReadProjectName(name);
+    }
 
 private:
     host::Model& inner;
