@@ -60,7 +60,7 @@ struct Size {
 using PaletteRequestHandler = ErrorCode (*)(const Guid& palette);
 
 /// The host hides, shows and disables a registered palette by itself, and says nothing of it: what the add-on has shown
-/// and enabled comes back as it was.
+/// and enabled comes back as it was. A palette that it wants closed gets CloseRequest, as by its close box.
 class Dialogs {
 public:
     virtual ~Dialogs() = default;
@@ -99,6 +99,7 @@ public:
     virtual void Enable(DialogId dialog, std::int16_t item, bool enabled) = 0;
     /// Of an icon item or of a button that carries an icon; `icon` is an icon resource of the add-on.
     virtual void SetIcon(DialogId dialog, std::int16_t item, std::int16_t icon) = 0;
+    /// Of a user item a host may leave it: what is drawn there covers it.
     virtual void SetBackground(DialogId dialog, std::int16_t item, const Colour& colour) = 0;
     /// A user item gets UserItemUpdate when the host next paints: before the call returns, later, or never while the
     /// item cannot be seen.

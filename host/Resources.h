@@ -12,6 +12,7 @@ public:
     /// Entry (counted from 1) of a string list of the add-on; empty when there is none.
     virtual std::string ReadString(std::int16_t stringList, std::int16_t entry) = 0;
     /// The pair by which the host and other add-ons know the add-on, from its module id resource of this number.
+    /// ArchiCAD is not known to read it: its adapter has it from the resources' own build.
     virtual ModuleId ReadModuleId(std::int16_t number) = 0;
 
     // ArchiCAD is not known to have a function for the following three: its adapter brings them along.

@@ -37,10 +37,9 @@ public:
     /// entryName   each backslash in it becomes "/"; written byte for byte otherwise
     /// sourcePath  narrow text, see platform/Text.h
     /// errors      PreviousError, AdditionsEnded, FaultyArguments (a name that is empty or has a NUL, no output),
-    /// FileNotOpened, ReadFailed,
-    ///             SizeChanged (the source was not as long as its size said), WriteFailed (also for what the format
-    ///             cannot hold: sizes and offsets past 32 bits, a name or a number of entries past 16 bits),
-    ///             DeflateFault, OutOfMemory
+    ///             FileNotOpened, ReadFailed, SizeChanged (the source was not as long as its size said), WriteFailed
+    ///             (also for what the format cannot hold: sizes and offsets past 32 bits, a name or a number of entries
+    ///             past 16 bits), DeflateFault, OutOfMemory
     [[nodiscard]] ZipResult AddFile(const std::string& entryName, const std::string& sourcePath);
 
     /// Writes the central directory of the entries finished so far and closes the file, whatever failed before.

@@ -385,6 +385,9 @@ TEST(WorkbookFaultsTest, RefusesWhatIsNoOrdinaryFile) {
 
 TEST(WorkbookFaultsTest, LeavesATargetThatTheUserMayNotWrite) {
     const TestFolder folder;
+    const TestFolder temporary; // where everybody may write
+    ASSERT_EQ(chmod(temporary.Path().c_str(), 0777), 0);
+    const TemporaryRootScope scope(temporary.Path());
     const std::string target = folder.Write("out.xlsx", "older report");
     const auto save = [&] {
         const bool isRoot = geteuid() == 0;

@@ -54,7 +54,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             continue;
         }
         isRefused = writer.AddFile(name, "source") != zip::ZipResult::Success;
-        Require(isRefused == (name.empty() || name.size() > 65535));
+        const bool hasNul = name.find('\0') != std::string::npos;
+        Require(isRefused == (name.empty() || hasNul || name.size() > 65535));
         if (!isRefused) names.push_back(name);
         name.clear();
     }

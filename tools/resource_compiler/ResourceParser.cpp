@@ -21,6 +21,7 @@ public:
             ReadResource();
         JoinHelp();
         CheckIcons();
+        CheckHelp();
         return std::move(resources);
     }
 
@@ -108,6 +109,12 @@ private:
             for (std::size_t index = 0; index < help.toolTips.size(); ++index)
                 dialog->items[index].toolTip = help.toolTips[index];
         }
+    }
+
+    void CheckHelp() const {
+        for (const DialogLayout& dialog : resources.dialogs)
+            if (usedIds.count({"DLGH", dialog.id}) == 0)
+                throw SourceError(dialog.position, "'GDLG' " + std::to_string(dialog.id) + " has no 'DLGH'");
     }
 
     void CheckIcon(const std::optional<int>& iconId, const Position& position) const {

@@ -110,6 +110,10 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
     if (Outcome failure = ApplyAll(preparation, assessment)) return failure;
     if (!options.energy.empty())
         if (Outcome failure = TakeEnergyData(options, assessment)) return failure;
+    if (!options.refuse.empty())
+        assessment.session.GetHost().refusals.rule = [&](const std::string& operation, const host::Guid&) {
+            return operation == options.refuse ? host::Errors::General : host::NoError;
+        };
     if (Outcome failure = assessment.session.UpdateResults()) return failure;
     if (Outcome failure = assessment.session.ReadPalette(assessment.palette)) return failure;
     if (!options.placeReport.empty()) {
@@ -125,6 +129,8 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
     if (!options.json.empty())
         if (Outcome failure = assessment.session.ReadMaterialReport(assessment.materials)) return failure;
     if (assessment.input.building) assessment.findings = ListFindings(*assessment.input.building);
+    if (assessment.palette.isIncomplete)
+        assessment.findings.push_back("the results are incomplete: not everything in the model could be read");
     for (std::string& missing : ListMissingValues(assessment.session.GetProject().model))
         assessment.findings.push_back(std::move(missing));
     if (options.save.empty() || keep == KeepChanges::InFile) return {};

@@ -22,6 +22,7 @@ struct AssessOptions {
     std::string energy;      ///< path of an energy evaluation's results; empty: none
     std::string window;      ///< name of the database whose window is in front; empty: the floor plan's
     std::string as;          ///< login of the member as whom the program acts; empty: nobody
+    std::string refuse;      ///< name of an operation that the host refuses from the calculation on; empty: none
     bool isStrict = false;
     bool isQuiet = false;
 };

@@ -5,8 +5,10 @@
 #include "workbench/cli/Text.h"
 
 #include "lca/Numbers.h"
+
 #include "workbench/energy/UserCommands.h"
 #include "workbench/trees/XmlDocument.h"
+#include <filesystem>
 
 namespace workbench::cli {
 
@@ -15,6 +17,7 @@ namespace {
 namespace Exchange = host::EnergyExchange;
 using lca::FloorQuantity;
 
+constexpr char TooLarge[] = ": the document is too large to be read; nothing was taken; export less";
 constexpr char NotInstalled[] = "the energy evaluation is not there; build it anew";
 
 constexpr const char* Names[] = {"Gross floor area", "Operational emission",   "Reference floor area",
@@ -38,8 +41,7 @@ Failure DescribeRefusal(const Project& project, const std::string& file, host::E
     if (code == host::Errors::BadValue)
         return {InputUnreadable, file + ": this is no whole XML document with the root element <" +
                                      Exchange::RootElement + ">; nothing was taken; export it anew, as UTF-8"};
-    if (code == host::Errors::OutOfMemory)
-        return {InputUnreadable, file + ": the document is too large to be read; nothing was taken; export less"};
+    if (code == host::Errors::OutOfMemory) return {InputUnreadable, file + TooLarge};
     return DescribeWriteRefusal(code, project);
 }
 
@@ -64,6 +66,9 @@ Outcome ExportEnergyData(Session& session, const std::string& file, const std::s
                          EnergyTransfer& transfer) {
     std::string document, menuText;
     if (Outcome failure = ChooseTarget(session, target, menuText)) return failure;
+    std::error_code unknown; // a size that cannot be told shows when the file is read
+    if (const auto size = std::filesystem::file_size(file, unknown); !unknown && size > XmlMemoryLimit)
+        return Failure{InputUnreadable, file + TooLarge};
     if (!ReadFile(file, document))
         return Failure{InputUnreadable, file + ": the file cannot be read; check that it exists and may be read"};
     if (const host::ErrorCode error = ConvertXmlToUtf8(document))

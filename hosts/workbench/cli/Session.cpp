@@ -218,6 +218,8 @@ Outcome Session::ReadPalette(PaletteContent& content) {
         content.categories.push_back(ReadRow(list.rows[static_cast<std::size_t>(row - 1)]));
     content.total = ReadRow(list.rows[TotalRow - 1]);
     content.lastUpdate = host->openDialogs.FindItem(palette->id, PaletteItems::LastUpdateTime)->text;
+    const std::string_view mark = Resources::String(OwnTexts::Incomplete);
+    content.isIncomplete = std::string_view(content.lastUpdate).ends_with(mark);
     return {};
 }
 

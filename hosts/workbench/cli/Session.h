@@ -32,6 +32,7 @@ struct PaletteContent {
     std::vector<TableRow> categories;
     TableRow total;
     std::string lastUpdate;
+    bool isIncomplete = false; ///< the run could not read everything in the model
 };
 
 /// One row of the material report's table.

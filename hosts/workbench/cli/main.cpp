@@ -62,7 +62,8 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
     command->add_option("--report", options.report, "Write the spreadsheet report to this .xlsx file");
     command->add_option("--charts", options.charts, "Write pictures of the two charts into this folder");
     command->add_option("--as", options.as, "LOGIN: the member of a shared project who changes it");
-    command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing");
+    command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing or cannot be read");
+    command->add_option("--refuse", options.refuse)->group({}); // for trying what becomes of a refusing host
     command->add_flag("--quiet", options.isQuiet, "No table, no warnings");
 }
 

@@ -79,7 +79,7 @@ void OpenDialogs::Paint(host::DialogId dialog, std::int16_t item) {
     const DialogState* owner = Find(dialog);
     ItemState* state = FindItem(dialog, item);
     if (state == nullptr) return;
-    state->isPaintingDue = owner->isHiddenByHost || !state->isVisible;
+    state->isPaintingDue = !isPainting || owner->isHiddenByHost || !state->isVisible;
     if (state->isPaintingDue) return;
     RecordedContext context;
     host::DialogMessageData data;

@@ -79,6 +79,7 @@ host::ErrorCode RegistrationRole::InstallProjectEventHandler(std::uint32_t event
 
 host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::ReservationChangeHandler handler,
                                                                   const std::set<host::Guid>& lockableSets) {
+    if (const host::ErrorCode refused = refusals.Ask("Registration.InstallReservationChangeHandler")) return refused;
     if (phase != Phase::Initialising && phase != Phase::InEvent) return host::Errors::RefusedCommand;
     RemoveOf(starting, reservationHandlers);
     reservationHandlers.push_back({starting, lockableSets, handler});
@@ -87,6 +88,7 @@ host::ErrorCode RegistrationRole::InstallReservationChangeHandler(host::Reservat
 
 host::ErrorCode RegistrationRole::SetMenuItemText(std::int16_t menuStringList, std::int32_t itemIndex,
                                                   const std::string& text) {
+    if (const host::ErrorCode refused = refusals.Ask("Registration.SetMenuItemText")) return refused;
     Menu* menu = FindMenu(menuStringList);
     if (menu == nullptr || itemIndex != 1) return host::Errors::BadIndex;
     menu->itemText = text;

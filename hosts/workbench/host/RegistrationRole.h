@@ -3,6 +3,7 @@
 
 #include "host/Registration.h"
 #include "workbench/commands/PartnerCommands.h"
+#include "workbench/host/Refusals.h"
 
 #include <optional>
 #include <variant>
@@ -12,6 +13,8 @@ namespace workbench {
 
 class RegistrationRole : public host::Registration, public PartnerCommands {
 public:
+    explicit RegistrationRole(const Refusals& refusals) : refusals(refusals) {}
+
     void KeepInMemory(bool keep) override { keepsInMemory = keep; }
     host::ErrorCode RegisterMenu(std::int16_t menuStringList, std::int16_t promptStringList) override;
     host::ErrorCode RegisterSupportedCommand(std::uint32_t code, std::int32_t version) override;
@@ -92,6 +95,7 @@ private:
     Menu* FindMenu(std::int16_t menuStringList);
     Command* FindCommand(const host::ModuleId& addOn, std::uint32_t code);
 
+    const Refusals& refusals;
     Phase phase = Phase::Closed;
     host::ModuleId starting;
     bool keepsInMemory = false;

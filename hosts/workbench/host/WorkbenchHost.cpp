@@ -5,12 +5,12 @@
 namespace workbench {
 
 WorkbenchHost::WorkbenchHost()
-    : access(project), databases(project), model(project, databases), attributes(project), libraries(project),
-      placedObjects(project, databases), properties(project, access), classifications(project, access),
-      commands(project), dialogManager(openDialogs), teamwork(project, access, registration, dialogManager),
-      dialogItems(openDialogs), itemValues(openDialogs), listLayout(openDialogs), listRows(openDialogs),
-      listCells(openDialogs), listSelection(openDialogs), userInput(openDialogs, dialogManager),
-      addOnCommands(registration) {
+    : access(project), registration(refusals), databases(project), model(project, databases), attributes(project),
+      libraries(project), placedObjects(project, databases), properties(project, access),
+      classifications(project, access), commands(project), dialogManager(openDialogs),
+      teamwork(project, access, registration, dialogManager), dialogItems(openDialogs), itemValues(openDialogs),
+      listLayout(openDialogs), listRows(openDialogs), listCells(openDialogs), listSelection(openDialogs),
+      userInput(openDialogs, dialogManager), addOnCommands(registration) {
     dialogManager.mayRegisterPalettes = [this] {
         return registration.GetPhase() == RegistrationRole::Phase::Initialising;
     };

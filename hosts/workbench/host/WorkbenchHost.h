@@ -7,6 +7,7 @@
 #include "workbench/host/AddOnCommandsRole.h"
 #include "workbench/host/LibraryRoles.h"
 #include "workbench/host/PropertyRoles.h"
+#include "workbench/host/RefusingRoles.h"
 #include "workbench/host/RegistrationRole.h"
 #include "workbench/host/SmallRoles.h"
 #include "workbench/host/TeamworkRole.h"
@@ -37,17 +38,17 @@ public:
 
     host::Registration& GetRegistration() override { return registration; }
     host::Resources& GetResources() override { return resources; }
-    host::Model& GetModel() override { return model; }
-    host::Attributes& GetAttributes() override { return attributes; }
-    host::Databases& GetDatabases() override { return databases; }
-    host::Libraries& GetLibraries() override { return libraries; }
-    host::PlacedObjects& GetPlacedObjects() override { return placedObjects; }
-    host::Properties& GetProperties() override { return properties; }
-    host::Classifications& GetClassifications() override { return classifications; }
-    host::Teamwork& GetTeamwork() override { return teamwork; }
-    host::UndoableCommands& GetUndoableCommands() override { return commands; }
-    host::ProgressWindow& GetProgressWindow() override { return progress; }
-    host::Dialogs& GetDialogs() override { return dialogManager; }
+    host::Model& GetModel() override { return refusingModel; }
+    host::Attributes& GetAttributes() override { return refusingAttributes; }
+    host::Databases& GetDatabases() override { return refusingDatabases; }
+    host::Libraries& GetLibraries() override { return refusingLibraries; }
+    host::PlacedObjects& GetPlacedObjects() override { return refusingPlacedObjects; }
+    host::Properties& GetProperties() override { return refusingProperties; }
+    host::Classifications& GetClassifications() override { return refusingClassifications; }
+    host::Teamwork& GetTeamwork() override { return refusingTeamwork; }
+    host::UndoableCommands& GetUndoableCommands() override { return refusingUndoableCommands; }
+    host::ProgressWindow& GetProgressWindow() override { return refusingProgressWindow; }
+    host::Dialogs& GetDialogs() override { return refusingDialogs; }
     host::DialogItems& GetDialogItems() override { return dialogItems; }
     host::ItemValues& GetItemValues() override { return itemValues; }
     host::ListLayout& GetListLayout() override { return listLayout; }
@@ -55,11 +56,11 @@ public:
     host::ListCells& GetListCells() override { return listCells; }
     host::ListSelection& GetListSelection() override { return listSelection; }
     host::Alerts& GetAlerts() override { return dialogManager; }
-    host::UserInput& GetUserInput() override { return userInput; }
+    host::UserInput& GetUserInput() override { return refusingUserInput; }
     host::TextMeasuring& GetTextMeasuring() override { return textMeasuring; }
-    host::Pictures& GetPictures() override { return pictures; }
-    host::AddOnCommands& GetAddOnCommands() override { return addOnCommands; }
-    host::XmlReading& GetXmlReading() override { return xmlReading; }
+    host::Pictures& GetPictures() override { return refusingPictures; }
+    host::AddOnCommands& GetAddOnCommands() override { return refusingAddOnCommands; }
+    host::XmlReading& GetXmlReading() override { return refusingXmlReading; }
 
 private:
     std::unique_ptr<Project> ownedProject;
@@ -69,6 +70,7 @@ private:
 public:
     // The roles with what only the workbench itself may do.
     Access access;
+    Refusals refusals;
     RegistrationRole registration;
     ResourcesRole resources;
     DatabasesRole databases;
@@ -94,6 +96,23 @@ public:
     PicturesRole pictures;
     AddOnCommandsRole addOnCommands;
     XmlReadingRole xmlReading;
+
+private:
+    RefusingModel refusingModel{model, refusals};
+    RefusingAttributes refusingAttributes{attributes, refusals};
+    RefusingDatabases refusingDatabases{databases, refusals};
+    RefusingLibraries refusingLibraries{libraries, refusals};
+    RefusingPlacedObjects refusingPlacedObjects{placedObjects, refusals};
+    RefusingProperties refusingProperties{properties, refusals};
+    RefusingClassifications refusingClassifications{classifications, refusals};
+    RefusingTeamwork refusingTeamwork{teamwork, refusals};
+    RefusingUndoableCommands refusingUndoableCommands{commands, refusals};
+    RefusingProgressWindow refusingProgressWindow{progress, refusals};
+    RefusingDialogs refusingDialogs{dialogManager, refusals};
+    RefusingUserInput refusingUserInput{userInput, refusals};
+    RefusingPictures refusingPictures{pictures, refusals};
+    RefusingAddOnCommands refusingAddOnCommands{addOnCommands, refusals};
+    RefusingXmlReading refusingXmlReading{xmlReading, refusals};
 };
 
 } // namespace workbench

@@ -242,6 +242,11 @@ TEST_F(AssessTest, StrictStopsAtWhatIsMissing) {
                                        "#31=IFCRELASSOCIATESMATERIAL('c',$,$,$,(#30),#42);\n");
     expectStrict(folder.Write("bare.ifc", bare), whole,
                  "no quantity and no usable geometry: 000000000000000000Bare (IfcWall \"Bare\")");
+    const Finished refused = Kelvarnix({"assess", model, "--materials", folder.Write("strict.csv", whole), "--strict",
+                                        "--refuse", "Model.ReadElementComponents"});
+    EXPECT_EQ(refused.code, 4) << refused.errors;
+    EXPECT_TRUE(Contains(refused.errors, "elements could not be read and do not count")) << refused.errors;
+    EXPECT_TRUE(Contains(refused.output, " (incomplete)\n")) << refused.output;
 }
 
 TEST_F(AssessTest, Usage) {

@@ -141,7 +141,7 @@ TEST_F(CliFaultsTest, AReadOnlyProjectIsAssessedAndNotSaved) {
     const Surroundings nobody{{}, BecomeNobody};
     if (Kelvarnix({"--help"}, nobody).code != 0) GTEST_SKIP() << "another user cannot reach the program";
     const std::string project = SaveHouse(), content = support::ContentOf(project);
-    fs::permissions(folder.Path(), fs::perms(0755));
+    fs::permissions(folder.Path(), fs::perms(0555)); // for whoever runs the tests, too
     fs::permissions(project, fs::perms(0444));
     const std::string json = folder / "new.json", other = folder / "other.kvp";
     const std::size_t files = CountFiles();
@@ -155,6 +155,7 @@ TEST_F(CliFaultsTest, AReadOnlyProjectIsAssessedAndNotSaved) {
     fs::permissions(project, fs::perms(0));
     ExpectRefusal(Kelvarnix({"assess", project}, nobody), 3, project, "");
     fs::permissions(project, fs::perms(0644));
+    fs::permissions(folder.Path(), fs::perms(0755));
     EXPECT_EQ(support::ContentOf(project), content);
     EXPECT_EQ(CountFiles(), files);
 }

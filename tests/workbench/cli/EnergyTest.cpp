@@ -170,6 +170,17 @@ TEST_F(EnergyTest, HugeAndHostileDocuments) {
     const Finished deep = send(repeat("<a>", 300000) + repeat("</a>", 400000) + values);
     EXPECT_TRUE(Contains(deep.output, "82.4")) << deep.errors;
     ExpectRefusal(send(repeat("<a>", 300000) + values), 3, folder / "large.xml", "no whole XML document");
+    std::filesystem::resize_file(folder / "large.xml", (std::uintmax_t{512} << 20U) + 1);
+    const Finished larger = Kelvarnix({"energy", project, "--export", folder / "large.xml"});
+    ExpectRefusal(larger, 3, folder / "large.xml", "too large");
+    EXPECT_LT(larger.peakKiB, support::GibibyteInKiB / 8) << "refused before it is read";
+    const Finished skipped = Kelvarnix(
+        {"energy", project, "--export",
+         folder.Write("part.xml", "<root><projectKeyValuesData><grossFloorArea>-1</grossFloorArea><co2emission>7"
+                                  "</co2emission></projectKeyValuesData></root>")});
+    EXPECT_TRUE(Contains(skipped.errors, "projectKeyValuesData is skipped: the gross floor area is negative"))
+        << skipped.errors;
+    EXPECT_NE(Record(project)["OPERATIONAL_EMISSION"], 7);
 }
 
 TEST_F(EnergyTest, ASharedProjectNeedsTheRight) {

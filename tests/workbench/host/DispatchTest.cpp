@@ -68,6 +68,26 @@ TEST_F(DispatchTest, TheHostHidesAndDisablesThePaletteByItself) {
     EXPECT_FALSE(host.dialogManager.Press(palette, PaletteItems::HiddenIcon)); // the add-on's own hiding stays
 }
 
+/// A host that was left with the palette open asks for it before it opens a project.
+TEST_F(DispatchTest, ThePaletteOpensBeforeAProject) {
+    module.Unload();
+    workbench::WorkbenchHost early;
+    early.dialogManager.reportSink = [this](const std::string& line) { report.push_back(line); };
+    workbench::Module addOn{early};
+    ASSERT_EQ(addOn.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx"), "");
+    ASSERT_EQ(addOn.Start(), "");
+    EXPECT_EQ(early.dialogManager.RequestPalette(host::ParseGuid("{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}")),
+              host::NoError);
+    const workbench::DialogState* palette = early.openDialogs.FindByResource(PaletteDialog);
+    ASSERT_NE(palette, nullptr);
+    EXPECT_EQ(early.listCells.ReadText(palette->id, PaletteItems::Table, 9, 2), "TOTAL");
+    // 0x810600CB: there is no project.
+    EXPECT_EQ(report, std::vector<std::string>{"GWP calculation: ended with host error -2130313013"});
+    early.OpenProject(test::MakeBuilding(), ProjectEvent::Open);
+    EXPECT_TRUE(early.dialogManager.Press(palette->id, PaletteItems::UpdateButton));
+    EXPECT_EQ(report.size(), 1U);
+}
+
 TEST_F(DispatchTest, NothingOfTheAddOnIsLeftOpen) {
     TogglePalette();
     EXPECT_EQ(host.dialogManager.CountPalettes(), 1U);
@@ -79,6 +99,42 @@ TEST_F(DispatchTest, NothingOfTheAddOnIsLeftOpen) {
     ASSERT_EQ(module.Start(), "");
     TogglePalette();
     EXPECT_NE(Palette(), nullptr);
+}
+
+/// Opening, placing and giving back with a host that refuses: nothing happens, and one line says so where the user did
+/// not just cancel.
+TEST_F(DispatchTest, WhatTheHostDoesNotOpenIsSaidOnce) {
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{1, 2}); };
+    const auto choose = [&](std::int16_t menu) { EXPECT_EQ(host.registration.ChooseMenu(menu, 1), host::NoError); };
+    const auto place = [&] {
+        choose(Menus::Palette);
+        EXPECT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::PlaceButton));
+        choose(Menus::Palette);
+    };
+    const struct {
+        const char* operation;
+        std::function<void()> action;
+        std::vector<std::string> lines;
+    } cases[] = {
+        {"Dialogs.OpenPalette", [&] { choose(Menus::Palette); }, {"opening the palette: the host did not open it"}},
+        {"Dialogs.RunModal", [&] { choose(Menus::ProjectSettings); }, {"opening a dialog: the host did not open it"}},
+        {"UserInput.PickPoint", place, {}},
+        {"PlacedObjects.Create", place, {"placing the report object: ended with host error -2130313215"}},
+        {"Dialogs.UnregisterPalette",
+         [&] { module.Unload(); },
+         {"giving back a palette: ended with host error -2130313215"}},
+    };
+    for (const auto& one : cases) {
+        report.clear();
+        host.refusals.rule = [&](const std::string& operation, const host::Guid&) {
+            return operation == one.operation ? host::Errors::General : host::NoError;
+        };
+        one.action();
+        EXPECT_EQ(report, one.lines) << one.operation;
+        EXPECT_EQ(Palette(), nullptr) << one.operation;
+        EXPECT_TRUE(Model().GetPlacedObjects().empty()) << one.operation;
+    }
+    EXPECT_EQ(host.dialogManager.CountPalettes(), 1U); // what nobody gave back stays with the host
 }
 
 TEST_F(DispatchTest, InfoOpensTheProductsAddress) {

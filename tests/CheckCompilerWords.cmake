@@ -1,0 +1,27 @@
+cmake_minimum_required(VERSION 3.25)
+
+# What the host loads is built by several compilers: its sources use no word that only one of them knows. Says each place.
+# Run as cmake -D SOURCE_DIR=... -P CheckCompilerWords.cmake
+set(words "__(builtin|sync|atomic)_[a-z]+|__[A-Z]+_ENDIAN__|__BYTE_ORDER__|__GNUC__|__GNUC_MINOR__|__int128|__typeof__|__attribute__|__PRETTY_FUNCTION__|#[ \t]*pragma[ \t]+GCC|_MSC_VER|__declspec|#[ \t]*include[ \t]+<(bits/|ext/|intrin)")
+# The module's exports, by system.
+set(allowed "src/main.cpp:__attribute__" "src/main.cpp:__declspec")
+set(found "")
+foreach(folder IN ITEMS host lca General src xlsx zip platform resources)
+  file(GLOB_RECURSE sources "${SOURCE_DIR}/${folder}/*.h" "${SOURCE_DIR}/${folder}/*.cpp")
+  if(NOT sources)
+    message(FATAL_ERROR "${folder}: no sources; the list of folders is out of date")
+  endif()
+  foreach(source IN LISTS sources)
+    file(RELATIVE_PATH name "${SOURCE_DIR}" "${source}")
+    file(READ "${source}" text)
+    string(REGEX MATCHALL "${words}" matches "${text}")
+    foreach(match IN LISTS matches)
+      if(NOT "${name}:${match}" IN_LIST allowed)
+        string(APPEND found "\n  ${name}: ${match}")
+      endif()
+    endforeach()
+  endforeach()
+endforeach()
+if(found)
+  message(FATAL_ERROR "Words of a single compiler:${found}")
+endif()
