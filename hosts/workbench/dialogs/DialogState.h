@@ -92,7 +92,8 @@ public:
     std::vector<host::DialogId> List() const;
     ItemState* FindItem(host::DialogId dialog, std::int16_t item);
     bool HasModal() const;
-    /// Has a user item's handler paint it; while the item cannot be seen, or nothing is painted, the painting stays due.
+    /// Has a user item's handler paint it; while the item cannot be seen, or nothing is painted, the painting stays
+    /// due.
     void Paint(host::DialogId dialog, std::int16_t item);
     /// Null also where the row does not exist.
     RowState* FindRow(host::DialogId dialog, std::int16_t item, std::int32_t row);
