@@ -82,7 +82,8 @@ public:
     /// BadValue.
     virtual ErrorCode CreateDefinition(PropertyDefinition& definition) = 0;
     virtual ErrorCode ChangeDefinition(const PropertyDefinition& definition) = 0;
-    /// One answer per asked definition, in order; a definition without own value answers its default.
+    /// One answer per asked definition, in order; a definition without own value answers its default. General for a
+    /// definition that there is not.
     virtual ErrorCode ReadElementValues(const Guid& element, const std::vector<Guid>& definitions,
                                         std::vector<PropertyValue>& values) = 0;
     virtual ErrorCode ReadMaterialValues(AttributeIndex material, const std::vector<Guid>& definitions,

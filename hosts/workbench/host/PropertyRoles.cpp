@@ -23,9 +23,7 @@ host::Variant GetUnset(const host::PropertyDefinition& definition) {
     if (definition.defaultValue.type != host::ValueType::None) return definition.defaultValue;
     if (definition.collection == host::CollectionType::SingleChoice && !definition.options.empty())
         return host::Variant::OfGuid(definition.options.front().key);
-    host::Variant unset;
-    unset.type = definition.valueType;
-    return unset;
+    return {}; // there is a value, and it is none
 }
 
 bool FitsDefinition(const host::Variant& value, const host::PropertyDefinition& definition) {
@@ -142,6 +140,8 @@ host::ErrorCode PropertiesRole::ReadElementValues(const host::Guid& element, con
     const std::uint32_t position = model.FindElement(element);
     if (position == ElementIndex::NotFound) return host::Errors::BadId;
     LookUp(definitions);
+    if (std::any_of(asked.begin(), asked.end(), [](const Asked& one) { return one.definition == nullptr; }))
+        return host::Errors::General;
     const Model::Values* own = model.FindElementValues(position);
     values.resize(definitions.size());
     for (std::size_t i = 0; i < asked.size(); ++i)
@@ -168,7 +168,8 @@ host::ErrorCode PropertiesRole::ReadMaterialValues(host::AttributeIndex material
     const Model::Values* own = project->model.FindMaterialValues(material);
     for (const host::Guid& guid : definitions) {
         const host::PropertyDefinition* definition = project->model.FindDefinition(guid);
-        if (definition == nullptr || !IsAvailableToMaterial(*definition, material))
+        if (definition == nullptr) return host::Errors::General;
+        if (!IsAvailableToMaterial(*definition, material))
             values.push_back({guid, host::PropertyStatus::NotAvailable, true, {}});
         else
             values.push_back(MakeValue(*definition, GetUnset(*definition), own));

@@ -151,12 +151,23 @@ TEST_F(TeamworkTest, SettingsCannotBeChangedWithoutTheReservation) {
     EXPECT_FALSE(TypeIntoCell(PaletteItems::Table, 3, "40"));
     host.dialogManager.ClickCell(dialog, PaletteItems::Table, 6, 4);
     EXPECT_EQ(Default(lca::PropertyKey::Contribution).text, before);
+    // A rebuild of the table leaves no editor enabled; and a host that lets one be typed into loses nothing.
+    Select(PaletteItems::Table, {4});
+    EXPECT_TRUE(Press(PaletteItems::UpdateButton));
+    EXPECT_FALSE(TypeIntoCell(PaletteItems::Table, 3, "40"));
+    EXPECT_TRUE(report.empty());
+    PaletteItem(PaletteItems::ServiceLifeEdit).isEnabled = true;
+    EXPECT_TRUE(TypeIntoCell(PaletteItems::Table, 3, "40"));
+    EXPECT_EQ(Cell(4, 3), "25.00");
+    EXPECT_EQ(PaletteItem(PaletteItems::ServiceLifeEdit).text, "25");
+    EXPECT_EQ(report.size(), 1U);
+    report.clear();
     const host::Guid set = host.teamwork.FindLockableSet(host::ClassificationsAndPropertiesSet);
     ASSERT_EQ(host.teamwork.Reserve(set, host::HostDialogs::Enabled), host::NoError);
     Turn(); // own changes are told too
     EXPECT_EQ(PaletteItem(PaletteItems::SettingsButton).icon, Icons::SettingsEditable);
     EXPECT_TRUE(TypeIntoCell(PaletteItems::Table, 3, "40"));
-    EXPECT_EQ(Cell(6, 3), "40.00"); // the click has selected that row
+    EXPECT_EQ(Cell(4, 3), "40.00");
     EXPECT_TRUE(report.empty()) << report.front();
 }
 
@@ -227,6 +238,64 @@ TEST_F(TeamworkTest, SharingChecksItsArguments) {
     ExpectRefusal(Kelvarnix({"teamwork", file, "--as", "ben", "--button", "Layers"}), 2, "Layers", "BuildingMaterials");
     EXPECT_EQ(Kelvarnix({"share", file, "--member", "eve;Eve"}).code, 0);
     EXPECT_TRUE(Contains(Other("eve", {"BuildingMaterials"}), "Editable"));
+}
+
+/// What another member stored before this one gained the reservation stays, whatever window was open meanwhile.
+TEST_F(TeamworkTest, WhatAnotherStoredSurvivesTheNextOk) {
+    const auto asBen = [&](const std::string& set, std::vector<std::string> change) {
+        Other("ben", {set});
+        change.insert(change.begin(), {"assess", file});
+        change.insert(change.end(), {"--save", file, "--as", "ben", "--quiet"});
+        const clitest::Finished finished = Kelvarnix(change);
+        EXPECT_EQ(finished.code, 0) << finished.errors;
+        Other("ben", {set}); // releases
+        Turn();
+    };
+    const std::string properties = host::ClassificationsAndPropertiesSet, materials = host::BuildingMaterialsSet;
+    TogglePalette();
+    InDialog(Menus::ProjectSettings, [&] {
+        using namespace ProjectSettingsItems;
+        Type(GrossFloorAreaEdit, "123");
+        asBen(properties, {"--set", "SERVICELIFE=80", "--set", "OPERATIONAL_EMISSION=9", "--set", "FLOORAREA=7"});
+        EXPECT_EQ(Item(ServiceLifeEdit).text, "50");
+        EXPECT_TRUE(Press(TeamworkButton));
+        EXPECT_EQ(Item(ServiceLifeEdit).text, "80");
+        EXPECT_EQ(Item(GrossFloorAreaEdit).text, "123") << "what was typed stays";
+        Type(ReferenceFloorAreaEdit, "45");
+        EXPECT_TRUE(Press(OkButton));
+    });
+    EXPECT_EQ(Default(lca::PropertyKey::ServiceLife).integer, 80);
+    EXPECT_EQ(Default(lca::PropertyKey::OperationalEmission).real, 9);
+    EXPECT_EQ(Default(lca::PropertyKey::GrossFloorArea).real, 123);
+    EXPECT_EQ(Default(lca::PropertyKey::ReferenceFloorArea).real, 45);
+    Other("anna", {properties}); // this member releases in another process
+    Turn();
+
+    const std::string table = folder.Write("m.csv", "applies_to;name;unit;gwp\nmaterial;Timber;m3;777\n");
+    InDialog(Menus::BuildingMaterials, [&] {
+        using namespace BuildingMaterialsItems;
+        const std::vector<std::string> names = Column(MaterialList, 2);
+        Select(MaterialList,
+               {static_cast<std::int32_t>(std::find(names.begin(), names.end(), "Timber") - names.begin() + 1)});
+        Type(ServiceLifeEdit, "33");
+        asBen(materials, {"--materials", table});
+        EXPECT_TRUE(Press(TeamworkButton));
+        EXPECT_EQ(Column(PhaseList, 2).front(), "777.00");
+        EXPECT_EQ(Item(ServiceLifeEdit).text, "33");
+        EXPECT_TRUE(Press(OkButton));
+    });
+    EXPECT_EQ(StoredGWP(test::Timber), "777");
+    EXPECT_EQ(StoredValue(test::Timber, lca::PropertyKey::ServiceYear)->integer, 33);
+
+    asBen(properties, {"--set", "SERVICELIFE=90"});
+    InDialog(Menus::ProjectSettings, [&] {
+        Press(ProjectSettingsItems::TeamworkButton);
+        Press(ProjectSettingsItems::CancelButton);
+    });
+    host.dialogManager.ClickCell(Palette()->id, PaletteItems::Table, 6, 4);
+    EXPECT_EQ(Default(lca::PropertyKey::ServiceLife).integer, 90);
+    EXPECT_NE(Default(lca::PropertyKey::Contribution).text.find("Inventory_contribution=0"), std::string::npos);
+    EXPECT_TRUE(report.empty()) << report.front();
 }
 
 } // namespace

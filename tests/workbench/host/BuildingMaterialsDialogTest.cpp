@@ -273,4 +273,25 @@ TEST_F(BuildingMaterialsDialogTest, NamesAreShownAsTheyAre) {
     });
 }
 
+TEST_F(BuildingMaterialsDialogTest, AMaterialWithoutValuesShowsTheDefaults) {
+    for (const char* phases : {"A1-A3;C3", ""}) { // without a phase, too, unit and service life are shown
+        SetDefault(PropertyKey::Phases, host::Variant::OfText(phases));
+        Reopen();
+        InDialog(Menu, [&] {
+            const auto show = [&](std::int32_t row) {
+                Select(MaterialList, {row});
+                return Item(UnitTypePopup)
+                           .popUpTexts.at(static_cast<std::size_t>(Item(UnitTypePopup).selectedEntry - 1)) +
+                       " " + Item(ServiceLifeEdit).text;
+            };
+            Select(MaterialList, {1});
+            host.dialogManager.Choose(dialog, UnitTypePopup, 3);
+            Type(ServiceLifeEdit, "12");
+            EXPECT_EQ(show(1), "kg 12") << phases;
+            EXPECT_EQ(show(2), "m3 0") << phases;
+            EXPECT_EQ(show(1), "kg 12") << phases;
+        });
+    }
+}
+
 } // namespace

@@ -299,4 +299,15 @@ TEST_F(EnergyExchangeTest, RunsWithoutTheEvaluation) {
     EXPECT_TRUE(report.empty());
 }
 
+TEST_F(EnergyExchangeTest, DataThatComeWhileTheSettingsAreOpenStay) {
+    InDialog(ResourceIds::Menus::ProjectSettings, [&] {
+        Type(ResourceIds::ProjectSettingsItems::ServiceLifeEdit, "61");
+        EXPECT_EQ(Send(KeyValues("82", "612")), host::NoError);
+        Press(ResourceIds::ProjectSettingsItems::OkButton);
+    });
+    EXPECT_EQ(Default(lca::PropertyKey::ServiceLife).integer, 61);
+    EXPECT_EQ(Default(lca::PropertyKey::GrossFloorArea).real, 82);
+    EXPECT_NE(Default(lca::PropertyKey::FloorSettings).text.find("FLOORAREA_E=82"), std::string::npos);
+}
+
 } // namespace

@@ -81,7 +81,11 @@ TEST_F(GWPRunTest, PhasesComeFromTheStoredRecord) {
     SetMaterial(test::Timber, "A1-A3=-700;C3=800;D=-300", "m3", 0);
     Run();
     EXPECT_DOUBLE_EQ(sums.buildingComponents, 200); // 2 m3 x (-700 + 800)
-    ASSERT_EQ(ChangeProjectData(host, record, [](auto& present) { present.usedPhases = {"A1-A3", "D"}; }), host::NoError);
+    ASSERT_EQ(ChangeProjectData(host, record,
+                                [](auto& present) {
+                                    present.usedPhases = {"A1-A3", "D"};
+                                }),
+              host::NoError);
     record.usedPhases = {"C3"}; // the run reads the model, not what happens to be in memory
     Run();
     EXPECT_DOUBLE_EQ(sums.buildingComponents, -2000);
@@ -113,6 +117,64 @@ TEST_F(GWPRunTest, TellsItsProgressAboutTwentyTimes) {
     EXPECT_EQ(host.progress.state.maximum, 1000);
     EXPECT_EQ(host.progress.state.updates, 20);
     EXPECT_FALSE(host.progress.state.isOpen);
+}
+
+/// Nothing is known of an element's own values or of a material while the model has no definition for it, or one whose
+/// value is none: the element counts whole, and a null identifier is never asked for.
+TEST_F(GWPRunTest, DefinitionsWithoutAValueCountAsNotAvailable) {
+    SetMaterial(test::Concrete, "300", "m3", 0);
+    host::PropertyDefinition include = test::FindByKey(Model(), PropertyKey::Include);
+    include.defaultValue = {};
+    ASSERT_FALSE(host.commands.Call("no default", [&] { return host.properties.ChangeDefinition(include); }));
+    Run();
+    EXPECT_DOUBLE_EQ(sums.buildingComponents, 600);
+    include.description = "unmarked";
+    ASSERT_FALSE(host.commands.Call("no marker", [&] { return host.properties.ChangeDefinition(include); }));
+    Run();
+    EXPECT_DOUBLE_EQ(sums.buildingComponents, 600);
+}
+
+TEST_F(GWPRunTest, GoesOnWhereTheHostRefuses) {
+    SetMaterial(test::Concrete, "300", "m3", 0); // element 1: 600
+    SetMaterial(test::Timber, "100", "m3", 0);   // element 2: 200
+    SetElement(2, PropertyKey::GWPPercentage, host::Variant::OfReal(50));
+    const struct {
+        const char* operation;
+        int element; ///< whose operation is refused; 0: every one
+        host::ErrorCode code;
+        RunOutcome outcome;
+        double sum;
+        const char* line;
+    } cases[] = {
+        {"Model.ReadElementComponents", 1, host::Errors::NoAccessRight, RunOutcome::Incomplete, 100,
+         "GWP calculation: 1 elements could not be read and do not count (first host error -2130312909)"},
+        {"Model.ReadElementHeader", 2, host::Errors::General, RunOutcome::Incomplete, 600,
+         "1 elements could not be read"},
+        {"Properties.ReadElementValues", 2, host::Errors::General, RunOutcome::Incomplete, 800,
+         "1 elements count whole"},
+        {"Properties.ReadMaterialValues", 0, host::Errors::General, RunOutcome::Incomplete, 0, "3 values of building"},
+        {"Databases.ChangeCurrentDatabase", 0, host::Errors::BadDatabase, RunOutcome::NotRun, 700,
+         "ended with host error"},
+        {"Model.ListElements", 0, host::Errors::General, RunOutcome::NotRun, 700, "ended with host error"},
+        {"ProgressWindow.SetValue", 0, host::Errors::Cancelled, RunOutcome::Cancelled, 700, "the former result stays"}};
+    std::vector<std::string> lines;
+    host.dialogManager.reportSink = [&](const std::string& line) { lines.push_back(line); };
+    for (const auto& one : cases) {
+        host.refusals.rule = nullptr;
+        Run();
+        lines.clear();
+        const bool isOtherDatabase = std::string(one.operation) == "Databases.ChangeCurrentDatabase";
+        ASSERT_FALSE(host.databases.ChangeCurrentDatabase(
+            {isOtherDatabase ? host::DatabaseType::Model3D : host::DatabaseType::FloorPlan, {}, {}}));
+        host.refusals.rule = [&](const std::string& operation, const host::Guid& subject) {
+            const bool isMeant = one.element == 0 || subject == test::GuidOf(one.element);
+            return operation == one.operation && isMeant ? one.code : host::NoError;
+        };
+        EXPECT_EQ(RunGWPCalculation(host, record, table, sums), one.outcome) << one.operation;
+        EXPECT_DOUBLE_EQ(sums.buildingComponents, one.sum) << one.operation;
+        ASSERT_EQ(lines.size(), 1U) << one.operation << testing::PrintToString(lines);
+        EXPECT_NE(lines[0].find(one.line), std::string::npos) << lines[0];
+    }
 }
 
 } // namespace

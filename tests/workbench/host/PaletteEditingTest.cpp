@@ -203,4 +203,38 @@ TEST_F(PaletteEditingTest, MenuCommandsAndEventsOfAClosedPalette) {
     EXPECT_EQ(Palette(), nullptr);
 }
 
+/// Item 4 has a meaning only where there are an area and a period, and what it comes to must be a number.
+TEST_F(PaletteEditingTest, WhatIsNoNumberIsRefused) {
+    ClickMode(Inventory);
+    EXPECT_TRUE(Edit(6, "7"));
+    EXPECT_TRUE(PaletteItem(GwpPerAreaPerYearEdit).isEnabled);
+    EXPECT_TRUE(Edit(8, "1" + std::string(306, '0')));
+    EXPECT_NE(Default(PropertyKey::Contribution).text.find("Inventory_gwp=7"), std::string::npos);
+    EXPECT_EQ(report.size(), 1U);
+    EXPECT_EQ(Item(GwpPerAreaPerYearEdit).text, "0.0014") << "the old value is back";
+    for (const PropertyKey key : {PropertyKey::ReferenceFloorArea, PropertyKey::ServiceLife}) {
+        const host::Variant former = Default(key);
+        SetDefault(key, key == PropertyKey::ServiceLife ? host::Variant::OfInteger(0) : host::Variant::OfReal(1e-6));
+        Press(UpdateButton);
+        SelectRow(Inventory);
+        EXPECT_FALSE(PaletteItem(GwpPerAreaPerYearEdit).isEnabled);
+        SetDefault(key, former);
+    }
+    report.clear();
+    SetDoorGWP(1.7e308); // and again each 25 years
+    Press(UpdateButton);
+    EXPECT_EQ(Cell(9, 6), "-");
+    EXPECT_EQ(Cell(3, 6), "0.00");
+    EXPECT_EQ(report.size(), 1U);
+}
+
+TEST_F(PaletteEditingTest, AnOpenPaletteFollowsProjectAndMaterialReport) {
+    SetDoorGWP(500);
+    EXPECT_EQ(Cell(Doors, 6), "2000.00");
+    InDialog(Menus::MaterialReport, [] {});
+    EXPECT_EQ(Cell(Doors, 6), "1000.00");
+    host.OpenProject(test::MakeBuilding(), host::ProjectEvent::New);
+    EXPECT_EQ(Cell(Doors, 6), "0.00");
+}
+
 } // namespace

@@ -131,8 +131,8 @@ TEST_F(ProjectSettingsDialogTest, BoxesChooseBetweenEnteredAndEvaluated) {
         Press(OkButton);
     });
     EXPECT_EQ(Default(PropertyKey::GrossFloorArea).real, 20);
-    for (const char* entry : {"FLOORAREA_C=1", "FLOORAREA_M=33", "FLOORAREA_E=20", "REFERENCE_FLOORAREA_C=1",
-                              "REFERENCE_FLOORAREA_M=8"})
+    for (const char* entry :
+         {"FLOORAREA_C=1", "FLOORAREA_M=33", "FLOORAREA_E=20", "REFERENCE_FLOORAREA_C=1", "REFERENCE_FLOORAREA_M=8"})
         EXPECT_TRUE(HasEntry(entry)) << entry << " in " << FloorSettings();
 }
 
@@ -216,6 +216,16 @@ TEST_F(ProjectSettingsDialogTest, TheNameEditTakes255Characters) {
         Press(AddButton);
         TypeIntoCell(StandardList, 1, name);
         EXPECT_EQ(Column(StandardList, 1).at(0), name.substr(0, 2 * 255));
+    });
+}
+
+TEST_F(ProjectSettingsDialogTest, EditorsFollowTheirColumns) {
+    InDialog(Menu, [&] {
+        Press(AddButton);
+        const std::int16_t before = Item(StandardNameEdit).rectangle.width;
+        const host::Size size = host.dialogManager.ReadSize(dialog);
+        host.dialogManager.Resize(dialog, {static_cast<std::int16_t>(size.width + 60), size.height});
+        EXPECT_EQ(Item(StandardNameEdit).rectangle.width, before + 60);
     });
 }
 

@@ -329,4 +329,35 @@ TEST_F(SpreadsheetTest, TenThousandLayersFit) {
     EXPECT_GT(support::ContentOf(folder / "many.xlsx").size(), 100000U);
 }
 
+/// A host that paints later or never: what the objects carry does not wait for it.
+TEST_F(ResultReportTest, ObjectsAreFilledWithoutAnyPainting) {
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{}); };
+    ASSERT_TRUE(Press(PlaceButton));
+    host.openDialogs.isPainting = false;
+    SetDoorGWP(1000);
+    Press(UpdateButton);
+    EXPECT_EQ(Parameter(Placed(), "arr_pie_values").realArray.size(), 7U);
+    EXPECT_NEAR(Parameter(Placed(), "arr_bar_values").realArray[0], 0.48, 1e-12);
+    EXPECT_EQ(Split(Parameter(Placed(), "arr_bar_texts")), (Texts{"Actual impact", "High", "Same", "Low"}));
+}
+
+TEST_F(ResultReportTest, AnObjectThatRefusesDoesNotHoldBackTheOthers) {
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{}); };
+    for (int i = 0; i < 3; ++i)
+        ASSERT_TRUE(Press(PlaceButton));
+    SetDoorGWP(1000);
+    const host::Guid locked = Placed(0).guid;
+    host.refusals.rule = [&](const std::string& operation, const host::Guid& subject) {
+        return operation == "PlacedObjects.WriteParameters" && subject == locked ? host::Errors::LockedLayer
+                                                                                 : host::NoError;
+    };
+    const std::size_t steps = CountSteps();
+    Press(UpdateButton);
+    EXPECT_EQ(CountSteps(), steps + 1);
+    for (const workbench::PlacedObject& object : Model().GetPlacedObjects())
+        EXPECT_EQ(Split(Parameter(object, "arr_table_text"))[32], object.guid == locked ? "1000.00" : "2000.00");
+    ASSERT_EQ(report.size(), 1U);
+    EXPECT_NE(report[0].find("1 objects or databases were left as they were"), std::string::npos) << report[0];
+}
+
 } // namespace

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "TestBuilding.h"
 
 #include <set>
@@ -233,6 +235,45 @@ TEST_F(SchemaTest, MaterialsAreClassifiedBeforeTheirValuesAreWritten) {
     std::vector<host::PropertyValue> read;
     ASSERT_EQ(host.properties.ReadMaterialValues(test::Timber, {values[0].definition}, read), host::NoError);
     EXPECT_EQ(read[0].value.text, "300");
+}
+
+TEST_F(SchemaTest, ADefinitionThatLostItsMarkerKeepsItsValue) {
+    ASSERT_EQ(EnsureSchema(host), host::NoError);
+    for (const PropertyKey key : {PropertyKey::ServiceLife, PropertyKey::UnitType}) {
+        host::PropertyDefinition definition = Definition(key);
+        definition.description = "mine";
+        definition.defaultValue = key == PropertyKey::ServiceLife
+                                      ? host::Variant::OfInteger(77)
+                                      : host::Variant::OfGuid(definition.options.back().key);
+        Change(definition);
+        ASSERT_EQ(EnsureSchema(host), host::NoError);
+        EXPECT_EQ(Definition(key).guid, definition.guid);
+        EXPECT_EQ(Definition(key).defaultValue, definition.defaultValue);
+    }
+}
+
+TEST_F(SchemaTest, WhatCannotBeReadOrStoredIsNamed) {
+    ASSERT_EQ(EnsureSchema(host), host::NoError);
+    std::vector<std::string> lines;
+    host.dialogManager.reportSink = [&](const std::string& line) { lines.push_back(line); };
+    WarnOfDoubledDefinitions(host);
+    EXPECT_TRUE(lines.empty());
+    host::PropertyDefinition area = Definition(PropertyKey::GrossFloorArea);
+    lca::LCAProjectData record;
+    record.SetPlainValue(lca::FloorQuantity::GrossFloorArea, 12);
+    for (const host::Variant& unusable : {host::Variant(), host::Variant::OfReal(INFINITY)}) {
+        area.defaultValue = unusable;
+        Change(area);
+        EXPECT_EQ(LoadProjectData(host, record), host::NoError);
+        EXPECT_EQ(record.GetPlainValue(lca::FloorQuantity::GrossFloorArea), 12);
+    }
+    host::PropertyDefinition copy = Definition(PropertyKey::Phases);
+    copy.name = "Copy";
+    ASSERT_EQ(host.commands.Call("copy", [&] { return host.properties.CreateDefinition(copy); }), host::NoError);
+    WarnOfDoubledDefinitions(host);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_NE(lines[1].find(": Gross Floor Area"), std::string::npos) << lines[1];
+    EXPECT_NE(lines[2].find(": Copy"), std::string::npos) << lines[2];
 }
 
 } // namespace

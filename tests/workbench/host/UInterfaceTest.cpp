@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "workbench/host/WorkbenchHost.h"
 
 namespace {
@@ -51,6 +53,9 @@ TEST(UInterface, FitsBoundEditorsToTheirColumns) {
     EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).width, 278);
     EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), ValueEditor).width, space.width - 281 - 2);
     EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).height, space.height - 2);
+    host.listLayout.SetColumn(dialog.GetDialog(), List, 1, {0, 1, {}, {}});
+    General::FitListEditors(host, dialog.GetDialog(), List);
+    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).width, 0) << "never negative";
 }
 
 TEST(UInterface, LaysColumnsFromTheRight) {
@@ -84,6 +89,17 @@ TEST(UInterface, AlertsTakeTheReportsTexts) {
     EXPECT_EQ(General::ShowAlert(host, host::AlertType::Information, 2, 18, {29, General::NoButton, 28}), 3);
     host.dialogManager.alertAnswer = [](const host::Alert&) { return std::int16_t{1}; };
     EXPECT_EQ(General::ShowAlert(host, host::AlertType::Information, 2, 18, {General::NoButton, 29, 28}), 2);
+}
+
+TEST(UInterface, TypedValuesAreNumbers) {
+    workbench::WorkbenchHost host;
+    int lines = 0;
+    host.dialogManager.reportSink = [&](const std::string&) { ++lines; };
+    EXPECT_TRUE(General::IsUsableNumber(host, -1e308));
+    EXPECT_EQ(lines, 0);
+    EXPECT_FALSE(General::IsUsableNumber(host, INFINITY));
+    EXPECT_FALSE(General::IsUsableNumber(host, NAN));
+    EXPECT_EQ(lines, 2);
 }
 
 } // namespace
