@@ -14,6 +14,7 @@
 #include "lca/ResultTable.h"
 #include "resources/ResourceIds.h"
 
+#include <limits>
 #include <string>
 #include <vector>
 
@@ -95,6 +96,7 @@ private:
     std::vector<std::string> tableText;
     std::vector<double> typeColors;
     ResultCharts charts;
-    std::int16_t settingsIcon = 0;   ///< that the button shows; 0 is that of its resource
-    std::int32_t lastPaintedRow = 0; ///< of the table; paints go from top to bottom
+    std::int16_t settingsIcon = 0; ///< that the button shows; 0 is that of its resource
+    /// Of the table, whose paints go from top to bottom; any row begins the first one.
+    std::int32_t lastPaintedRow = std::numeric_limits<std::int32_t>::max();
 };

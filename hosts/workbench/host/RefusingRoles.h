@@ -272,6 +272,7 @@ public:
     bool HasConnection() override { return inner.HasConnection(); }
     host::Guid FindLockableSet(const std::string& name) override { return inner.FindLockableSet(name); }
     host::LockableStatus ReadLockableStatus(const host::Guid& lockableSet) override {
+        if (refusals.Ask("Teamwork.ReadLockableStatus")) return host::LockableStatus::Unknown;
         return inner.ReadLockableStatus(lockableSet);
     }
     std::vector<std::int16_t> ListHolders(const host::Guid& lockableSet) override {

@@ -123,6 +123,27 @@ TEST_F(PaletteTest, SettingsButtonShowsWhoHoldsTheSettings) {
         EXPECT_EQ(PaletteItem(PaletteItems::SettingsButton).icon, icon);
         TogglePalette();
     }
+    // While it is open, each paint of the table looks once, and what did not change is not set again.
+    TogglePalette();
+    int lookups = 0;
+    host.refusals.rule = [&](const std::string& operation, const host::Guid&) {
+        if (operation == "Teamwork.ReadLockableStatus") ++lookups;
+        return host::NoError;
+    };
+    const auto paint = [&] {
+        workbench::RecordedContext context;
+        for (int row = 1; row <= 9; ++row)
+            host.dialogManager.DrawCell(Palette()->id, PaletteItems::Table, row, 1, context);
+        return std::exchange(lookups, 0);
+    };
+    std::int16_t& shown = PaletteItem(PaletteItems::SettingsButton).icon;
+    shown = -1;
+    for (int paints = 0; paints < 2; ++paints)
+        EXPECT_EQ(paint(), 1);
+    EXPECT_EQ(shown, -1);
+    Model().reservations.clear();
+    EXPECT_EQ(paint(), 1);
+    EXPECT_EQ(shown, 32694);
 }
 
 TEST_F(PaletteTest, ResizingMovesAndGrowsAndNeverBelowTheMinimum) {
