@@ -3,6 +3,8 @@
 #include "TestHouse.h"
 
 #include "support/TestFolder.h"
+#include "workbench/host/WorkbenchHost.h"
+#include "workbench/store/ProjectFile.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
@@ -247,6 +249,25 @@ TEST_F(AssessTest, StrictStopsAtWhatIsMissing) {
     EXPECT_EQ(refused.code, 4) << refused.errors;
     EXPECT_TRUE(Contains(refused.errors, "elements could not be read and do not count")) << refused.errors;
     EXPECT_TRUE(Contains(refused.output, " (incomplete)\n")) << refused.output;
+}
+
+TEST_F(AssessTest, ADoubledDefinitionIsNamed) {
+    const std::string project = folder / "house.kvp";
+    ASSERT_EQ(Kelvarnix({"assess", model, "--save", project, "--quiet"}).code, 0);
+    workbench::WorkbenchHost host;
+    host.OpenProject(workbench::OpenProjectFile(project, workbench::KeepChanges::InMemory).project,
+                     host::ProjectEvent::Open);
+    ASSERT_NE(host.GetProject(), nullptr);
+    for (host::PropertyDefinition copy : host.GetProject()->model.GetDefinitions()) {
+        if (copy.name != "Used Phases") continue;
+        copy.name = "Copy";
+        ASSERT_EQ(host.commands.Call("copy", [&] { return host.properties.CreateDefinition(copy); }), host::NoError);
+    }
+    ASSERT_EQ(workbench::SaveProject(*host.GetProject(), project), "");
+    const Finished doubled = Kelvarnix({"assess", project, "--set", "PHASES=D"});
+    EXPECT_EQ(doubled.code, 0) << doubled.errors;
+    EXPECT_TRUE(Contains(doubled.errors, "warning: ") && Contains(doubled.errors, "delete one: Copy\n"))
+        << doubled.errors;
 }
 
 TEST_F(AssessTest, Usage) {
