@@ -147,7 +147,7 @@ TEST_F(GWPRunTest, GoesOnWhereTheHostRefuses) {
         const char* line;
     } cases[] = {
         {"Model.ReadElementComponents", 1, host::Errors::NoAccessRight, RunOutcome::Incomplete, 100,
-         "GWP calculation: 1 elements could not be read and do not count (first host error -2130312909)"},
+         "GWP calculation: 1 elements could not be read and do not count (first host error 0x81060133)"},
         {"Model.ReadElementHeader", 2, host::Errors::General, RunOutcome::Incomplete, 600,
          "1 elements could not be read"},
         {"Properties.ReadElementValues", 2, host::Errors::General, RunOutcome::Incomplete, 800,
