@@ -52,8 +52,10 @@ void LCAProjectData::ChooseFloorSource(FloorQuantity quantity, FloorSource sourc
     SetFloorChoice(quantity, source);
     SetPlainValue(quantity, GetFloorValue(quantity, source));
     if (source == FloorSource::ByHand) return;
-    if (quantity == FloorQuantity::SolarPanels) ChooseFloorSource(FloorQuantity::MaxSolarContribution, FloorSource::ByHand);
-    if (quantity == FloorQuantity::MaxSolarContribution) ChooseFloorSource(FloorQuantity::SolarPanels, FloorSource::ByHand);
+    if (quantity == FloorQuantity::SolarPanels)
+        ChooseFloorSource(FloorQuantity::MaxSolarContribution, FloorSource::ByHand);
+    if (quantity == FloorQuantity::MaxSolarContribution)
+        ChooseFloorSource(FloorQuantity::SolarPanels, FloorSource::ByHand);
 }
 
 FloorSource LCAProjectData::GetFloorChoice(FloorQuantity quantity) const {

@@ -34,8 +34,9 @@ public:
     /// Puts the value into the source's map and into the plain field.
     void SetFloorValue(FloorQuantity quantity, FloorSource source, double value);
     void SetFloorChoice(FloorQuantity quantity, FloorSource source);
-    /// The same as a choice of the user: the plain field takes the value that then counts, and of the solar panels' yield
-    /// from the energy evaluation and the limit in its place, which exclude each other, the other one's choice ends.
+    /// The same as a choice of the user: the plain field takes the value that then counts, and of the solar panels'
+    /// yield from the energy evaluation and the limit in its place, which exclude each other, the other one's choice
+    /// ends.
     void ChooseFloorSource(FloorQuantity quantity, FloorSource source);
     /// ByHand where nothing was chosen.
     FloorSource GetFloorChoice(FloorQuantity quantity) const;

@@ -56,7 +56,8 @@ struct TableLabels {
 
 using NumberFormatter = std::function<std::string(double)>;
 
-/// 70 texts, row by row. A value that does not exist or is not finite is "-"; colour column and the unit row's first two are empty.
+/// 70 texts, row by row. A value that does not exist or is not finite is "-"; colour column and the unit row's first
+/// two are empty.
 std::vector<std::string> BuildTableText(const Results& results, const TableLabels& labels,
                                         const NumberFormatter& formatNumber);
 

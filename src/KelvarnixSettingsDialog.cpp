@@ -305,8 +305,7 @@ void KelvarnixSettingsDialog::TakeEnteredQuantity(FloorQuantity quantity) {
 
 void KelvarnixSettingsDialog::TakeFlag(FloorQuantity quantity) {
     const bool isChecked = GetHost().GetItemValues().IsChecked(GetDialog(), ItemsOf(quantity).check);
-    workingCopy.ChooseFloorSource(quantity,
-                                  isChecked ? lca::FloorSource::EnergyEvaluation : lca::FloorSource::ByHand);
+    workingCopy.ChooseFloorSource(quantity, isChecked ? lca::FloorSource::EnergyEvaluation : lca::FloorSource::ByHand);
     RefreshQuantityEdits();
 }
 

@@ -31,7 +31,7 @@ private:
     lca::ChartFont MeasureFont() const;
 
     host::Host& host;
-    std::array<double, lca::CategoryCount> gwps{};         ///< kg CO2eq by category
+    std::array<double, lca::CategoryCount> gwps{}; ///< kg CO2eq by category
     std::array<host::Colour, lca::CategoryCount> colours{};
     std::vector<double> pieValues;
     std::vector<lca::BarEntry> barEntries;

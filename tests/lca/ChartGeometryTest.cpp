@@ -56,9 +56,9 @@ TEST(PieChart, RadiusLabelsAndEmptyPies) {
     const lca::PieChart negative = lca::LayOutPieChart({-50, 150, 0, 0, 0, 0, 0}, {0, 0, 100, 100}, Font);
     EXPECT_EQ(lca::ComputePieShares({-50, 150, 0, 0, 0, 0, 0})[0], -50);
     EXPECT_EQ(negative.slices[1].label.text, "150%");
-    for (const std::array<double, 7>& none : {std::array<double, 7>{}, std::array<double, 7>{5, -5, 0, 0, 0, 0, 0},
-                                              std::array<double, 7>{-1, 0, 0, 0, 0, 0, 0},
-                                              std::array<double, 7>{1e308, 1e308, 0, 0, 0, 0, 0}}) {
+    for (const std::array<double, 7>& none :
+         {std::array<double, 7>{}, std::array<double, 7>{5, -5, 0, 0, 0, 0, 0},
+          std::array<double, 7>{-1, 0, 0, 0, 0, 0, 0}, std::array<double, 7>{1e308, 1e308, 0, 0, 0, 0, 0}}) {
         EXPECT_TRUE(lca::LayOutPieChart(none, {0, 0, 100, 100}, Font).slices.empty());
         EXPECT_TRUE(lca::ComputePieShares(none).empty());
     }
