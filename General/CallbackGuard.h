@@ -30,7 +30,7 @@ inline void ReportHostError(host::Host& host, const char* what, host::ErrorCode 
     if (error == host::NoError || error == host::Errors::UndoEmpty) return;
     constexpr std::size_t Longest = 48;
     char reason[Longest];
-    std::snprintf(reason, Longest, "ended with host error %ld", static_cast<long>(error.GetValue()));
+    std::snprintf(reason, Longest, "ended with host error %s", host::WriteErrorCode(error).c_str());
     ReportFailure(&host, what, reason);
 }
 
@@ -45,13 +45,13 @@ public:
     }
     std::size_t GetCount() const { return count; }
     host::ErrorCode GetFirst() const { return first; }
-    /// One line of the host's report, "N <what> (first host error E)"; none where there were no failures.
+    /// One line of the host's report, "<what>: N (first host error E)"; none where there were no failures.
     void Report(host::Host& host, const char* callback, const char* what) const noexcept {
         if (count == 0) return;
         constexpr std::size_t Longest = 192;
         char line[Longest];
-        std::snprintf(line, Longest, "%lu %s (first host error %ld)", static_cast<unsigned long>(count), what,
-                      static_cast<long>(first.GetValue()));
+        std::snprintf(line, Longest, "%s: %lu (first host error %s)", what, static_cast<unsigned long>(count),
+                      host::WriteErrorCode(first).c_str());
         ReportFailure(&host, callback, line);
     }
 

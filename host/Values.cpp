@@ -1,5 +1,6 @@
 #include "host/Values.h"
 
+#include <cstdio>
 #include <random>
 #include <string_view>
 
@@ -19,6 +20,13 @@ constexpr bool IsDashPosition(std::size_t position) {
 }
 
 } // namespace
+
+std::string WriteErrorCode(ErrorCode code) {
+    char text[11];
+    std::snprintf(text, sizeof text, "0x%08lX",
+                  static_cast<unsigned long>(static_cast<std::uint32_t>(code.GetValue())));
+    return text;
+}
 
 Guid ParseGuid(const std::string& text) {
     std::string_view body = text;

@@ -32,6 +32,9 @@ private:
 
 inline constexpr ErrorCode NoError;
 
+/// As the host's list of codes has it: 0x and eight hexadecimal digits.
+std::string WriteErrorCode(ErrorCode code);
+
 /// The host's numbers. An adapter that has the host's own names for them compares by those.
 namespace Errors {
 constexpr ErrorCode Code(std::uint32_t value) {

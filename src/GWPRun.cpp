@@ -152,9 +152,10 @@ public:
 
     /// Says what could not be read; answers whether all was.
     bool ReportUnread() const {
-        unread.Report(host, Task, "elements could not be read and do not count");
-        properties.GetUnread().Report(host, Task, "elements count whole, their own LCA values could not be read");
-        materials.GetUnread().Report(host, Task, "values of building materials could not be read and count as 0");
+        unread.Report(host, Task, "elements that could not be read and do not count");
+        properties.GetUnread().Report(host, Task,
+                                      "elements that count whole because their own LCA values could not be read");
+        materials.GetUnread().Report(host, Task, "values of building materials that could not be read and count as 0");
         return unread.GetCount() + properties.GetUnread().GetCount() + materials.GetUnread().GetCount() == 0;
     }
 

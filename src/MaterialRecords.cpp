@@ -34,7 +34,7 @@ void MaterialRecords::ReadValues() {
         const auto edited = edits.find(record.material.index);
         if (edited != edits.end()) Apply(edited->second, record.values);
     }
-    unread.Report(host, "building materials", "materials are shown without their values");
+    unread.Report(host, "building materials", "materials that are shown without their values");
 }
 
 MaterialPhaseValues MaterialRecords::Get(std::size_t position, const std::string& phase,
@@ -68,6 +68,6 @@ host::ErrorCode MaterialRecords::StoreEdits() {
         refused.Note(properties.StoreChanged(material, std::move(present), changed));
     }
     if (refused.GetCount() == edits.size()) return refused.GetFirst();
-    refused.Report(host, "building materials", "materials did not take their values");
+    refused.Report(host, "building materials", "materials that did not take their values");
     return host::NoError;
 }

@@ -15,7 +15,7 @@ using namespace ResourceIds;
 class AttributeNames {
 public:
     explicit AttributeNames(host::Host& host) : host(host) {}
-    ~AttributeNames() { unread.Report(host, "material report", "names of layers or materials could not be read"); }
+    ~AttributeNames() { unread.Report(host, "material report", "names of layers or materials that could not be read"); }
     AttributeNames(const AttributeNames&) = delete;
     AttributeNames& operator=(const AttributeNames&) = delete;
 

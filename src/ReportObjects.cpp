@@ -157,5 +157,5 @@ void UpdateReportObjects(host::Host& host, const ReportObjectKind& kind, const P
         return host::NoError; // what was written stays, whatever refused
     });
     General::ReportHostError(host, UpdateTask, error);
-    left.Report(host, UpdateTask, "objects or databases were left as they were");
+    left.Report(host, UpdateTask, "objects or databases that were left as they were");
 }

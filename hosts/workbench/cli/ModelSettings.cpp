@@ -130,8 +130,7 @@ Failure DescribeWriteRefusal(host::ErrorCode code, const Project& project) {
         return {OutputUnwritable,
                 "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
                 "teamwork and try again"};
-    return {OutputUnwritable,
-            "the project did not take the values (host error " + std::to_string(code.GetValue()) + ")"};
+    return {OutputUnwritable, "the project did not take the values (host error " + host::WriteErrorCode(code) + ")"};
 }
 
 Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {

@@ -2,17 +2,9 @@
 
 #include <dlfcn.h>
 
-#include <cstdio>
-
 namespace workbench {
 
 namespace {
-
-std::string WriteCode(host::ErrorCode code) {
-    char buffer[16];
-    std::snprintf(buffer, sizeof buffer, "0x%08X", static_cast<unsigned>(code.GetValue()));
-    return buffer;
-}
 
 template <typename Function>
 Function FindExport(void* library, const char* name) {
@@ -37,7 +29,7 @@ std::string Module::Load(const std::filesystem::path& file) {
     host::ErrorCode error(setImported(&imported));
     if (error == host::NoError) error = host::ErrorCode(getExported(&exported));
     if (error != host::NoError)
-        return name + ": the add-on was built for another version of the host (" + WriteCode(error) +
+        return name + ": the add-on was built for another version of the host (" + host::WriteErrorCode(error) +
                "); build both anew";
     return {};
 }
@@ -54,7 +46,7 @@ std::string Module::Start() {
         error = exported.initialise();
     }
     host.registration.SetPhase(RegistrationRole::Phase::Closed);
-    if (error != host::NoError) return name + ": the add-on could not be started (" + WriteCode(error) + ")";
+    if (error != host::NoError) return name + ": the add-on could not be started (" + host::WriteErrorCode(error) + ")";
     isStarted = true;
     return {};
 }

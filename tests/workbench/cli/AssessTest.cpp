@@ -247,7 +247,7 @@ TEST_F(AssessTest, StrictStopsAtWhatIsMissing) {
     const Finished refused = Kelvarnix({"assess", model, "--materials", folder.Write("strict.csv", whole), "--strict",
                                         "--refuse", "Model.ReadElementComponents"});
     EXPECT_EQ(refused.code, 4) << refused.errors;
-    EXPECT_TRUE(Contains(refused.errors, "elements could not be read and do not count")) << refused.errors;
+    EXPECT_TRUE(Contains(refused.errors, "elements that could not be read and do not count: ")) << refused.errors;
     EXPECT_TRUE(Contains(refused.output, " (incomplete)\n")) << refused.output;
 }
 

@@ -148,6 +148,18 @@ TEST_F(MaterialReportCommandTest, AssessWritesTheSpreadsheet) {
         EXPECT_TRUE(clitest::Contains(unusable.errors, failsWhole ? "temporary folder '/none/'" : "/none/kelvarnix-"))
             << unusable.errors;
     }
+    // And nothing is left in it.
+    const std::string temporary = folder.Path() + "/temporary";
+    std::filesystem::create_directory(temporary);
+    EXPECT_EQ(Kelvarnix({"assess", project, "--report", report, "--charts", folder.Path() + "/charts", "--quiet"},
+                        {{},
+                         [&] {
+                             return unsetenv("TEMP") == 0 && unsetenv("XDG_RUNTIME_DIR") == 0 &&
+                                    setenv("TMPDIR", temporary.c_str(), 1) == 0;
+                         }})
+                  .code,
+              0);
+    EXPECT_TRUE(std::filesystem::is_empty(temporary)) << *std::filesystem::directory_iterator(temporary);
     const std::string upper = folder.Path() + "/Report.XLSX";
     EXPECT_EQ(Kelvarnix({"assess", project, "--report", upper, "--quiet"}).code, 0);
     EXPECT_EQ(support::ContentOf(upper).substr(0, 2), "PK");

@@ -82,7 +82,7 @@ TEST_F(DispatchTest, ThePaletteOpensBeforeAProject) {
     ASSERT_NE(palette, nullptr);
     EXPECT_EQ(early.listCells.ReadText(palette->id, PaletteItems::Table, 9, 2), "TOTAL");
     // 0x810600CB: there is no project.
-    EXPECT_EQ(report, std::vector<std::string>{"GWP calculation: ended with host error -2130313013"});
+    EXPECT_EQ(report, std::vector<std::string>{"GWP calculation: ended with host error 0x810600CB"});
     early.OpenProject(test::MakeBuilding(), ProjectEvent::Open);
     EXPECT_TRUE(early.dialogManager.Press(palette->id, PaletteItems::UpdateButton));
     EXPECT_EQ(report.size(), 1U);
@@ -119,10 +119,10 @@ TEST_F(DispatchTest, WhatTheHostDoesNotOpenIsSaidOnce) {
         {"Dialogs.OpenPalette", [&] { choose(Menus::Palette); }, {"opening the palette: the host did not open it"}},
         {"Dialogs.RunModal", [&] { choose(Menus::ProjectSettings); }, {"opening a dialog: the host did not open it"}},
         {"UserInput.PickPoint", place, {}},
-        {"PlacedObjects.Create", place, {"placing the report object: ended with host error -2130313215"}},
+        {"PlacedObjects.Create", place, {"placing the report object: ended with host error 0x81060001"}},
         {"Dialogs.UnregisterPalette",
          [&] { module.Unload(); },
-         {"giving back a palette: ended with host error -2130313215"}},
+         {"giving back a palette: ended with host error 0x81060001"}},
     };
     for (const auto& one : cases) {
         report.clear();

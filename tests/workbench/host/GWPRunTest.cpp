@@ -147,12 +147,13 @@ TEST_F(GWPRunTest, GoesOnWhereTheHostRefuses) {
         const char* line;
     } cases[] = {
         {"Model.ReadElementComponents", 1, host::Errors::NoAccessRight, RunOutcome::Incomplete, 100,
-         "GWP calculation: 1 elements could not be read and do not count (first host error -2130312909)"},
+         "GWP calculation: elements that could not be read and do not count: 1 (first host error 0x81060133)"},
         {"Model.ReadElementHeader", 2, host::Errors::General, RunOutcome::Incomplete, 600,
-         "1 elements could not be read"},
+         "elements that could not be read and do not count: 1"},
         {"Properties.ReadElementValues", 2, host::Errors::General, RunOutcome::Incomplete, 800,
-         "1 elements count whole"},
-        {"Properties.ReadMaterialValues", 0, host::Errors::General, RunOutcome::Incomplete, 0, "3 values of building"},
+         "elements that count whole because their own LCA values could not be read: 1"},
+        {"Properties.ReadMaterialValues", 0, host::Errors::General, RunOutcome::Incomplete, 0,
+         "values of building materials that could not be read and count as 0: 3"},
         {"Databases.ChangeCurrentDatabase", 0, host::Errors::BadDatabase, RunOutcome::NotRun, 700,
          "ended with host error"},
         {"Model.ListElements", 0, host::Errors::General, RunOutcome::NotRun, 700, "ended with host error"},
