@@ -119,6 +119,7 @@ TEST(Record, ChangesGoOntoAnothersState) {
     edited.contributionGWP.erase(lca::ElementCategory::Inventory);
     onto.usedPhases = {"A1-A3", "B4", "C3"};
     onto.consideredServiceLifeYears = 81;
+    onto.SetPlainValue(FloorQuantity::GrossFloorArea, 66);
     onto.elementLives[lca::ElementCategory::Windows] = 12;
     onto.contributionShare[lca::ElementCategory::Installations] = 3;
     LCAProjectData expected = onto;
