@@ -1,4 +1,5 @@
 // The record's rules for floor quantities, and loading it from stored values.
+#include "lca/RecordChanges.h"
 #include "lca/RecordEncodings.h"
 
 #include <gtest/gtest.h>
@@ -87,6 +88,48 @@ TEST(Record, ReferenceAreaFromTheEvaluationIsTheGrossArea) {
     record.SetFloorChoice(FloorQuantity::GrossFloorArea, FloorSource::EnergyEvaluation);
     EXPECT_EQ(reference(), 200);
     EXPECT_EQ(record.GetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::ByHand), 100);
+}
+
+using Standards = std::vector<lca::Standard>;
+
+/// What one member changed goes onto what another has stored meanwhile: only that, and all of it.
+TEST(Record, ChangesGoOntoAnothersState) {
+    const lca::Standard a{"A", 1}, b{"B", 2}, c{"C", 3}, changed{"A", 9}, theirs{"T", 5};
+    const struct {
+        Standards before, edited, onto, expected;
+    } standards[] = {{{a, b}, {a, b}, {theirs}, {theirs}},                   // nothing changed
+                     {{a, b}, {b, a}, {a, b}, {b, a}},                       // nobody else did: as edited
+                     {{a, b}, {changed, b}, {theirs, a}, {theirs, changed}}, // in the old one's place
+                     {{a}, {a, c}, {a, theirs}, {a, theirs, c}},             // added at the end
+                     {{a, b}, {b}, {theirs, a, a}, {theirs, a}},             // removed once
+                     {{a, b}, {b}, {theirs}, {theirs}},                      // which the other has removed, too
+                     {{a, b}, {changed, b}, {theirs}, {theirs, changed}}};   // what was typed is not lost
+    for (const auto& row : standards) {
+        LCAProjectData before, edited, onto;
+        before.standards = row.before;
+        edited.standards = row.edited;
+        onto.standards = row.onto;
+        EXPECT_TRUE(lca::ApplyChanges(before, edited, onto).standards == row.expected) << &row - standards;
+    }
+    LCAProjectData before = MakeFullRecord(), edited = before, onto = before;
+    before.usedPhases = {"A1-A3", "C3"};
+    edited.usedPhases = {"C3", "D"};
+    edited.SetPlainValue(FloorQuantity::SolarPanels, 77);
+    edited.elementLives[lca::ElementCategory::Doors] = 44;
+    edited.contributionGWP.erase(lca::ElementCategory::Inventory);
+    onto.usedPhases = {"A1-A3", "B4", "C3"};
+    onto.consideredServiceLifeYears = 81;
+    onto.SetPlainValue(FloorQuantity::GrossFloorArea, 66);
+    onto.elementLives[lca::ElementCategory::Windows] = 12;
+    onto.contributionShare[lca::ElementCategory::Installations] = 3;
+    LCAProjectData expected = onto;
+    expected.usedPhases = {"B4", "C3", "D"};
+    expected.SetPlainValue(FloorQuantity::SolarPanels, 77);
+    expected.elementLives[lca::ElementCategory::Doors] = 44;
+    expected.contributionGWP.erase(lca::ElementCategory::Inventory);
+    const LCAProjectData applied = lca::ApplyChanges(before, edited, onto);
+    EXPECT_EQ(applied.usedPhases, expected.usedPhases);
+    EXPECT_TRUE(applied == expected);
 }
 
 } // namespace

@@ -157,7 +157,14 @@ TEST_F(TeamworkTest, SettingsCannotBeChangedWithoutTheReservation) {
     EXPECT_FALSE(TypeIntoCell(PaletteItems::Table, 3, "40"));
     EXPECT_TRUE(report.empty());
     PaletteItem(PaletteItems::ServiceLifeEdit).isEnabled = true;
+    int commands = 0;
+    host.refusals.rule = [&](const std::string& operation, const host::Guid&) {
+        if (operation == "UndoableCommands.Call") ++commands;
+        return host::NoError;
+    };
     EXPECT_TRUE(TypeIntoCell(PaletteItems::Table, 3, "40"));
+    EXPECT_EQ(commands, 0) << "without the right nothing is tried";
+    host.refusals.rule = nullptr;
     EXPECT_EQ(Cell(4, 3), "25.00");
     EXPECT_EQ(PaletteItem(PaletteItems::ServiceLifeEdit).text, "25");
     EXPECT_EQ(report.size(), 1U);
