@@ -1,6 +1,5 @@
 #include "xlsx/StyleRegistry.h"
 
-#include <algorithm>
 #include <tuple>
 
 namespace Xlsx {
@@ -30,21 +29,6 @@ auto Fields(const CellFormat& format) {
                     format.alignment.vertical, format.alignment.wrapsText, format.alignment.rotationDegrees);
 }
 
-// Position of the first equal entry; one past the end when there is none.
-template <class Entry>
-unsigned PositionOf(const std::vector<Entry>& list, const Entry& entry) {
-    const auto found =
-        std::find_if(list.begin(), list.end(), [&](const Entry& each) { return Fields(each) == Fields(entry); });
-    return static_cast<unsigned>(found - list.begin());
-}
-
-template <class Entry>
-unsigned Registered(std::vector<Entry>& list, const Entry& entry) {
-    const unsigned position = PositionOf(list, entry);
-    if (position == list.size()) list.push_back(entry);
-    return position;
-}
-
 std::string Digits(const NumberFormat& format) {
     std::string digits = format.hasThousandsSeparator ? "#,##0" : "0";
     if (format.decimals > 0) digits += "." + std::string(format.decimals, '0');
@@ -69,6 +53,21 @@ std::string NegativeSection(const NumberFormat& format) {
 
 } // namespace
 
+template <class Entry>
+bool ByFields::operator()(const Entry& left, const Entry& right) const {
+    return Fields(left) < Fields(right);
+}
+
+template <class Entry>
+unsigned EntryList<Entry>::Register(const Entry& entry) {
+    const auto place = positions.lower_bound(entry);
+    if (place != positions.end() && !ByFields()(entry, place->first)) return place->second;
+    const auto position = static_cast<unsigned>(entries.size());
+    entries.push_back(entry);
+    positions.emplace_hint(place, entry, position);
+    return position;
+}
+
 CStyleRegistry::CStyleRegistry() {
     Style style;
     AddStyle(style);
@@ -79,19 +78,18 @@ CStyleRegistry::CStyleRegistry() {
 
 unsigned CStyleRegistry::AddStyle(const Style& style) {
     CellFormat format;
-    format.border = Registered(borders, style.border);
-    format.font = Registered(fonts, style.font);
-    format.fill = Registered(fills, style.fill);
+    format.border = borders.Register(style.border);
+    format.font = fonts.Register(style.font);
+    format.fill = fills.Register(style.fill);
     format.numberFormat = NumberFormatId(style.numberFormat);
     format.alignment = style.alignment;
-    return Registered(cellFormats, format);
+    return cellFormats.Register(format);
 }
 
 unsigned CStyleRegistry::NumberFormatId(const NumberFormat& format) {
     if (format.id < firstCustomFormat) return format.id;
-    const unsigned position = Registered(numberFormats, CustomNumberFormat{nextNumberFormatId, format});
-    nextNumberFormatId = std::max(nextNumberFormatId, numberFormats[position].id + 1);
-    return numberFormats[position].id;
+    const auto nextId = static_cast<unsigned>(firstCustomFormat + NumberFormats().size());
+    return NumberFormats()[numberFormats.Register({nextId, format})].id;
 }
 
 std::string NumberFormatCode(const NumberFormat& format) {

@@ -3,6 +3,7 @@
 
 #include "xlsx/Style.h"
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -23,30 +24,49 @@ struct CellFormat {
     Alignment alignment;
 };
 
+/// Orders entries by all that tells them apart.
+struct ByFields {
+    template <class Entry>
+    bool operator()(const Entry& left, const Entry& right) const;
+};
+
+/// Different entries in the order in which they came, each found without going through the others.
+template <class Entry>
+class EntryList {
+public:
+    /// Position of the equal entry; appends the entry where there is none.
+    unsigned Register(const Entry& entry);
+
+    [[nodiscard]] const std::vector<Entry>& Entries() const { return entries; }
+
+private:
+    std::vector<Entry> entries;
+    std::map<Entry, unsigned, ByFields> positions;
+};
+
 /// Starts with the default record as cell format 0 and, as cell format 1, the one with the fill "gray125" and the
 /// built-in number format 1, because readers expect "none" and "gray125" as the first fills.
 class CStyleRegistry {
 public:
     CStyleRegistry();
 
-    /// Index of the record's cell format; equal records have the same one. The first equal entry of each list wins.
+    /// Index of the record's cell format; equal records have the same one.
     unsigned AddStyle(const Style& style);
 
-    [[nodiscard]] const std::vector<Font>& Fonts() const { return fonts; }
-    [[nodiscard]] const std::vector<CellFill>& Fills() const { return fills; }
-    [[nodiscard]] const std::vector<Border>& Borders() const { return borders; }
-    [[nodiscard]] const std::vector<CustomNumberFormat>& NumberFormats() const { return numberFormats; }
-    [[nodiscard]] const std::vector<CellFormat>& CellFormats() const { return cellFormats; }
+    [[nodiscard]] const std::vector<Font>& Fonts() const { return fonts.Entries(); }
+    [[nodiscard]] const std::vector<CellFill>& Fills() const { return fills.Entries(); }
+    [[nodiscard]] const std::vector<Border>& Borders() const { return borders.Entries(); }
+    [[nodiscard]] const std::vector<CustomNumberFormat>& NumberFormats() const { return numberFormats.Entries(); }
+    [[nodiscard]] const std::vector<CellFormat>& CellFormats() const { return cellFormats.Entries(); }
 
 private:
     unsigned NumberFormatId(const NumberFormat& format);
 
-    std::vector<Font> fonts;
-    std::vector<CellFill> fills;
-    std::vector<Border> borders;
-    std::vector<CustomNumberFormat> numberFormats;
-    std::vector<CellFormat> cellFormats;
-    unsigned nextNumberFormatId = firstCustomFormat;
+    EntryList<Font> fonts;
+    EntryList<CellFill> fills;
+    EntryList<Border> borders;
+    EntryList<CustomNumberFormat> numberFormats;
+    EntryList<CellFormat> cellFormats;
 };
 
 /// The format code of a custom number format, such as "#,##0.00;[Red]\-#,##0.00".

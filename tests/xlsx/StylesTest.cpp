@@ -201,11 +201,12 @@ TEST(StylesTest, WritesEachFieldOfARecord) {
 
 TEST(StylesTest, TakesTenThousandStyles) {
     const std::string styles = StylesOf([](CWorkbook& workbook) {
-        for (unsigned i = 0; i < 10000; ++i) {
+        for (unsigned i = 0; i < 20000; ++i) {
+            const unsigned number = i % 10000; // all of them once more at the end
             Style style;
-            style.font.sizePoints = static_cast<int>(1 + i % 100);
-            style.font.name = "Font " + std::to_string(i / 100);
-            ASSERT_EQ(workbook.AddStyle(style), i + 2);
+            style.font.sizePoints = static_cast<int>(1 + number % 100);
+            style.font.name = "Font " + std::to_string(number / 100);
+            ASSERT_EQ(workbook.AddStyle(style), number + 2);
         }
     });
     EXPECT_EQ(CountOf(styles, "<xf "), 10003U);

@@ -1,12 +1,14 @@
+#include "workbench/app/EnergyTransfer.h"
+#include "workbench/app/ModelInput.h"
+#include "workbench/app/ModelSettings.h"
+#include "workbench/app/Quantities.h"
+#include "workbench/app/SchemaView.h"
+#include "workbench/app/Session.h"
+#include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/EnergyTransfer.h"
-#include "workbench/cli/ModelInput.h"
-#include "workbench/cli/ModelSettings.h"
 #include "workbench/cli/Placing.h"
-#include "workbench/cli/Quantities.h"
-#include "workbench/cli/SchemaView.h"
-#include "workbench/cli/Session.h"
-#include "workbench/cli/Text.h"
+#include "workbench/cli/Waiting.h"
+#include "workbench/text/Letters.h"
 
 #include <nlohmann/json.hpp>
 
@@ -96,7 +98,7 @@ Outcome TakeEnergyData(const AssessOptions& options, Assessment& assessment) {
 
 Outcome Assess(const AssessOptions& options, const Preparation& preparation, Assessment& assessment) {
     const KeepChanges keep = IsSameFile(options.model, options.save) ? KeepChanges::InFile : KeepChanges::InMemory;
-    if (Outcome failure = OpenModel(options.model, keep, assessment.input)) return failure;
+    if (Outcome failure = ReadModel(options.model, keep, assessment.input)) return failure;
     if (Outcome failure = CheckElementSettings(assessment.input.project->model, preparation.elements)) return failure;
     const host::ProjectEvent event = assessment.input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
     const bool changesSettings = !preparation.table.GetRows().empty() || !options.sets.empty() ||
@@ -114,7 +116,7 @@ Outcome Assess(const AssessOptions& options, const Preparation& preparation, Ass
         assessment.session.GetHost().refusals.rule = [&](const std::string& operation, const host::Guid&) {
             return operation == options.refuse ? host::Errors::General : host::NoError;
         };
-    if (Outcome failure = assessment.session.UpdateResults()) return failure;
+    if (Outcome failure = Calculate(assessment.session)) return failure;
     if (Outcome failure = assessment.session.ReadPalette(assessment.palette)) return failure;
     if (!options.placeReport.empty()) {
         host::Point point;

@@ -1,10 +1,16 @@
 // The commands of the program. Each prints its result on standard output and notes on standard error.
 #pragma once
 
-#include "workbench/cli/Outcome.h"
+#include "workbench/app/Outcome.h"
+
+#include <nlohmann/json_fwd.hpp>
 
 #include <string>
 #include <vector>
+
+namespace workbench {
+struct MaterialReportContent;
+}
 
 namespace workbench::cli {
 
@@ -39,6 +45,9 @@ struct MaterialReportOptions {
 };
 
 Outcome RunMaterialReport(const MaterialReportOptions& options);
+/// An entry {layer, material, gwp} for every material of every layer.
+nlohmann::ordered_json DescribeMaterials(const MaterialReportContent& content);
+
 /// Makes a project shared or adds members, each "login;Full Name".
 Outcome RunShare(const std::string& project, const std::vector<std::string>& members);
 

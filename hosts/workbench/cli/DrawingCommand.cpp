@@ -1,7 +1,8 @@
 // drawing: a picture of a database with its placed objects.
+#include "workbench/app/ModelInput.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/ModelInput.h"
 #include "workbench/cli/Placing.h"
+#include "workbench/cli/Waiting.h"
 #include "workbench/images/DatabaseDrawing.h"
 
 #include <algorithm>
@@ -11,7 +12,7 @@ namespace workbench::cli {
 Outcome RunDrawing(const std::string& path, const std::string& name, const std::string& png) {
     ModelInput input;
     host::Database database;
-    if (Outcome failure = OpenModel(path, KeepChanges::InMemory, input)) return failure;
+    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
     const Model& model = input.project->model;
     if (Outcome failure = FindDatabase(model, "--database", name, database)) return failure;
     const bool isEmpty = std::none_of(model.GetPlacedObjects().begin(), model.GetPlacedObjects().end(),

@@ -1,7 +1,10 @@
 // energy: the export targets of the energy evaluation, and sending its results to one of them.
+#include "workbench/app/EnergyTransfer.h"
+#include "workbench/app/ModelInput.h"
+#include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/EnergyTransfer.h"
-#include "workbench/cli/ModelInput.h"
+#include "workbench/cli/Placing.h"
+#include "workbench/cli/Waiting.h"
 #include "workbench/trees/TreeJson.h"
 #include "workbench/trees/TreeXml.h"
 
@@ -26,6 +29,14 @@ Outcome WriteRequest(const std::string& path, const host::ObjectState& request) 
     return WriteOutput(path, text);
 }
 
+std::string WriteQuantities(const EnergyTransfer& transfer) {
+    std::vector<std::vector<std::string>> rows = {{"Quantity", "Before", "After", "Unit", "Taken from", ""}};
+    for (const QuantityChange& quantity : ListQuantities(transfer))
+        rows.push_back({quantity.name, quantity.before, quantity.after, quantity.unit, quantity.source,
+                        quantity.isChanged ? "changed" : ""});
+    return AlignColumns(rows, {Align::Left, Align::Right, Align::Right, Align::Left, Align::Left, Align::Left});
+}
+
 Outcome PrintTargets(Session& session) {
     std::vector<std::string> targets;
     if (Outcome failure = ListExportTargets(session, targets)) return failure;
@@ -43,7 +54,7 @@ Outcome RunEnergy(const EnergyOptions& options) {
                               (options.save.empty() || IsSameFile(options.model, options.save));
     const KeepChanges keep = changesModel ? KeepChanges::InFile : KeepChanges::InMemory;
     ModelInput input;
-    if (Outcome failure = OpenModel(options.model, keep, input)) return failure;
+    if (Outcome failure = ReadModel(options.model, keep, input)) return failure;
     const host::ProjectEvent event = input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
     const Purpose purpose = options.data.empty() ? Purpose::Reading : Purpose::Changing;
     Session session;

@@ -1,9 +1,10 @@
 // report-materials: the embodied carbon by layer and building material, and placing its report object.
+#include "workbench/app/ModelInput.h"
+#include "workbench/app/Session.h"
+#include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/ModelInput.h"
 #include "workbench/cli/Placing.h"
-#include "workbench/cli/Session.h"
-#include "workbench/cli/Text.h"
+#include "workbench/cli/Waiting.h"
 
 #include <nlohmann/json.hpp>
 
@@ -63,12 +64,12 @@ Outcome RunMaterialReport(const MaterialReportOptions& options) {
     if (Outcome failure = CheckOptions(options)) return failure;
     const KeepChanges keep = IsSameFile(options.model, options.save) ? KeepChanges::InFile : KeepChanges::InMemory;
     ModelInput input;
-    if (Outcome failure = OpenModel(options.model, keep, input)) return failure;
+    if (Outcome failure = ReadModel(options.model, keep, input)) return failure;
     const host::ProjectEvent event = input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
     Session session;
     if (Outcome failure = session.StartAs(std::move(input.project), event, options.model, options.as, Purpose::Reading))
         return failure;
-    if (Outcome failure = session.UpdateResults()) return failure;
+    if (Outcome failure = Calculate(session)) return failure;
     MaterialReportContent content;
     if (Outcome failure = Place(session, options, content)) return failure;
     if (const std::string& failure = session.GetProject().GetStoreFailure(); !failure.empty())

@@ -1,10 +1,12 @@
 // info, materials and record: looking at a model without assessing it.
+#include "workbench/app/MaterialTable.h"
+#include "workbench/app/ModelInput.h"
+#include "workbench/app/Quantities.h"
+#include "workbench/app/SchemaView.h"
+#include "workbench/app/Text.h"
+#include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/MaterialTable.h"
-#include "workbench/cli/ModelInput.h"
-#include "workbench/cli/Quantities.h"
-#include "workbench/cli/SchemaView.h"
-#include "workbench/cli/Text.h"
+#include "workbench/cli/Waiting.h"
 
 #include "lca/Numbers.h"
 
@@ -155,7 +157,7 @@ std::string DescribeReading(lca::PropertyKey key, const lca::StoredValue& stored
 
 Outcome RunInfo(const std::string& path) {
     ModelInput input;
-    if (Outcome failure = OpenModel(path, KeepChanges::InMemory, input)) return failure;
+    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
     const Model& model = input.project->model;
     std::string text = path + "\n";
     if (input.building) text += DescribeBuilding(*input.building);
@@ -172,7 +174,7 @@ Outcome RunInfo(const std::string& path) {
 
 Outcome RunMaterials(const std::string& path, const std::string& output) {
     ModelInput input;
-    if (Outcome failure = OpenModel(path, KeepChanges::InMemory, input)) return failure;
+    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
     const Model& model = input.project->model;
     const std::vector<MaterialCells> materials = ListMaterialCells(model);
     const std::vector<std::string> phases = ListPhaseColumns(materials);
@@ -202,7 +204,7 @@ Outcome RunMaterials(const std::string& path, const std::string& output) {
 Outcome RunRecord(const std::string& path, const std::string& jsonPath) {
     if (!IsProjectFile(path)) return Failure{UsageError, path + ": a record is kept in a project file (.kvp)"};
     ModelInput input;
-    if (Outcome failure = OpenModel(path, KeepChanges::InMemory, input)) return failure;
+    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
     Rows rows = {{"Key", "Property", "Stored", "Read as"}};
     nlohmann::ordered_json json = nlohmann::ordered_json::array();
     for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i) {

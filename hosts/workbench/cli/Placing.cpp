@@ -1,8 +1,14 @@
 #include "workbench/cli/Placing.h"
 
 #include "lca/Numbers.h"
+#include "workbench/app/ModelInput.h"
 
 namespace workbench::cli {
+
+Outcome CheckSave(const std::string& save) {
+    if (save.empty() || IsProjectFile(save)) return {};
+    return Failure{UsageError, "--save " + save + ": a project file ends in .kvp"};
+}
 
 Outcome ParsePoint(const std::string& option, const std::string& text, host::Point& point) {
     const std::size_t comma = text.find(',');

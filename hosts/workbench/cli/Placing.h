@@ -1,12 +1,15 @@
-// Options that place a report object: where in which window.
+// Options that change the project: where in which window a report object is placed, and the file that keeps it.
 #pragma once
 
-#include "workbench/cli/Outcome.h"
+#include "workbench/app/Outcome.h"
 #include "workbench/host/WorkbenchHost.h"
 
 #include <string>
 
 namespace workbench::cli {
+
+/// Where --save is given, it must name a project file.
+Outcome CheckSave(const std::string& save);
 
 /// "X,Y" in metres with decimal points; option is its name in the sentence of a failure.
 Outcome ParsePoint(const std::string& option, const std::string& text, host::Point& point);

@@ -1,9 +1,11 @@
 // share and teamwork: members of a project, and who holds its settings.
+#include "workbench/app/Membership.h"
+#include "workbench/app/ModelInput.h"
+#include "workbench/app/Session.h"
+#include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Membership.h"
-#include "workbench/cli/ModelInput.h"
-#include "workbench/cli/Session.h"
-#include "workbench/cli/Text.h"
+#include "workbench/cli/Waiting.h"
+#include "workbench/text/Letters.h"
 
 #include <algorithm>
 
@@ -52,7 +54,7 @@ std::string ListMembers(const Model& model) {
 
 Outcome OpenShared(const std::string& file, ModelInput& input) {
     if (!IsProjectFile(file)) return Failure{UsageError, file + ": members are kept in a project file (.kvp)"};
-    return OpenModel(file, KeepChanges::InFile, input);
+    return ReadModel(file, KeepChanges::InFile, input);
 }
 
 } // namespace

@@ -1,6 +1,6 @@
 // kelvarnix: the workbench on the command line.
+#include "workbench/app/Text.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Text.h"
 
 #include <CLI/CLI.hpp>
 
@@ -173,5 +173,5 @@ int main(int argc, char** argv) {
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "kelvarnix: the program cannot go on (%s); free memory and try again\n", failure.what());
     }
-    return workbench::cli::InputUnreadable;
+    return workbench::InputUnreadable;
 }

@@ -1,7 +1,7 @@
 // The energy evaluation beside the add-on, both loaded as modules: registration, request, and what the data do to the
 // record, the model and the palette.
 #include "host/EnergyExchange.h"
-#include "workbench/cli/SchemaView.h"
+#include "workbench/app/SchemaView.h"
 #include "workbench/energy/UserCommands.h"
 
 #include "lca/Numbers.h"
@@ -67,7 +67,7 @@ protected:
     /// Sends the parts inside of the root element.
     host::ErrorCode Send(const std::string& parts) { return SendDocument("<root>" + parts + "</root>"); }
     host::ErrorCode SendDocument(const std::string& document) { return Export(TargetText, document); }
-    lca::LCAProjectData Record() { return workbench::cli::ReadRecord(Model()); }
+    lca::LCAProjectData Record() { return workbench::ReadRecord(Model()); }
     /// What counts, of the four quantities and the solar limit: each value with * when it is the evaluation's.
     std::string State() {
         const lca::LCAProjectData record = Record();

@@ -1,0 +1,231 @@
+#include "workbench/app/MaterialTable.h"
+
+#include "workbench/app/Text.h"
+
+#include "lca/Numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <map>
+
+namespace workbench {
+
+namespace {
+
+constexpr std::array<std::string_view, 8> PhaseColumns = {"A1-A3", "A4", "B1", "C1", "C2", "C3", "C4", "D"};
+constexpr std::array<std::string_view, 6> PlainColumns = {"applies_to", "name",         "unit",
+                                                          "gwp",        "service_life", "density"};
+
+bool IsPhase(const std::string& column) {
+    return std::find(PhaseColumns.begin(), PhaseColumns.end(), column) != PhaseColumns.end();
+}
+
+std::string Trim(std::string_view text) {
+    const std::size_t first = text.find_first_not_of(" \t\r");
+    if (first == std::string_view::npos) return {};
+    return std::string(text.substr(first, text.find_last_not_of(" \t\r") - first + 1));
+}
+
+/// Text of a cell that opens with a quote, without the quotes; the position moves behind the closing one. None when it
+/// is not closed.
+std::optional<std::string> TakeQuoted(std::string_view line, std::size_t& position) {
+    std::string cell;
+    for (++position; position < line.size(); ++position) {
+        if (line[position] == '"') {
+            if (position + 1 == line.size() || line[position + 1] != '"') {
+                ++position;
+                return cell;
+            }
+            ++position;
+        }
+        cell += line[position];
+    }
+    return std::nullopt;
+}
+
+/// Cells of a line, without blanks around them; a cell in double quotes keeps its blanks and may hold ";" and, doubled,
+/// quotes. None when a quote is not closed.
+std::optional<std::vector<std::string>> SplitCells(std::string_view line) {
+    std::vector<std::string> cells;
+    for (std::size_t position = 0;; ++position) {
+        position = std::min(line.find_first_not_of(" \t\r", position), line.size());
+        std::string quoted;
+        if (position < line.size() && line[position] == '"') {
+            std::optional<std::string> taken = TakeQuoted(line, position);
+            if (!taken) return std::nullopt;
+            quoted = std::move(*taken);
+        }
+        const std::size_t end = std::min(line.find(';', position), line.size());
+        cells.push_back(quoted + Trim(line.substr(position, end - position)));
+        if (end == line.size()) return cells;
+        position = end;
+    }
+}
+
+/// A cell cannot hold a line break, a name in a model can.
+std::string PutOnOneLine(std::string text) {
+    const auto isBreak = [](char letter) { return letter == '\n' || letter == '\r'; };
+    std::replace_if(text.begin(), text.end(), isBreak, ' ');
+    return text;
+}
+
+class Parser {
+public:
+    Parser(const std::string& path, std::vector<MaterialRow>& rows) : path(path), rows(rows) {}
+
+    Outcome Parse(std::string_view text) {
+        if (text.substr(0, 3) == "\xEF\xBB\xBF") text.remove_prefix(3);
+        while (!text.empty()) {
+            const std::size_t end = text.find('\n');
+            ++line;
+            if (Outcome failure = ParseLine(text.substr(0, end))) return failure;
+            if (end == std::string_view::npos) break;
+            text.remove_prefix(end + 1);
+        }
+        return columns.empty() ? Fail("the table is empty; its first line is " + std::string(MaterialTableHeader))
+                               : Outcome();
+    }
+
+private:
+    Outcome Fail(const std::string& reason) const {
+        return Failure{InputUnreadable, path + ":" + std::to_string(std::max<std::size_t>(line, 1)) + ": " + reason};
+    }
+
+    Outcome ParseLine(std::string_view text) {
+        if (!IsUtf8(text)) return Fail("the text is not UTF-8; save the table as UTF-8");
+        if (text.find('\0') != std::string_view::npos) return Fail("the text is not UTF-8; save the table as UTF-8");
+        if (Trim(text).empty()) return {};
+        const std::optional<std::vector<std::string>> cells = SplitCells(text);
+        if (!cells) return Fail("a quote is not closed");
+        return columns.empty() ? TakeHeader(*cells) : TakeRow(*cells);
+    }
+
+    Outcome TakeHeader(const std::vector<std::string>& cells) {
+        for (std::size_t i = 0; i < cells.size(); ++i) {
+            const bool isPlain = std::find(PlainColumns.begin(), PlainColumns.end(), cells[i]) != PlainColumns.end();
+            if (!isPlain && !IsPhase(cells[i]))
+                return Fail("column \"" + cells[i] + "\" is unknown; the columns are " + MaterialTableHeader +
+                            ", or A1-A3, A4, B1, C1, C2, C3, C4, D in place of gwp");
+            if (!columns.emplace(cells[i], i).second) return Fail("column \"" + cells[i] + "\" occurs twice");
+            hasPhases = hasPhases || IsPhase(cells[i]);
+        }
+        for (const char* needed : {"applies_to", "name", "unit"})
+            if (columns.count(needed) == 0) return Fail("column \"" + std::string(needed) + "\" is missing");
+        if (hasPhases == (columns.count("gwp") > 0))
+            return Fail("the table needs either column \"gwp\" or columns by phase such as \"A1-A3\"");
+        return {};
+    }
+
+    Outcome TakeRow(const std::vector<std::string>& cells) {
+        if (cells.size() != columns.size())
+            return Fail("the line has " + std::to_string(cells.size()) + " cells, the first line has " +
+                        std::to_string(columns.size()));
+        const auto cell = [&](const char* name) {
+            const auto column = columns.find(name);
+            return column == columns.end() ? std::string() : cells[column->second];
+        };
+        MaterialRow row;
+        row.name = cell("name");
+        row.unit = cell("unit");
+        if (row.name.empty()) return Fail("the name is empty");
+        if (Outcome failure = TakeKind(cell("applies_to"), row)) return failure;
+        if (Outcome failure = TakeGWP(cells, row)) return failure;
+        if (Outcome failure = TakeServiceLife(cell("service_life"), row)) return failure;
+        if (Outcome failure = TakeDensity(cell("density"), row)) return failure;
+        rows.push_back(std::move(row));
+        return {};
+    }
+
+    Outcome TakeKind(const std::string& text, MaterialRow& row) const {
+        if (text == "material")
+            row.appliesTo = AppliesTo::Material;
+        else if (text == "door" || text == "window")
+            row.appliesTo = text == "door" ? AppliesTo::Door : AppliesTo::Window;
+        else
+            return Fail("applies_to is \"" + text + "\"; it is material, door or window");
+        const bool isMaterial = row.appliesTo == AppliesTo::Material;
+        const bool isKnown = isMaterial ? row.unit == "m3" || row.unit == "m2" || row.unit == "kg"
+                                        : row.unit == "piece" || row.unit == "m2";
+        if (!isKnown)
+            return Fail("the unit is \"" + row.unit + "\"; it is " + (isMaterial ? "m3, m2 or kg" : "piece or m2"));
+        return {};
+    }
+
+    Outcome TakeGWP(const std::vector<std::string>& cells, MaterialRow& row) const {
+        for (const auto& [name, position] : columns) {
+            if (name != "gwp" && !IsPhase(name)) continue;
+            if (cells[position].empty()) continue;
+            const std::optional<double> value = lca::ParseDecimal(cells[position]);
+            if (!value) return Fail(name + " is \"" + cells[position] + "\", which is no number");
+            if (name == "gwp")
+                row.gwp.plain = value;
+            else
+                row.gwp.byPhase.emplace_back(name, *value);
+        }
+        return {};
+    }
+
+    Outcome TakeServiceLife(const std::string& text, MaterialRow& row) const {
+        if (text.empty()) return {};
+        const std::optional<double> years = lca::ParseDecimal(text);
+        row.serviceLifeYears = lca::ParseWholeNumber(text);
+        if (!years || !row.serviceLifeYears || *years != *row.serviceLifeYears || *years < 0)
+            return Fail("service_life is \"" + text + "\"; it is whole years, 0 or more");
+        return {};
+    }
+
+    Outcome TakeDensity(const std::string& text, MaterialRow& row) const {
+        if (text.empty()) return {};
+        row.densityKgM3 = lca::ParseDecimal(text);
+        if (!row.densityKgM3 || *row.densityKgM3 < 0)
+            return Fail("density is \"" + text + "\"; it is kg/m3, 0 or more");
+        return {};
+    }
+
+    const std::string& path;
+    std::vector<MaterialRow>& rows;
+    std::map<std::string, std::size_t> columns;
+    bool hasPhases = false;
+    std::size_t line = 0;
+};
+
+} // namespace
+
+Outcome MaterialTable::Read(const std::string& path, MaterialTable& table) {
+    std::string text;
+    if (!ReadFile(path, text))
+        return Failure{InputUnreadable, path + ": the material table cannot be read; check the name"};
+    return Parse(path, text, table);
+}
+
+Outcome MaterialTable::Parse(const std::string& path, std::string_view text, MaterialTable& table) {
+    table = {};
+    std::vector<MaterialRow> rows;
+    if (Outcome failure = Parser(path, rows).Parse(text)) return failure;
+    for (const MaterialRow& row : rows)
+        table.foldedNames.push_back(FoldCase(row.name));
+    table.rows = std::move(rows);
+    return {};
+}
+
+const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& name) const {
+    const std::string folded = FoldCase(PutOnOneLine(name));
+    const auto find = [&](auto matches) -> const MaterialRow* {
+        for (std::size_t i = 0; i < rows.size(); ++i)
+            if (rows[i].appliesTo == appliesTo && rows[i].IsFilledIn() && matches(foldedNames[i])) return &rows[i];
+        return nullptr;
+    };
+    if (const MaterialRow* exact = find([&](const std::string& row) { return row == folded; })) return exact;
+    return find([&](const std::string& row) { return MatchesPattern(folded, row); });
+}
+
+std::string QuoteCell(const std::string& text) {
+    const std::string cell = PutOnOneLine(text);
+    if (cell.find_first_of(";\"") == std::string::npos && Trim(cell) == cell) return cell;
+    std::string quoted = "\"";
+    for (const char letter : cell)
+        quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);
+    return quoted + "\"";
+}
+
+} // namespace workbench

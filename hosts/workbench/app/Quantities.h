@@ -1,0 +1,24 @@
+// Sums over the elements of a model, for overviews.
+#pragma once
+
+#include "workbench/model/Model.h"
+
+#include <vector>
+
+namespace workbench {
+
+struct MaterialQuantity {
+    std::size_t components = 0;
+    double volumeM3 = 0.0;
+    double areaM2 = 0.0;
+    std::size_t withoutVolume = 0; ///< components that have an area only
+    std::size_t withoutArea = 0;   ///< components that have a volume only
+};
+
+/// One entry per building material, in attribute order.
+std::vector<MaterialQuantity> SumMaterialQuantities(const Model& model);
+
+/// What people call a kind of element.
+const char* GetTypeName(host::ElementType type);
+
+} // namespace workbench

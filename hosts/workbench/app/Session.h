@@ -1,0 +1,103 @@
+// The add-on at work: the workbench's host with the module loaded and a project open. Presses what a person presses and
+// reads what a person sees.
+#pragma once
+
+#include "workbench/app/Membership.h"
+#include "workbench/app/Outcome.h"
+#include "workbench/app/ProgressObserver.h"
+#include "workbench/host/Module.h"
+
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace workbench {
+
+/// One row of the palette's table; empty where the palette shows "-".
+struct TableRow {
+    std::string label;
+    std::optional<double> serviceLifeYears;
+    std::optional<double> percentage;
+    std::optional<double> gwp;
+    std::optional<double> gwpPerArea;
+    std::optional<double> gwpPerAreaPerYear;
+    std::vector<std::string> cells; ///< the texts of the shown columns: label, service life, contribution, three GWPs
+};
+
+struct PaletteContent {
+    std::vector<std::string> headers; ///< of the shown columns
+    std::vector<std::string> units;
+    std::vector<TableRow> categories;
+    TableRow total;
+    std::string lastUpdate;
+    bool isIncomplete = false; ///< the run could not read everything in the model
+};
+
+/// One row of the material report's table.
+struct MaterialSumRow {
+    enum class Kind { Layer, Material, Total };
+
+    Kind kind = Kind::Layer;
+    std::string layer; ///< also of a material's row
+    std::string material;
+    std::optional<double> gwp;      ///< kg CO2eq
+    std::vector<std::string> cells; ///< layer, name and GWP as the dialog shows them
+};
+
+struct MaterialReportContent {
+    std::vector<std::string> headers;
+    std::vector<MaterialSumRow> rows; ///< the last is the total
+};
+
+/// Where and with which settings the material report is placed.
+struct MaterialReportPlacing {
+    host::Point point;     ///< metres, in the floor plan
+    std::string favourite; ///< empty: default settings
+};
+
+class Session {
+public:
+    Session();
+    ~Session();
+
+    /// Loads and starts the add-on, and the energy evaluation where it is there; then opens the project as a host does.
+    Outcome Start(std::unique_ptr<Project> project, host::ProjectEvent event);
+    /// The same as the member with this login.
+    Outcome StartAs(std::unique_ptr<Project> project, host::ProjectEvent event, const std::string& file,
+                    const std::string& login, Purpose purpose);
+    /// Presses the button that reserves, requests or releases a set of settings, in the dialog that guards it.
+    Outcome PressTeamworkButton(const std::string& setName);
+    /// What that dialog says of the set, in one line.
+    std::string ReadTeamworkStatus(const std::string& setName);
+    /// Chooses "Show palette" and presses "Update results"; the observer hears how far the calculation is.
+    Outcome UpdateResults(const ProgressObserver& observer);
+    Outcome ReadPalette(PaletteContent& content);
+    /// Opens the material report from the palette, after UpdateResults, and reads its table; places the report object
+    /// when told where.
+    Outcome ReadMaterialReport(MaterialReportContent& content, const MaterialReportPlacing* placing = nullptr);
+
+    /// Presses "Place" in the palette and clicks at the point.
+    Outcome PlaceResultReport(const host::Point& point);
+    /// Presses "Generate LCA report..." and answers the save dialog with the path; the file is not opened.
+    Outcome GenerateReport(const std::string& path);
+    /// Writes the palette's charts as PNG and JPEG into the folder, which is made where it is missing.
+    Outcome WriteCharts(const std::string& folder);
+
+    WorkbenchHost& GetHost() { return *host; }
+    Project& GetProject() { return *host->GetProject(); }
+    /// Alerts that were shown and lines of the add-on's report, as sentences.
+    const std::vector<std::string>& GetMessages() const { return messages; }
+
+private:
+    void UseModal(std::int16_t menu, const std::function<void(host::DialogId)>& use);
+    Outcome UseMaterialReport(host::DialogId dialog, MaterialReportContent& content,
+                              const MaterialReportPlacing* placing);
+
+    std::unique_ptr<WorkbenchHost> host;
+    std::unique_ptr<Module> module;
+    std::unique_ptr<Module> energyModule; ///< the energy evaluation, which need not be there
+    std::vector<std::string> messages;
+};
+
+} // namespace workbench

@@ -1,0 +1,85 @@
+#include "workbench/app/Text.h"
+
+#include <unistd.h>
+
+#include <charconv>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+
+namespace workbench {
+
+namespace {
+
+/// Where a link leads, so that writing keeps the link.
+std::filesystem::path ResolveTarget(const std::string& path) {
+    std::error_code error;
+    const std::filesystem::path resolved = std::filesystem::weakly_canonical(path, error);
+    return error ? std::filesystem::path(path) : resolved;
+}
+
+bool WriteBytes(const std::filesystem::path& path, const std::string& content) {
+    std::FILE* file = std::fopen(path.c_str(), "wb");
+    if (file == nullptr) return false;
+    const bool isWritten = std::fwrite(content.data(), 1, content.size(), file) == content.size();
+    return std::fclose(file) == 0 && isWritten;
+}
+
+} // namespace
+
+bool MatchesPattern(std::string_view text, std::string_view pattern) {
+    std::size_t t = 0, p = 0, star = std::string_view::npos, resume = 0;
+    while (t < text.size()) {
+        if (p < pattern.size() && pattern[p] == '*') {
+            star = p++;
+            resume = t;
+        } else if (p < pattern.size() && pattern[p] == text[t]) {
+            ++p;
+            ++t;
+        } else if (star != std::string_view::npos) {
+            p = star + 1;
+            t = ++resume;
+        } else {
+            return false;
+        }
+    }
+    while (p < pattern.size() && pattern[p] == '*')
+        ++p;
+    return p == pattern.size();
+}
+
+bool ReadFile(const std::string& path, std::string& content) {
+    std::error_code error;
+    std::ifstream file(path, std::ios::binary);
+    if (!file || std::filesystem::is_directory(path, error)) return false;
+    content.assign(std::istreambuf_iterator<char>(file), {});
+    return !file.bad();
+}
+
+bool WriteFile(const std::string& path, const std::string& content) {
+    std::error_code error;
+    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
+        return WriteBytes(path, content);
+    const std::filesystem::path target = ResolveTarget(path);
+    const std::filesystem::path unfinished = target.string() + ".new-" + std::to_string(getpid());
+    if (WriteBytes(unfinished, content)) {
+        std::filesystem::rename(unfinished, target, error);
+        if (!error) return true;
+    }
+    std::filesystem::remove(unfinished, error);
+    return false;
+}
+
+std::string FormatShort(double value, int decimals) {
+    char buffer[400];
+    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
+    std::string text(buffer, result.ptr);
+    if (text.find('.') != std::string::npos) {
+        text.erase(text.find_last_not_of('0') + 1);
+        if (text.back() == '.') text.pop_back();
+    }
+    return text == "-0" ? "0" : text;
+}
+
+} // namespace workbench
