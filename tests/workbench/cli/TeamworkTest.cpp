@@ -294,14 +294,16 @@ TEST_F(TeamworkTest, WhatAnotherStoredSurvivesTheNextOk) {
     EXPECT_EQ(StoredGWP(test::Timber), "777");
     EXPECT_EQ(StoredValue(test::Timber, lca::PropertyKey::ServiceYear)->integer, 33);
 
-    asBen(properties, {"--set", "SERVICELIFE=90"});
     InDialog(Menus::ProjectSettings, [&] {
+        asBen(properties, {"--set", "SERVICELIFE=90", "--set", "CONTRIBUTION=Inventory_contribution=1;Inventory=7"});
         Press(ProjectSettingsItems::TeamworkButton);
         Press(ProjectSettingsItems::CancelButton);
     });
     host.dialogManager.ClickCell(Palette()->id, PaletteItems::Table, 6, 4);
     EXPECT_EQ(Default(lca::PropertyKey::ServiceLife).integer, 90);
-    EXPECT_NE(Default(lca::PropertyKey::Contribution).text.find("Inventory_contribution=0"), std::string::npos);
+    const std::string contribution = Default(lca::PropertyKey::Contribution).text;
+    EXPECT_NE(contribution.find("Inventory_contribution=0"), std::string::npos) << contribution;
+    EXPECT_NE(contribution.find("Inventory=7"), std::string::npos) << contribution;
     EXPECT_TRUE(report.empty()) << report.front();
 }
 

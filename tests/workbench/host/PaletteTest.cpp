@@ -73,6 +73,16 @@ TEST_F(PaletteTest, UpdateResultsReadsTheModelAnew) {
     EXPECT_EQ(Cell(4, 6), "0.00");
     ASSERT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton));
     EXPECT_EQ(Cell(4, 6), "400.00"); // 100 x ceil(100 / 25)
+    // A cancelled run leaves what is shown, its time included.
+    const std::string shown = Cell(4, 6);
+    PaletteItem(PaletteItems::LastUpdateTime).text = "then";
+    SetDoorGWP(77);
+    host.refusals.rule = [](const std::string& operation, const host::Guid&) {
+        return operation == "ProgressWindow.SetValue" ? host::Errors::Cancelled : host::NoError;
+    };
+    EXPECT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton));
+    EXPECT_EQ(Cell(4, 6), shown);
+    EXPECT_EQ(PaletteItem(PaletteItems::LastUpdateTime).text, "then");
 }
 
 TEST_F(PaletteTest, TheSelectedRowStaysSelected) {
