@@ -43,18 +43,42 @@ bool TakeChange(lca::PropertyKey key, const lca::LCAProjectData& before, const l
     return true;
 }
 
-host::ErrorCode StoreChanges(host::Host& host, const lca::LCAProjectData& before, const lca::LCAProjectData& after) {
-    LCADefinitions definitions;
-    if (const host::ErrorCode error = FindDefinitions(host, definitions)) return error;
-    host::Guid group;
-    const std::string name = ReadText(host, ResourceIds::Schema::ProjectGroup);
-    if (const host::ErrorCode error = FindPropertyGroup(host, name, group)) return error;
+/// A default of another kind, none at all, or a number that is none.
+bool HasUsableDefault(lca::PropertyKey key, const host::PropertyDefinition& definition) {
+    return definition.defaultValue.type == ToVariant(key, {}).type && std::isfinite(definition.defaultValue.real);
+}
+
+/// Takes the model's state into the record, and the definitions in which changes of it are stored: of each key the
+/// first that stands in the project group. One walk does both; an edit in the palette costs no second one.
+host::ErrorCode ReadRecord(host::Host& host, lca::LCAProjectData& record, LCADefinitions& stored) {
+    lca::LCAProjectData loaded = record;
+    lca::BeginLoad(loaded);
+    std::string unusable;
+    const std::string projectGroup = ReadText(host, ResourceIds::Schema::ProjectGroup);
+    const auto take = [&](lca::PropertyKey key, host::PropertyDefinition& definition,
+                          const host::PropertyGroup& group) {
+        if (!lca::IsProjectKey(key)) return;
+        if (HasUsableDefault(key, definition))
+            lca::ReadStoredValue(key, ToStored(definition), loaded);
+        else
+            unusable += (unusable.empty() ? "" : ", ") + definition.name;
+        std::optional<host::PropertyDefinition>& slot = stored[static_cast<std::size_t>(key)];
+        if (!slot && group.name == projectGroup) slot = std::move(definition);
+    };
+    if (const host::ErrorCode error = WalkDefinitions(host, take)) return error;
+    if (!unusable.empty())
+        General::ReportFailure(&host, "loading the project settings",
+                               ("no usable default value, the former one stays: " + unusable).c_str());
+    record = std::move(loaded);
+    return host::NoError;
+}
+
+host::ErrorCode StoreChanges(host::Host& host, const lca::LCAProjectData& before, const lca::LCAProjectData& after,
+                             LCADefinitions& stored) {
     std::vector<host::PropertyDefinition> changed;
-    for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i) {
-        std::optional<host::PropertyDefinition>& definition = definitions[i];
-        if (!definition || group.IsNull() || definition->group != group) continue;
-        if (TakeChange(static_cast<lca::PropertyKey>(i), before, after, *definition)) changed.push_back(*definition);
-    }
+    for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i)
+        if (stored[i] && TakeChange(static_cast<lca::PropertyKey>(i), before, after, *stored[i]))
+            changed.push_back(*stored[i]);
     if (changed.empty()) return host::NoError;
     const std::string undoName = ReadText(host, ResourceIds::OwnTexts::RecordUndoName);
     return host.GetUndoableCommands().Call(undoName, [&] {
@@ -62,11 +86,6 @@ host::ErrorCode StoreChanges(host::Host& host, const lca::LCAProjectData& before
             if (const host::ErrorCode error = host.GetProperties().ChangeDefinition(definition)) return error;
         return host::NoError;
     });
-}
-
-/// A default of another kind, none at all, or a number that is none.
-bool HasUsableDefault(lca::PropertyKey key, const host::PropertyDefinition& definition) {
-    return definition.defaultValue.type == ToVariant(key, {}).type && std::isfinite(definition.defaultValue.real);
 }
 
 } // namespace
@@ -77,48 +96,20 @@ host::Variant GetStoredDefault(lca::PropertyKey key, const lca::LCAProjectData& 
     return ToVariant(key, stored);
 }
 
-host::ErrorCode FindPropertyGroup(host::Host& host, const std::string& name, host::Guid& guid) {
-    guid = {};
-    std::vector<host::PropertyGroup> groups;
-    if (const host::ErrorCode error = host.GetProperties().ListGroups(groups)) return error;
-    for (const host::PropertyGroup& group : groups)
-        if (guid.IsNull() && group.name == name) guid = group.guid;
-    return host::NoError;
-}
-
 host::ErrorCode LoadProjectData(host::Host& host, lca::LCAProjectData& record) {
-    lca::LCAProjectData loaded = record;
-    lca::BeginLoad(loaded);
-    std::string unusable;
-    std::vector<host::PropertyGroup> groups;
-    if (const host::ErrorCode error = host.GetProperties().ListGroups(groups)) return error;
-    for (const host::PropertyGroup& group : groups) {
-        std::vector<host::PropertyDefinition> definitions;
-        if (const host::ErrorCode error = host.GetProperties().ListDefinitions(group.guid, definitions)) return error;
-        for (const host::PropertyDefinition& definition : definitions) {
-            const std::optional<lca::PropertyKey> key = lca::FindMarker(definition.description);
-            if (!key || !lca::IsProjectKey(*key)) continue;
-            if (HasUsableDefault(*key, definition))
-                lca::ReadStoredValue(*key, ToStored(definition), loaded);
-            else
-                unusable += (unusable.empty() ? "" : ", ") + definition.name;
-        }
-    }
-    if (!unusable.empty())
-        General::ReportFailure(&host, "loading the project settings",
-                               ("no usable default value, the former one stays: " + unusable).c_str());
-    record = std::move(loaded);
-    return host::NoError;
+    LCADefinitions stored;
+    return ReadRecord(host, record, stored);
 }
 
 host::ErrorCode ChangeProjectData(host::Host& host, lca::LCAProjectData& record,
                                   const std::function<void(lca::LCAProjectData&)>& change) {
     lca::LCAProjectData present = record;
-    if (const host::ErrorCode error = LoadProjectData(host, present)) return error;
+    LCADefinitions stored;
+    if (const host::ErrorCode error = ReadRecord(host, present, stored)) return error;
     lca::LCAProjectData changed = present;
     change(changed);
     if (!lca::IsFinite(changed)) return host::Errors::BadValue;
-    if (const host::ErrorCode error = StoreChanges(host, present, changed)) return error;
+    if (const host::ErrorCode error = StoreChanges(host, present, changed, stored)) return error;
     record = std::move(changed);
     return host::NoError;
 }

@@ -21,6 +21,3 @@ host::ErrorCode ChangeProjectData(host::Host& host, lca::LCAProjectData& record,
 
 /// What a project definition's default value is under this record.
 host::Variant GetStoredDefault(lca::PropertyKey key, const lca::LCAProjectData& record);
-
-/// Identifier of the group of this name; null where there is none.
-host::ErrorCode FindPropertyGroup(host::Host& host, const std::string& name, host::Guid& guid);

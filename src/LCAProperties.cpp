@@ -66,11 +66,7 @@ host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index) {
     return definition;
 }
 
-namespace {
-
-/// Hands every definition that carries a key's marker to the taker, in the model's order.
-template <typename Taker>
-host::ErrorCode WalkDefinitions(host::Host& host, Taker&& take) {
+host::ErrorCode WalkDefinitions(host::Host& host, const DefinitionTaker& take) {
     std::vector<host::PropertyGroup> groups;
     if (const host::ErrorCode error = host.GetProperties().ListGroups(groups)) return error;
     for (const host::PropertyGroup& group : groups) {
@@ -78,20 +74,19 @@ host::ErrorCode WalkDefinitions(host::Host& host, Taker&& take) {
         if (const host::ErrorCode error = host.GetProperties().ListDefinitions(group.guid, found)) return error;
         for (host::PropertyDefinition& definition : found) {
             const std::optional<lca::PropertyKey> key = lca::FindMarker(definition.description);
-            if (key) take(*key, std::move(definition));
+            if (key) take(*key, definition, group);
         }
     }
     return host::NoError;
 }
 
-} // namespace
-
 host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions) {
     definitions = {};
-    return WalkDefinitions(host, [&](lca::PropertyKey key, host::PropertyDefinition definition) {
-        std::optional<host::PropertyDefinition>& slot = definitions[static_cast<std::size_t>(key)];
-        if (!slot) slot = std::move(definition);
-    });
+    return WalkDefinitions(
+        host, [&](lca::PropertyKey key, host::PropertyDefinition& definition, const auto& /*group*/) {
+            std::optional<host::PropertyDefinition>& slot = definitions[static_cast<std::size_t>(key)];
+            if (!slot) slot = std::move(definition);
+        });
 }
 
 void WarnOfDoubledDefinitions(host::Host& host) {
@@ -99,7 +94,7 @@ void WarnOfDoubledDefinitions(host::Host& host) {
     std::set<lca::PropertyKey> known;
     std::string doubled;
     const host::ErrorCode error =
-        WalkDefinitions(host, [&](lca::PropertyKey key, const host::PropertyDefinition& definition) {
+        WalkDefinitions(host, [&](lca::PropertyKey key, const auto& definition, const auto& /*group*/) {
             if (!known.insert(key).second) doubled += (doubled.empty() ? "" : ", ") + definition.name;
         });
     General::ReportHostError(host, Task, error);

@@ -8,6 +8,7 @@
 #include "lca/PropertyKeys.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -18,7 +19,12 @@ host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index);
 /// The first definition of the model that carries each key's marker.
 using LCADefinitions = std::array<std::optional<host::PropertyDefinition>, lca::PropertyKeyCount>;
 
-/// Walks all groups in order. A host error ends the walk and is answered.
+/// Hands every definition that carries a key's marker to the taker, with its group, in the model's order. A host error
+/// ends the walk and is answered.
+using DefinitionTaker =
+    std::function<void(lca::PropertyKey key, host::PropertyDefinition& definition, const host::PropertyGroup& group)>;
+host::ErrorCode WalkDefinitions(host::Host& host, const DefinitionTaker& take);
+
 host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions);
 
 /// Names in the host's report the definitions whose marker an earlier one carries, too: they are read as well, and only

@@ -23,6 +23,16 @@ host::Date GetToday() {
     return {local.tm_year + 1900, local.tm_mon + 1, local.tm_mday};
 }
 
+/// Identifier of the group of this name; null where there is none.
+host::ErrorCode FindPropertyGroup(host::Host& host, const std::string& name, host::Guid& guid) {
+    guid = {};
+    std::vector<host::PropertyGroup> groups;
+    if (const host::ErrorCode error = host.GetProperties().ListGroups(groups)) return error;
+    for (const host::PropertyGroup& group : groups)
+        if (guid.IsNull() && group.name == name) guid = group.guid;
+    return host::NoError;
+}
+
 /// One run over the schema. Each step answers the host's first error.
 class SchemaBuilder {
 public:
