@@ -194,16 +194,22 @@ TEST_F(SchemaTest, TheRecordIsStoredAsOneStepNamedUndo) {
     EXPECT_FALSE(LoadProjectData(host, loaded));
 }
 
-TEST_F(SchemaTest, OnlyTheFirstOfTwoMarkedDefinitionsIsStored) {
+TEST_F(SchemaTest, OnlyTheFirstMarkedDefinitionOfTheProjectGroupIsStored) {
+    host::PropertyGroup foreign{{}, "Our own"};
+    ASSERT_EQ(host.commands.Call("group", [&] { return host.properties.CreateGroup(foreign); }), host::NoError);
     ASSERT_EQ(EnsureSchema(host), host::NoError);
-    host::PropertyDefinition copy = Definition(PropertyKey::ServiceLife);
-    copy.name = "Copy";
-    ASSERT_EQ(host.commands.Call("copy", [&] { return host.properties.CreateDefinition(copy); }), host::NoError);
+    host::PropertyDefinition behind = Definition(PropertyKey::ServiceLife);
+    behind.name = "Copy";
+    host::PropertyDefinition before = behind;
+    before.group = foreign.guid;
+    for (host::PropertyDefinition* copy : {&behind, &before})
+        ASSERT_EQ(host.commands.Call("copy", [&] { return host.properties.CreateDefinition(*copy); }), host::NoError);
     lca::LCAProjectData record;
     record.consideredServiceLifeYears = 80;
     ASSERT_EQ(Store(record), host::NoError);
     EXPECT_EQ(Definition(PropertyKey::ServiceLife).defaultValue.integer, 80);
-    EXPECT_EQ(Model().FindDefinition(copy.guid)->defaultValue.integer, 50);
+    for (const host::PropertyDefinition* copy : {&behind, &before})
+        EXPECT_EQ(Model().FindDefinition(copy->guid)->defaultValue.integer, 50);
 }
 
 TEST_F(SchemaTest, WithoutASchemaNothingIsReadOrWritten) {
