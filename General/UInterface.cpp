@@ -1,6 +1,6 @@
 #include "General/UInterface.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "host/Resources.h"
 #include "resources/ResourceIds.h"
 

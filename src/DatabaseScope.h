@@ -1,7 +1,7 @@
 // Makes other databases current for a while; the former one is current again at the end, on all paths.
 #pragma once
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "host/Model.h"
 
 class DatabaseScope {

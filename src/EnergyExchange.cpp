@@ -4,7 +4,7 @@
 #include "src/EnergyData.h"
 #include "src/LCAProjectDataStore.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "General/ObjectStateProcessor.h"
 #include "host/AddOnCommands.h"
 #include "host/EnergyExchange.h"

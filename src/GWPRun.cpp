@@ -4,7 +4,7 @@
 #include "src/LCAProjectDataStore.h"
 #include "src/MaterialProperties.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 
 #include "host/Commands.h"
 #include "host/Model.h"

@@ -3,7 +3,7 @@
 #include "src/LCAProjectDataStore.h"
 #include "src/Texts.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "General/UInterface.h"
 
 #include <algorithm>

@@ -2,7 +2,7 @@
 
 #include "src/LCAProperties.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "host/Commands.h"
 
 #include "lca/RecordChanges.h"

@@ -2,7 +2,7 @@
 
 #include "src/LCASchema.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "src/Texts.h"
 
 #include <algorithm>

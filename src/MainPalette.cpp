@@ -6,7 +6,7 @@
 #include "src/TeamworkRights.h"
 #include "src/WindowCommands.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "General/UInterface.h"
 #include "host/Model.h"
 #include "host/Registration.h"

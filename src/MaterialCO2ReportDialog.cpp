@@ -2,7 +2,7 @@
 
 #include "src/Texts.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "General/UInterface.h"
 
 #include <algorithm>

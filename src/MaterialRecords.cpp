@@ -1,6 +1,6 @@
 #include "src/MaterialRecords.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 
 #include <algorithm>
 

@@ -5,7 +5,7 @@
 #include "src/SystemStart.h"
 #include "src/Texts.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "General/UInterface.h"
 #include "host/Model.h"
 #include "host/UserInput.h"

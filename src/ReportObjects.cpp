@@ -3,7 +3,7 @@
 #include "src/DatabaseScope.h"
 #include "src/Texts.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 #include "host/Commands.h"
 #include "host/UserInput.h"
 #include "platform/Text.h"

@@ -3,7 +3,7 @@
 #include "src/AddOnContext.h"
 #include "src/LCAProjectDataStore.h"
 
-#include "General/CallbackGuard.h"
+#include "General/HostReport.h"
 
 void RunBuildingMaterialsSettings(host::Host& host, AddOnContext& context) {
     using Dialog = BuildingMaterialsLCASettingsDialog;
