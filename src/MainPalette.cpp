@@ -217,9 +217,8 @@ bool MainPalette::SaveChange(const PaletteEditors::RecordChange& change) {
 
 RunOutcome MainPalette::CollectElementGWP() {
     const RunOutcome outcome = RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums);
-    if (outcome == RunOutcome::Cancelled) return outcome;
     areSumsWhole = outcome == RunOutcome::Whole;
-    owner->lastCalculationText = MakeTimeStamp();
+    if (outcome != RunOutcome::Cancelled) owner->lastCalculationText = MakeTimeStamp();
     return outcome;
 }
 

@@ -91,7 +91,7 @@ private:
     PaletteEditors editors;
     lca::BaseSums baseSums;
     lca::Results results;
-    bool areSumsWhole = false;  ///< false before the first run, and where one could not read everything
+    bool areSumsWhole = false;  ///< whether the last run came to its end and read everything
     std::string lastUpdateText; ///< shown after "Last update from Archicad:"; empty until the first rebuild
     std::vector<std::string> tableText;
     std::vector<double> typeColors;

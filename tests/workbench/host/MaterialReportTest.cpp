@@ -226,6 +226,18 @@ TEST_F(MaterialReportTest, SkipsParametersThatThePartLacks) {
     EXPECT_EQ(Parameter(object, "date").text, u"");
 }
 
+TEST_F(MaterialReportTest, ACancelledRunLeavesTheFormerDate) {
+    host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{}); };
+    Place();
+    host.refusals.rule = [](const std::string& operation, const host::Guid&) {
+        return operation == "ProgressWindow.SetValue" ? host::Errors::Cancelled : host::NoError;
+    };
+    Place();
+    ASSERT_EQ(Model().GetPlacedObjects().size(), 2U);
+    const std::u16string date = Parameter(Model().GetPlacedObjects().back().guid, "date").text;
+    EXPECT_EQ(date.find(u"incomplete"), std::u16string::npos);
+}
+
 TEST_F(MaterialReportTest, UpdateResultsRewritesObjectsInAllDatabases) {
     Model().databases.push_back({host::DatabaseType::Worksheet, test::GuidOf(90), "W"});
     Model().databases.push_back({host::DatabaseType::MasterLayout, test::GuidOf(91), "M"});

@@ -83,6 +83,11 @@ TEST_F(PaletteTest, UpdateResultsReadsTheModelAnew) {
     EXPECT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton));
     EXPECT_EQ(Cell(4, 6), shown);
     EXPECT_EQ(PaletteItem(PaletteItems::LastUpdateTime).text, "then");
+    // A table that is made anew from the former sums says that they are not those of the model.
+    InDialog(Menus::ProjectSettings, [&] { Press(ProjectSettingsItems::OkButton); });
+    EXPECT_EQ(Cell(4, 6), shown);
+    const std::string stamp = PaletteItem(PaletteItems::LastUpdateTime).text;
+    EXPECT_NE(stamp.find(" (incomplete)"), std::string::npos) << stamp;
 }
 
 TEST_F(PaletteTest, TheSelectedRowStaysSelected) {
