@@ -5,9 +5,9 @@
 #include "workbench/app/Text.h"
 
 #include "lca/Numbers.h"
-
 #include "workbench/energy/UserCommands.h"
 #include "workbench/trees/XmlDocument.h"
+
 #include <filesystem>
 
 namespace workbench {

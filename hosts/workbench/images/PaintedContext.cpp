@@ -1,16 +1,16 @@
 #include "workbench/images/PaintedContext.h"
 
+#include <QDir>
 #include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <QPainterPath>
 #include <QString>
+#include <QTemporaryDir>
 #include <QTextOption>
 
 #include <cstdio>
-#include <cstdlib>
-#include <filesystem>
 
 namespace workbench {
 
@@ -28,25 +28,6 @@ constexpr double DegreesPerRadian = 180.0 / 3.14159265358979323846;
 constexpr int FontPixels = 11; ///< of the dialogs' small font
 constexpr double SlantedHeight = 200.0;
 
-/// A folder for what the application keeps while it runs: without one it makes one by itself and leaves it behind.
-class RuntimeFolder {
-public:
-    RuntimeFolder() {
-        std::error_code error;
-        path = (std::filesystem::temp_directory_path(error) / "kelvarnix-run-XXXXXX").string();
-        if (!error && mkdtemp(path.data()) != nullptr) qputenv("XDG_RUNTIME_DIR", path.c_str());
-    }
-    ~RuntimeFolder() {
-        std::error_code ignored;
-        std::filesystem::remove_all(path, ignored);
-    }
-    RuntimeFolder(const RuntimeFolder&) = delete;
-    RuntimeFolder& operator=(const RuntimeFolder&) = delete;
-
-private:
-    std::string path;
-};
-
 /// Fonts need an application object, which lives as long as the program.
 void EnsureFonts() {
     if (QCoreApplication::instance() != nullptr) return;
@@ -54,7 +35,9 @@ void EnsureFonts() {
     qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
         if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
     });
-    static const RuntimeFolder runtime;
+    // What the application keeps while it runs: without a folder it makes one by itself and leaves it behind.
+    static const QTemporaryDir runtime(QDir::tempPath() + "/kelvarnix-run-XXXXXX");
+    if (runtime.isValid()) qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     static int argumentCount = 1;
     static char name[] = "kelvarnix";
     static char* arguments[] = {name, nullptr};
