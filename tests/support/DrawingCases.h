@@ -52,7 +52,6 @@ struct Probe {
     host::Colour colour;
 };
 
-/// Context: is made of width, height and scale, and has GetPixel.
 template <class Context>
 void ExpectShapes() {
     constexpr double Pi = 3.14159265358979323846;
@@ -118,7 +117,6 @@ void ExpectShapes() {
     }
 }
 
-/// In the font that measures.
 template <class Context>
 void ExpectTexts(host::TextMeasuring& font) {
     constexpr int Width = 120, Height = 80, Scale = 2;
@@ -171,6 +169,14 @@ inline void ExpectMeasuring(host::TextMeasuring& font) {
     EXPECT_LT(font.MeasureWidth("iiii"), font.MeasureWidth("WWWW") / 2);
     EXPECT_NEAR(font.MeasureWidth("Ä"), font.MeasureWidth("A"), 0.5); // one letter of two bytes
     EXPECT_GT(font.MeasureWidth("A A"), font.MeasureWidth("AA"));
+}
+
+/// In pictures that are made of width, height and scale, have GetPixel, and write in the font that measures.
+template <class Context>
+void ExpectDrawing(host::TextMeasuring& font) {
+    ExpectShapes<Context>();
+    ExpectMeasuring(font);
+    ExpectTexts<Context>(font);
 }
 
 /// Width and height as a JPEG file's own frame header tells them; none where it is no JPEG file from start to end.

@@ -14,60 +14,20 @@
 
 namespace {
 
-TEST(WindowsTexts, Numbers) {
+TEST(WindowsRoles, Texts) {
     support::ExpectTwoDecimals(archicad::WriteTwoDecimals);
-}
-
-TEST(WindowsTexts, Times) {
     support::ExpectLocalTime(archicad::WriteLocalTime);
-}
-
-TEST(WindowsTexts, LowerCase) {
     support::ExpectLowerCase(archicad::ToLowerCase);
 }
 
-TEST(WindowsXml, WholeDocumentsAreTaken) {
+TEST(WindowsRoles, Xml) {
     archicad::XmlLiteReading reading;
-    support::ExpectWholeDocuments(reading);
+    support::ExpectXmlReading(reading);
 }
 
-TEST(WindowsXml, AnythingElseIsNothing) {
-    archicad::XmlLiteReading reading;
-    support::ExpectRefusedDocuments(reading);
-}
-
-TEST(WindowsXml, MovesFromElementToElement) {
-    archicad::XmlLiteReading reading;
-    support::ExpectMovesInDocuments(reading);
-}
-
-TEST(WindowsXml, DeepDocumentsAndEntitiesThatGrow) {
-    archicad::XmlLiteReading reading;
-    support::ExpectDeepAndGrowingDocuments(reading);
-}
-
-TEST(WindowsXml, LargeDocumentsStayWithinTheLimit) {
-    archicad::XmlLiteReading reading;
-    support::ExpectLimitOfDocuments(reading);
-}
-
-TEST(WindowsXml, DamagedDocuments) {
-    archicad::XmlLiteReading reading;
-    support::ExpectDamagedDocuments(reading);
-}
-
-TEST(WindowsDrawing, Shapes) {
-    support::ExpectShapes<archicad::GdiContext>();
-}
-
-TEST(WindowsDrawing, Texts) {
+TEST(WindowsRoles, Drawing) {
     archicad::GdiFont font;
-    support::ExpectTexts<archicad::GdiContext>(font);
-}
-
-TEST(WindowsDrawing, Measuring) {
-    archicad::GdiFont font;
-    support::ExpectMeasuring(font);
+    support::ExpectDrawing<archicad::GdiContext>(font);
 }
 
 /// As the system's decoder reads a picture.
@@ -88,7 +48,7 @@ host::Colour ReadPixel(const std::string& path, int x, int y) {
     return {bytes[0], bytes[1], bytes[2]};
 }
 
-TEST(WindowsDrawing, JpegFiles) {
+TEST(WindowsRoles, JpegFiles) {
     ASSERT_TRUE(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED)));
     support::ExpectJpegFiles([](auto&&... arguments) { return archicad::WriteJpeg(arguments...) == host::NoError; },
                              ReadPixel);

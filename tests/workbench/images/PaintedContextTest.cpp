@@ -11,18 +11,9 @@
 
 namespace {
 
-TEST(PaintedContext, Shapes) {
-    support::ExpectShapes<workbench::PaintedContext>();
-}
-
-TEST(PaintedContext, Texts) {
+TEST(PaintedContext, DrawsAsEveryHost) {
     workbench::PaintedFont font;
-    support::ExpectTexts<workbench::PaintedContext>(font);
-}
-
-TEST(PaintedContext, Measuring) {
-    workbench::PaintedFont font;
-    support::ExpectMeasuring(font);
+    support::ExpectDrawing<workbench::PaintedContext>(font);
 }
 
 TEST(PaintedContext, BeginsAtItsOrigin) {
