@@ -42,11 +42,9 @@ void CreateContext() {
 
 host::ErrorCode InstallHandlers() {
     host::Registration& registration = importedHost->GetRegistration();
-    for (const std::int16_t menu :
-         {ResourceIds::Menus::Palette, ResourceIds::Menus::MaterialReport, ResourceIds::Menus::BuildingMaterials,
-          ResourceIds::Menus::ProjectSettings, ResourceIds::Menus::Information})
+    for (const MenuResource& menu : Menus)
         General::ReportHostError(*importedHost, "installing a menu handler",
-                                 registration.InstallMenuHandler(menu, HandleMenuCommand));
+                                 registration.InstallMenuHandler(menu.menu, HandleMenuCommand));
     if (AddOnContext* context = GetContext().get())
         General::ReportHostError(*importedHost, "registering the palette",
                                  context->mainPalette.RegisterPalette(HandlePaletteRequest));
