@@ -1,12 +1,17 @@
 // The energy evaluation beside the add-on, both loaded as modules: registration, request, and what the data do to the
 // record, the model and the palette.
 #include "host/EnergyExchange.h"
+#include "src/EnergyExchange.h"
+#include "src/Kelvarnix.h"
+#include "support/TreeText.h"
 #include "workbench/app/SchemaView.h"
 #include "workbench/energy/UserCommands.h"
 
 #include "lca/Numbers.h"
 
 #include "DrivenAddOn.h"
+
+#include <set>
 
 namespace {
 
@@ -99,6 +104,26 @@ TEST_F(EnergyExchangeTest, RegistersOnceARunAndLeavesAtTheEnd) {
     EXPECT_TRUE(settings.IsEmpty());
 }
 
+TEST_F(EnergyExchangeTest, ARefusedStepIsAnsweredAndLeavesNoList) {
+    // Lists, parameters and calls; where asking fails the evaluation is switched on instead.
+    constexpr int ToAsk = 3, ToRegister = 5;
+    const std::set<std::string> steps = {"AddOnCommands.CreateParameterList", "AddOnCommands.AddParameter",
+                                         "AddOnCommands.Call"};
+    for (int refused = 0; refused <= ToAsk + ToRegister; ++refused) {
+        ASSERT_EQ(UnregisterExportTarget(host), host::NoError);
+        int next = 0;
+        host.refusals.rule = [&](const std::string& operation, const host::Guid&) {
+            return steps.count(operation) > 0 && next++ == refused ? host::ErrorCode{100} : host::NoError;
+        };
+        const bool isLeft = refused >= ToAsk && refused < ToAsk + ToRegister;
+        EXPECT_EQ(RegisterExportTarget(host), isLeft ? 100 : 0) << refused;
+        host.refusals.rule = nullptr;
+        EXPECT_EQ(Targets().size(), isLeft ? 0U : 1U) << refused;
+        EXPECT_EQ(host.addOnCommands.CountLists(), 0U) << refused;
+        ASSERT_EQ(RegisterExportTarget(host), host::NoError);
+    }
+}
+
 TEST_F(EnergyExchangeTest, AsksForYearlyValuesOfThreeDataSets) {
     ASSERT_EQ(SendDocument("<root/>"), host::NoError);
     for (const auto& [name, value] : settings.GetFields()) {
@@ -108,6 +133,11 @@ TEST_F(EnergyExchangeTest, AsksForYearlyValuesOfThreeDataSets) {
         EXPECT_EQ(std::get<std::string>(*set.Find("levelOfDetail")), isWanted ? "Yearly" : "Hourly") << name;
     }
     EXPECT_EQ(settings.GetFields().size(), 4U);
+    host::ObjectState none;
+    EXPECT_EQ(HandleExportSettings(none, false), host::NoError);
+    EXPECT_EQ(test::WriteTree(none), "projectKeyValuesData{ enableExport=b:1 levelOfDetail='Yearly' } "
+                                     "energySourcesFactor{ enableExport=b:1 levelOfDetail='Yearly' } "
+                                     "xlsValues{ enableExport=b:1 levelOfDetail='Yearly' } ");
 }
 
 TEST_F(EnergyExchangeTest, EachPartIsTakenOnItsOwn) {

@@ -239,32 +239,58 @@ TEST_F(MaterialReportTest, ACancelledRunLeavesTheFormerDate) {
 }
 
 TEST_F(MaterialReportTest, UpdateResultsRewritesObjectsInAllDatabases) {
-    Model().databases.push_back({host::DatabaseType::Worksheet, test::GuidOf(90), "W"});
-    Model().databases.push_back({host::DatabaseType::MasterLayout, test::GuidOf(91), "M"});
+    using host::DatabaseType;
+    std::vector<host::Guid> updated = {PutObject({}, 1)};
+    std::uint8_t number = 90;
+    for (const DatabaseType type :
+         {DatabaseType::Worksheet, DatabaseType::Section, DatabaseType::Elevation, DatabaseType::InteriorElevation,
+          DatabaseType::Detail, DatabaseType::Layout, DatabaseType::MasterLayout}) {
+        Model().databases.push_back({type, test::GuidOf(++number), "D"});
+        updated.push_back(PutObject(test::GuidOf(number), 1));
+    }
     const host::Guid layout = Model().databases[2].guid;
-    std::vector<host::Guid> updated = {PutObject({}, 1), PutObject(test::GuidOf(90), 1), PutObject(layout, 1),
-                                       PutObject(test::GuidOf(91), 1)};
     const std::vector<host::Guid> left = {PutObject({}, 0), PutObject(layout, 2),
                                           PutObject({}, 1, workbench::ResultReportPart),
                                           PutObject(test::GuidOf(99), 1)}; // in a database that does not exist
-    ASSERT_FALSE(host.databases.ChangeCurrentDatabase({host::DatabaseType::Layout, layout, {}}));
+    const auto rowsOf = [&](const std::vector<host::Guid>& objects) {
+        int rows = 0;
+        for (const host::Guid& object : objects)
+            rows += Parameter(object, "arr_texts").rows;
+        return rows;
+    };
+    ASSERT_FALSE(host.databases.ChangeCurrentDatabase({DatabaseType::Layout, layout, {}}));
     TogglePalette();
     const std::size_t steps = CountSteps();
     ASSERT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton));
-    for (const host::Guid& object : updated)
-        EXPECT_EQ(Parameter(object, "arr_texts").rows, 6);
-    for (const host::Guid& object : left)
-        EXPECT_EQ(Parameter(object, "arr_texts").rows, 1);
+    EXPECT_EQ(rowsOf(updated), 8 * 6);
+    EXPECT_EQ(rowsOf(left), 4);
     // The object of the other report has got a new date in a step of its own.
     EXPECT_EQ(CountSteps(), steps + 2);
     EXPECT_EQ(LastStep(), "Update all Result Report object");
     EXPECT_EQ(host.databases.GetCurrent().id, layout);
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
     EXPECT_EQ(LastStep(), "Update all CO2 Material report object");
-    EXPECT_EQ(Parameter(updated[0], "arr_texts").rows, 6);
+    EXPECT_EQ(rowsOf(updated), 8 * 6);
     ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
-    EXPECT_EQ(Parameter(updated[0], "arr_texts").rows, 1);
+    EXPECT_EQ(rowsOf(updated), 8);
     EXPECT_EQ(report, Texts());
+    // One that cannot be opened or listed keeps back no other.
+    for (const std::string refused :
+         {"Databases.ChangeCurrentDatabase", "Databases.ListDatabases", "Model.ListElements"}) {
+        bool isUpdating = false;
+        int asked = 0;
+        host.refusals.rule = [&](const std::string& operation, const host::Guid&) {
+            isUpdating = isUpdating || operation == "Libraries.FindObject";
+            return isUpdating && operation == refused && asked++ == 0 ? host::Errors::General : host::NoError;
+        };
+        ASSERT_TRUE(host.dialogManager.Press(Palette()->id, PaletteItems::UpdateButton));
+        host.refusals.rule = nullptr;
+        EXPECT_EQ(rowsOf(updated), 7 * 6 + 1) << refused;
+        EXPECT_EQ(report.size(), 1U) << refused;
+        report.clear();
+        ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
+        ASSERT_EQ(host.GetProject()->Undo(), host::NoError);
+    }
 }
 
 TEST_F(MaterialReportTest, ASecondOpeningIsRefused) {

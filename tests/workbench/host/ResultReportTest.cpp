@@ -164,6 +164,7 @@ TEST_F(ResultReportTest, ColumnsAreThePartsAndAMissingPartIsTold) {
         "the loaded libraries. Please add this file to the Libraries.");
     Press(UpdateButton); // nothing matches, nobody is told
     EXPECT_EQ(host.dialogManager.shownAlerts.size(), 1U);
+    EXPECT_EQ(report, Texts());
 }
 
 class SpreadsheetTest : public ResultReportTest {
