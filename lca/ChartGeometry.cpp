@@ -82,9 +82,11 @@ std::vector<ChartBar> LayOutBarChart(const std::vector<BarEntry>& sorted, const 
     const int margin = area.width / 15;
     const double usedWidth = area.width - 2 * margin;
     const double slot = usedWidth / static_cast<double>(sorted.size());
-    const double first = area.left + area.width / 2 - usedWidth / 2.0 + slot / 4.0 + margin / 4.0;
-    const double base = bottom - area.height / 2;
-    const double fullHeight = area.height / 3;
+    const int halfWidth = area.width / 2;
+    const int halfHeight = area.height / 2;
+    const double first = area.left + halfWidth - usedWidth / 2.0 + slot / 4.0 + margin / 4.0;
+    const double base = bottom - halfHeight;
+    const int fullHeight = area.height / 3;
     const double nameLimit = FindNameLimit(sorted, bottom - base - NameBottomMargin, font);
     for (std::size_t i = 0; i < sorted.size(); ++i) {
         const double left = first + static_cast<double>(i) * slot;

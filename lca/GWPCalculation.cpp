@@ -13,23 +13,29 @@ std::int64_t CountProvisions(std::uint32_t periodYears, std::int32_t serviceLife
     return period / serviceLifeYears + (period % serviceLifeYears > 0 ? 1 : 0);
 }
 
-double ComputeComponentGWP(const MaterialValues& material, double share, double volumeM3, double areaM2,
-                           std::uint32_t periodYears) {
-    double gwp = material.gwpPerUnit * share;
-    switch (material.unit) {
-    case MaterialUnit::CubicMetre:
-        gwp *= volumeM3;
-        break;
-    case MaterialUnit::SquareMetre:
-        gwp *= areaM2;
-        break;
-    case MaterialUnit::Kilogram:
-        gwp = gwp * volumeM3 * material.densityKgM3;
-        break;
+Contribution ComputeContribution(const MaterialValues& material, double share, double volumeM3, double areaM2,
+                                 std::uint32_t periodYears) {
+    Contribution result;
+    result.factor = material.gwpPerUnit;
+    result.material = &material;
+    result.share = share;
+    result.quantity = material.unit == MaterialUnit::SquareMetre ? areaM2 : volumeM3;
+    result.gwp = result.factor * result.share * result.quantity;
+    if (material.unit == MaterialUnit::Kilogram) {
+        result.quantity *= material.densityKgM3;
+        result.gwp *= material.densityKgM3;
     }
-    if (material.serviceLifeYears > 0)
-        gwp *= static_cast<double>(CountProvisions(periodYears, material.serviceLifeYears));
-    return gwp;
+    result.provisions = static_cast<double>(CountProvisions(periodYears, material.serviceLifeYears));
+    result.gwp *= result.provisions;
+    return result;
+}
+
+Contribution ComputeContribution(const ElementValues& own) {
+    Contribution result;
+    result.factor = own.gwp;
+    result.share = own.GetShare();
+    result.gwp = result.share * result.factor;
+    return result;
 }
 
 } // namespace lca

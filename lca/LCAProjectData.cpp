@@ -1,5 +1,7 @@
 #include "lca/LCAProjectData.h"
 
+#include "lca/LifeCycleModules.h"
+
 #include <algorithm>
 #include <cmath>
 
@@ -15,28 +17,23 @@ void LCAProjectData::Reset() {
     consideredServiceLifeYears = 50;
     standardsUnit = GWPUnitType::PerAreaAndYear;
     standards.clear();
-    usedPhases = {"A1-A3", "C3", "C4"};
+    usedPhases.clear();
+    for (const LifeCycleModule& module : LifeCycleModules)
+        if (module.isUsedByDefault) usedPhases.emplace_back(module.code);
     floorChoice.clear();
     evaluatedFloorValues.clear();
     enteredFloorValues.clear();
-    contributionEnabled = {{ElementCategory::Inventory, true},
-                           {ElementCategory::Installations, true},
-                           {ElementCategory::BuildingProcess, true}};
-    contributionShare = {{ElementCategory::Inventory, 5.0},
-                         {ElementCategory::Installations, 10.0},
-                         {ElementCategory::BuildingProcess, 10.0}};
+    contributionEnabled.clear();
+    contributionShare.clear();
     contributionGWP.clear();
-    elementLives = {{ElementCategory::Doors, 25},
-                    {ElementCategory::Windows, 25},
-                    {ElementCategory::Inventory, 30},
-                    {ElementCategory::Installations, 25}};
-    elementColours = {{ElementCategory::OperatingEmission, 0xFFB36D4DU},
-                      {ElementCategory::BuildingComponents, 0xFF2B82E2U},
-                      {ElementCategory::Doors, 0xFF7F7F7FU},
-                      {ElementCategory::Windows, 0xFF26C6F4U},
-                      {ElementCategory::Inventory, 0xFFD29866U},
-                      {ElementCategory::Installations, 0xFF46AD79U},
-                      {ElementCategory::BuildingProcess, 0xFF7F4830U}};
+    elementLives.clear();
+    for (const CategoryRow& row : CategoryRows) {
+        elementColours[row.category] = row.colour;
+        if (row.hasServiceLife) elementLives[row.category] = row.lifeYears;
+        if (!row.isShare) continue;
+        contributionEnabled[row.category] = true;
+        contributionShare[row.category] = row.sharePercent;
+    }
 }
 
 void LCAProjectData::SetFloorValue(FloorQuantity quantity, FloorSource source, double value) {

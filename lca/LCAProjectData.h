@@ -68,11 +68,11 @@ public:
     std::map<FloorQuantity, double> evaluatedFloorValues;
     std::map<FloorQuantity, double> enteredFloorValues;
 
-    std::map<ElementCategory, bool> contributionEnabled;     ///< true: stated as a share
-    std::map<ElementCategory, double> contributionShare;     ///< percent
-    std::map<ElementCategory, double> contributionGWP;       ///< kg CO2eq
-    std::map<ElementCategory, std::int32_t> elementLives;    ///< years
-    std::map<ElementCategory, std::uint32_t> elementColours; ///< ARGB
+    std::map<ElementCategory, bool> contributionEnabled;  ///< true: stated as a share
+    std::map<ElementCategory, double> contributionShare;  ///< percent
+    std::map<ElementCategory, double> contributionGWP;    ///< kg CO2eq
+    std::map<ElementCategory, std::int32_t> elementLives; ///< years
+    std::map<ElementCategory, Colour> elementColours;
 
     friend bool operator==(const LCAProjectData& a, const LCAProjectData& b);
 

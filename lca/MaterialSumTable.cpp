@@ -9,13 +9,13 @@ void MaterialSumTable::Clear() {
     lastLayer = 0;
 }
 
-void MaterialSumTable::Add(std::int32_t layer, std::int32_t buildingMaterial, double gwp) {
+void MaterialSumTable::Add(LayerIndex layer, BuildingMaterialIndex buildingMaterial, double gwp) {
     FindMaterial(FindLayer(layer), buildingMaterial).gwp += gwp;
 }
 
-std::size_t MaterialSumTable::FindLayer(std::int32_t layer) {
-    if (lastLayer < layers.size() && layers[lastLayer].layer == layer) return lastLayer;
-    const auto [entry, isNew] = positionOfLayer.try_emplace(layer, layers.size());
+std::size_t MaterialSumTable::FindLayer(LayerIndex layer) {
+    if (lastLayer < layers.size() && layers[lastLayer].layer.value == layer.value) return lastLayer;
+    const auto [entry, isNew] = positionOfLayer.try_emplace(layer.value, layers.size());
     if (isNew) {
         layers.push_back({layer, {}});
         positionOfMaterial.emplace_back();
@@ -24,9 +24,9 @@ std::size_t MaterialSumTable::FindLayer(std::int32_t layer) {
     return lastLayer;
 }
 
-MaterialSum& MaterialSumTable::FindMaterial(std::size_t layerPosition, std::int32_t buildingMaterial) {
+MaterialSum& MaterialSumTable::FindMaterial(std::size_t layerPosition, BuildingMaterialIndex buildingMaterial) {
     std::vector<MaterialSum>& materials = layers[layerPosition].materials;
-    const auto [entry, isNew] = positionOfMaterial[layerPosition].try_emplace(buildingMaterial, materials.size());
+    const auto [entry, isNew] = positionOfMaterial[layerPosition].try_emplace(buildingMaterial.value, materials.size());
     if (isNew) materials.push_back({buildingMaterial, 0.0});
     return materials[entry->second];
 }

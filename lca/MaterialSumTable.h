@@ -7,13 +7,21 @@
 
 namespace lca {
 
+/// Attribute indices of the host.
+struct LayerIndex {
+    std::int32_t value = 0;
+};
+struct BuildingMaterialIndex {
+    std::int32_t value = 0;
+};
+
 struct MaterialSum {
-    std::int32_t buildingMaterial = 0; ///< attribute index
-    double gwp = 0.0;                  ///< kg CO2eq
+    BuildingMaterialIndex buildingMaterial;
+    double gwp = 0.0; ///< kg CO2eq
 };
 
 struct LayerSums {
-    std::int32_t layer = 0; ///< attribute index
+    LayerIndex layer;
     std::vector<MaterialSum> materials;
 };
 
@@ -21,12 +29,12 @@ class MaterialSumTable {
 public:
     void Clear();
     /// Adds to the pair of this layer and material; a layer or material met for the first time is appended.
-    void Add(std::int32_t layer, std::int32_t buildingMaterial, double gwp);
+    void Add(LayerIndex layer, BuildingMaterialIndex buildingMaterial, double gwp);
     const std::vector<LayerSums>& GetLayers() const { return layers; }
 
 private:
-    std::size_t FindLayer(std::int32_t layer);
-    MaterialSum& FindMaterial(std::size_t layerPosition, std::int32_t buildingMaterial);
+    std::size_t FindLayer(LayerIndex layer);
+    MaterialSum& FindMaterial(std::size_t layerPosition, BuildingMaterialIndex buildingMaterial);
 
     std::vector<LayerSums> layers;
     std::unordered_map<std::int32_t, std::size_t> positionOfLayer;

@@ -1,5 +1,7 @@
 #include "lca/Numbers.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -7,20 +9,8 @@
 
 namespace lca {
 
-namespace {
-
-constexpr std::string_view Blanks = " \t\r\n";
-
-std::string_view TrimBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(Blanks);
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(Blanks) - first + 1);
-}
-
-} // namespace
-
 std::optional<double> ParseDecimal(std::string_view text) {
-    std::string number(TrimBlanks(text));
+    std::string number(utf8::Trim(text));
     std::replace(number.begin(), number.end(), ',', '.');
     const bool hasPlus = number.size() > 1 && number[0] == '+' && number[1] != '-';
     const char* first = number.data() + (hasPlus ? 1 : 0);

@@ -1,13 +1,14 @@
-// The nineteen keys by which the LCA property definitions are found again, and the markers that carry them in a
-// definition's description: LCAID="KEY", and LCAUNIT="UNIT" for the standards' unit.
+// The table of the nineteen keys by which the LCA property definitions are found again, with what each stores, and the
+// markers that carry them in a definition's description: LCAID="KEY", and LCAUNIT="UNIT" for the standards' unit.
 #pragma once
 
-#include "lca/Categories.h"
+#include "lca/LCAProjectData.h"
 
 #include <array>
 #include <optional>
 #include <string>
 #include <string_view>
+#include <variant>
 
 namespace lca {
 
@@ -38,21 +39,45 @@ inline constexpr std::size_t PropertyKeyCount = 19;
 inline constexpr std::size_t FirstElementKey = 3;
 inline constexpr std::size_t FirstProjectKey = 6;
 
-std::string_view GetKeyText(PropertyKey key);
-std::optional<PropertyKey> FindPropertyKey(std::string_view keyText);
+enum class KeyOwner : std::uint8_t { BuildingMaterial, Element, Project };
 
-inline bool IsMaterialKey(PropertyKey key) {
-    return static_cast<std::size_t>(key) < FirstElementKey;
+/// What a project definition stores as its default value.
+using StoredValue = std::variant<std::int32_t, double, std::string>;
+/// The first three are the positions in StoredValue; project keys have no other.
+enum class StoredKind : std::uint8_t { Integer, Real, Text, Boolean };
+
+struct PropertyKeyRow {
+    PropertyKey key;
+    std::string_view text;
+    StoredKind kind;
+    KeyOwner owner;
+    std::optional<FloorQuantity> quantity; ///< that a project key stores as its plain real value
+    /// Of project keys, else null. A value of the key's kind goes into the record; what cannot be read is left out.
+    void (*decode)(const StoredValue& stored, LCAProjectData& record);
+    StoredValue (*encode)(const LCAProjectData& record);
+};
+
+/// By position.
+const std::array<PropertyKeyRow, PropertyKeyCount>& GetPropertyKeys();
+const PropertyKeyRow& GetRow(PropertyKey key);
+/// Null for a text that is no key.
+const PropertyKeyRow* FindPropertyKey(std::string_view keyText);
+
+inline std::string_view GetKeyText(PropertyKey key) {
+    return GetRow(key).text;
 }
 inline bool IsProjectKey(PropertyKey key) {
-    return static_cast<std::size_t>(key) >= FirstProjectKey;
-}
-inline bool IsElementKey(PropertyKey key) {
-    return !IsMaterialKey(key) && !IsProjectKey(key);
+    return GetRow(key).owner == KeyOwner::Project;
 }
 
-/// The quantity that a project key stores as its plain real value.
-std::optional<FloorQuantity> GetFloorQuantity(PropertyKey key);
+/// Takes what a project definition holds into the record, whose floor maps BeginLoad has cleared before the first.
+/// Answers false and changes nothing where the key is no project key, the value is of another kind or no finite number.
+bool ReadStoredValue(PropertyKey key, const StoredValue& stored, std::string_view description, LCAProjectData& record);
+/// The description as the record wants it: all of it stays but the unit marker of the standards.
+std::string WriteDescription(PropertyKey key, const LCAProjectData& record, std::string_view description);
+
+/// As a plain text: a whole number, a decimal number, or the text itself.
+std::string WriteStoredText(const StoredValue& stored);
 
 /// LCAID="KEY"
 std::string WriteMarker(PropertyKey key);

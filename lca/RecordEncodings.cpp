@@ -36,24 +36,39 @@ void ForEachEntry(std::string_view text, Take take) {
         if (const auto parts = SplitEntry(entry)) take(parts->first, parts->second);
 }
 
-std::optional<std::uint32_t> DecodeColour(std::string_view text) {
-    std::uint32_t colour = 0xFFU;
-    int channels = 0;
+template <typename Value, typename Encode>
+std::string EncodeCategories(const std::map<ElementCategory, Value>& values, Encode encode) {
+    std::string text;
+    for (const auto& [category, value] : values)
+        AppendEntry(text, GetKeyText(category), encode(value));
+    return text;
+}
+
+template <typename Value, typename Decode>
+void DecodeCategories(std::string_view text, Decode decode, std::map<ElementCategory, Value>& values) {
+    values.clear();
+    ForEachEntry(text, [&](std::string_view key, std::string_view stored) {
+        const std::optional<ElementCategory> category = FindCategory(key);
+        const std::optional<Value> value = decode(stored);
+        if (category && value) values[*category] = *value;
+    });
+}
+
+std::optional<Colour> DecodeColour(std::string_view text) {
+    std::vector<std::uint8_t> channels;
     while (true) {
         const std::size_t comma = text.find(',');
         const std::optional<std::int32_t> channel = ParseWholeNumber(text.substr(0, comma));
         if (!channel || *channel < 0 || *channel > 255) return std::nullopt;
-        colour = (colour << 8U) | static_cast<std::uint32_t>(*channel);
-        ++channels;
+        channels.push_back(static_cast<std::uint8_t>(*channel));
         if (comma == std::string_view::npos) break;
         text.remove_prefix(comma + 1);
     }
-    return channels == 3 ? std::optional(colour) : std::nullopt;
+    return channels.size() == 3 ? std::optional(Colour{channels[0], channels[1], channels[2]}) : std::nullopt;
 }
 
-std::string EncodeColour(std::uint32_t argb) {
-    return std::to_string((argb >> 16U) & 255U) + "," + std::to_string((argb >> 8U) & 255U) + "," +
-           std::to_string(argb & 255U);
+std::string EncodeColour(Colour colour) {
+    return std::to_string(colour.red) + "," + std::to_string(colour.green) + "," + std::to_string(colour.blue);
 }
 
 } // namespace
@@ -75,9 +90,9 @@ std::optional<std::pair<std::string_view, std::string_view>> SplitEntry(std::str
     return std::pair(entry.substr(0, equals), entry.substr(equals + 1));
 }
 
-std::string EncodeStandards(const std::vector<Standard>& standards) {
+std::string EncodeStandards(const LCAProjectData& record) {
     std::string text;
-    for (const Standard& standard : standards) {
+    for (const Standard& standard : record.standards) {
         std::string name = standard.name;
         std::replace(name.begin(), name.end(), ';', ','); // the form has no way to hold a semicolon
         AppendEntry(text, name, WriteDecimal(standard.limit));
@@ -85,28 +100,27 @@ std::string EncodeStandards(const std::vector<Standard>& standards) {
     return text;
 }
 
-std::vector<Standard> DecodeStandards(std::string_view text) {
-    std::vector<Standard> standards;
+void DecodeStandards(std::string_view text, LCAProjectData& record) {
+    record.standards.clear();
     ForEachEntry(text, [&](std::string_view name, std::string_view value) {
-        if (const std::optional<double> limit = ParseDecimal(value)) standards.push_back({std::string(name), *limit});
+        if (const std::optional<double> limit = ParseDecimal(value))
+            record.standards.push_back({std::string(name), *limit});
     });
-    return standards;
 }
 
-std::string EncodePhases(const std::vector<std::string>& phases) {
+std::string EncodePhases(const LCAProjectData& record) {
     std::string text;
-    for (const std::string& phase : phases) {
+    for (const std::string& phase : record.usedPhases) {
         if (!text.empty()) text += ';';
         text += phase;
     }
     return text;
 }
 
-std::vector<std::string> DecodePhases(std::string_view text) {
-    std::vector<std::string> phases;
+void DecodePhases(std::string_view text, LCAProjectData& record) {
+    record.usedPhases.clear();
     for (std::string_view phase : SplitEntries(text))
-        phases.emplace_back(phase);
-    return phases;
+        record.usedPhases.emplace_back(phase);
 }
 
 std::string EncodeContribution(const LCAProjectData& record) {
@@ -138,38 +152,20 @@ void DecodeContribution(std::string_view text, LCAProjectData& record) {
     });
 }
 
-std::string EncodeElementLives(const std::map<ElementCategory, std::int32_t>& lives) {
-    std::string text;
-    for (const auto& [category, years] : lives)
-        AppendEntry(text, GetKeyText(category), std::to_string(years));
-    return text;
+std::string EncodeElementLives(const LCAProjectData& record) {
+    return EncodeCategories(record.elementLives, [](std::int32_t years) { return std::to_string(years); });
 }
 
-std::map<ElementCategory, std::int32_t> DecodeElementLives(std::string_view text) {
-    std::map<ElementCategory, std::int32_t> lives;
-    ForEachEntry(text, [&](std::string_view key, std::string_view value) {
-        const std::optional<ElementCategory> category = FindCategory(key);
-        const std::optional<std::int32_t> years = ParseWholeNumber(value);
-        if (category && years) lives[*category] = *years;
-    });
-    return lives;
+void DecodeElementLives(std::string_view text, LCAProjectData& record) {
+    DecodeCategories(text, ParseWholeNumber, record.elementLives);
 }
 
-std::string EncodeElementColours(const std::map<ElementCategory, std::uint32_t>& colours) {
-    std::string text;
-    for (const auto& [category, argb] : colours)
-        AppendEntry(text, GetKeyText(category), EncodeColour(argb));
-    return text;
+std::string EncodeElementColours(const LCAProjectData& record) {
+    return EncodeCategories(record.elementColours, EncodeColour);
 }
 
-std::map<ElementCategory, std::uint32_t> DecodeElementColours(std::string_view text) {
-    std::map<ElementCategory, std::uint32_t> colours;
-    ForEachEntry(text, [&](std::string_view key, std::string_view value) {
-        const std::optional<ElementCategory> category = FindCategory(key);
-        const std::optional<std::uint32_t> argb = DecodeColour(value);
-        if (category && argb) colours[*category] = *argb;
-    });
-    return colours;
+void DecodeElementColours(std::string_view text, LCAProjectData& record) {
+    DecodeCategories(text, DecodeColour, record.elementColours);
 }
 
 std::string EncodeFloorSettings(const LCAProjectData& record) {
@@ -199,81 +195,10 @@ void DecodeFloorSettings(std::string_view text, LCAProjectData& record) {
     });
 }
 
-StoredKind GetStoredKind(PropertyKey projectKey) {
-    if (projectKey == PropertyKey::ServiceLife) return StoredKind::Integer;
-    return GetFloorQuantity(projectKey) ? StoredKind::Real : StoredKind::Text;
-}
-
 void BeginLoad(LCAProjectData& record) {
     record.floorChoice.clear();
     record.evaluatedFloorValues.clear();
     record.enteredFloorValues.clear();
-}
-
-void ReadStoredValue(PropertyKey key, const StoredValue& stored, LCAProjectData& record) {
-    switch (key) {
-    case PropertyKey::GWPStandards:
-        record.standardsUnit = ReadUnitMarker(stored.description);
-        record.standards = DecodeStandards(stored.text);
-        return;
-    case PropertyKey::Phases:
-        record.usedPhases = DecodePhases(stored.text);
-        return;
-    case PropertyKey::ServiceLife:
-        record.consideredServiceLifeYears = static_cast<std::uint32_t>(std::max(stored.integer, 0));
-        return;
-    case PropertyKey::Contribution:
-        DecodeContribution(stored.text, record);
-        return;
-    case PropertyKey::ElementLives:
-        record.elementLives = DecodeElementLives(stored.text);
-        return;
-    case PropertyKey::ElementColours:
-        record.elementColours = DecodeElementColours(stored.text);
-        return;
-    case PropertyKey::FloorSettings:
-        DecodeFloorSettings(stored.text, record);
-        return;
-    default:
-        break;
-    }
-    const std::optional<FloorQuantity> quantity = GetFloorQuantity(key);
-    if (!quantity) return;
-    record.SetPlainValue(*quantity, stored.real);
-    record.enteredFloorValues.emplace(*quantity, stored.real);
-    if (*quantity != FloorQuantity::ReferenceFloorArea) record.evaluatedFloorValues.emplace(*quantity, stored.real);
-}
-
-void WriteStoredValue(PropertyKey key, const LCAProjectData& record, StoredValue& stored) {
-    switch (key) {
-    case PropertyKey::GWPStandards:
-        stored.text = EncodeStandards(record.standards);
-        stored.description = WriteUnitMarker(stored.description, record.standardsUnit);
-        return;
-    case PropertyKey::Phases:
-        stored.text = EncodePhases(record.usedPhases);
-        return;
-    case PropertyKey::ServiceLife:
-        stored.integer =
-            static_cast<std::int32_t>(std::min<std::uint32_t>(record.consideredServiceLifeYears, INT32_MAX));
-        return;
-    case PropertyKey::Contribution:
-        stored.text = EncodeContribution(record);
-        return;
-    case PropertyKey::ElementLives:
-        stored.text = EncodeElementLives(record.elementLives);
-        return;
-    case PropertyKey::ElementColours:
-        stored.text = EncodeElementColours(record.elementColours);
-        return;
-    case PropertyKey::FloorSettings:
-        stored.text = EncodeFloorSettings(record);
-        return;
-    default:
-        break;
-    }
-    if (const std::optional<FloorQuantity> quantity = GetFloorQuantity(key))
-        stored.real = record.GetPlainValue(*quantity);
 }
 
 } // namespace lca

@@ -1,5 +1,7 @@
 #include "lca/ReportSheet.h"
 
+#include "text/Utf8.h"
+
 #include <algorithm>
 #include <cmath>
 #include <cstdio>
@@ -37,54 +39,35 @@ SheetCell AsYears(SheetCell cell) {
     return cell;
 }
 
-CellRole GetLabelRole(ElementCategory category) {
-    return category == ElementCategory::OperatingEmission || category == ElementCategory::BuildingProcess
-               ? CellRole::StageLabel
-               : CellRole::PartLabel;
+CellRole GetLabelRole(const CategoryRow& row) {
+    return row.sum == nullptr && !row.hasServiceLife ? CellRole::StageLabel : CellRole::PartLabel;
 }
 
 Inputs WithServiceLife(double embodied, double percentage, double periodYears, double serviceLifeYears) {
     return {embodied, percentage, serviceLifeYears, periodYears / serviceLifeYears};
 }
 
-Inputs GetInputs(const LCAProjectData& record, const BaseSums& sums, const Results& results, ElementCategory category) {
+Inputs GetInputs(const LCAProjectData& record, const BaseSums& sums, const Results& results, const CategoryRow& row) {
     const double period = record.consideredServiceLifeYears;
-    const double life = ValueOr(record.elementLives, category, 0);
-    const double perPeriod = results.Get(category).perPeriodGWP.value_or(0.0);
-    switch (category) {
-    case ElementCategory::OperatingEmission:
-        return {record.GetFloorValue(FloorQuantity::OperationalEmission), 0.0, 0.0, 0.0};
-    case ElementCategory::BuildingComponents:
-        return WithServiceLife(sums.buildingComponents, 0.0, period, period);
-    case ElementCategory::Doors:
-        return WithServiceLife(sums.doors, 0.0, period, life);
-    case ElementCategory::Windows:
-        return WithServiceLife(sums.windows, 0.0, period, life);
-    case ElementCategory::Inventory:
-    case ElementCategory::Installations:
-        return WithServiceLife(perPeriod, ValueOr(record.contributionShare, category, 0.0), period, life);
-    case ElementCategory::BuildingProcess:
-        break;
-    }
+    const double life = row.hasServiceLife ? ValueOr(record.elementLives, row.category, 0) : period;
+    if (row.sum != nullptr) return WithServiceLife(sums.*row.sum, 0.0, period, life);
+    if (!row.isShare) return {record.GetFloorValue(FloorQuantity::OperationalEmission), 0.0, 0.0, 0.0};
+    const double perPeriod = results.Get(row.category).perPeriodGWP.value_or(0.0);
+    const auto share = [&](ElementCategory category) { return ValueOr(record.contributionShare, category, 0.0); };
+    if (row.hasServiceLife) return WithServiceLife(perPeriod, share(row.category), period, life);
     // The construction process shows the percentage of the installations.
-    return {perPeriod, ValueOr(record.contributionShare, ElementCategory::Installations, 0.0), 0.0, 0.0};
+    return {perPeriod, share(ElementCategory::Installations), 0.0, 0.0};
 }
 
-const std::string& GetStageText(const ReportSheetTexts& texts, ElementCategory category) {
-    static const std::string none;
-    switch (category) {
-    case ElementCategory::OperatingEmission:
-        return texts.useStage;
-    case ElementCategory::BuildingComponents:
-        return texts.productStageAndEndOfLife;
-    case ElementCategory::Doors:
-        return texts.countedPhases;
-    case ElementCategory::BuildingProcess:
-        return texts.constructionStage;
-    default:
-        return none;
-    }
-}
+/// By category; null for those that go on with the stage above them.
+constexpr std::string ReportSheetTexts::*StageTexts[] = {&ReportSheetTexts::useStage,
+                                                         &ReportSheetTexts::productStageAndEndOfLife,
+                                                         &ReportSheetTexts::countedPhases,
+                                                         nullptr,
+                                                         nullptr,
+                                                         nullptr,
+                                                         &ReportSheetTexts::constructionStage};
+static_assert(std::size(StageTexts) == CategoryCount);
 
 SheetRow BuildHeader(const ReportSheetTexts& texts) {
     SheetRow row;
@@ -110,10 +93,12 @@ SheetRow BuildRow(CellRole label, const std::string& name, const std::string& st
 std::vector<SheetRow> BuildResultSheet(const LCAProjectData& record, const BaseSums& sums, const Results& results,
                                        const ReportSheetTexts& texts) {
     std::vector<SheetRow> rows = {BuildHeader(texts)};
-    for (const ElementCategory category : AllCategories) {
-        SheetRow row = BuildRow(GetLabelRole(category), texts.categories[static_cast<std::size_t>(category)],
-                                GetStageText(texts, category), GetInputs(record, sums, results, category));
-        const CategoryResult& result = results.Get(category);
+    for (std::size_t i = 0; i < CategoryCount; ++i) {
+        const CategoryRow& category = CategoryRows[i];
+        SheetRow row = BuildRow(GetLabelRole(category), texts.categories[i],
+                                StageTexts[i] == nullptr ? std::string() : texts.*StageTexts[i],
+                                GetInputs(record, sums, results, category));
+        const CategoryResult& result = results.categories[i];
         for (const double number :
              {result.gwp, result.gwpPerArea.value_or(0.0), result.gwpPerAreaPerYear.value_or(0.0)})
             row.push_back(NumberCell(CellRole::Number, number));
@@ -148,16 +133,10 @@ std::string MakeCellText(const std::string& text) {
 
 std::string MakeSheetName(const std::string& name) {
     constexpr std::size_t LongestName = 31;
-    constexpr char Forbidden[] = "*/:?[\\]";
-    std::string result;
-    std::size_t characters = 0;
-    for (const char letter : name) {
-        const bool startsCharacter = (static_cast<unsigned char>(letter) & 0xC0U) != 0x80U;
-        if (startsCharacter && ++characters > LongestName) break;
-        const bool isForbidden =
-            std::find(Forbidden, Forbidden + sizeof Forbidden - 1, letter) != Forbidden + sizeof Forbidden - 1;
-        result += isForbidden ? '_' : letter;
-    }
+    std::string result(utf8::CutToCharacters(name, LongestName));
+    std::replace_if(
+        result.begin(), result.end(),
+        [](char letter) { return std::string_view("*/:?[\\]").find(letter) != std::string_view::npos; }, '_');
     return result;
 }
 

@@ -38,8 +38,10 @@ struct SheetCell {
 
 using SheetRow = std::vector<SheetCell>;
 
+inline constexpr std::size_t ResultSheetColumns = 9;
+
 struct ReportSheetTexts {
-    std::vector<std::string> headers; ///< with "\r" as line break
+    std::array<std::string, ResultSheetColumns> headers; ///< with "\r" as line break
     std::array<std::string, CategoryCount> categories;
     std::string total;
     std::string useStage;                 ///< of the operation

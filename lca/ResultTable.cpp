@@ -27,8 +27,7 @@ double TakeProvisions(const LCAProjectData& record, ElementCategory category, Ca
 }
 
 /// Inventory, installations and construction: a share of the building, or a value stated directly.
-void ComputeContribution(const LCAProjectData& record, ElementCategory category, double buildingGWP,
-                         CategoryResult& row) {
+void ComputeShare(const LCAProjectData& record, ElementCategory category, double buildingGWP, CategoryResult& row) {
     if (!ValueOr(record.contributionEnabled, category, false)) {
         row.gwp = ValueOr(record.contributionGWP, category, 0.0);
         row.perPeriodGWP = row.gwp;
@@ -38,7 +37,7 @@ void ComputeContribution(const LCAProjectData& record, ElementCategory category,
     row.percentage = percentage;
     row.perPeriodGWP = percentage / 100.0 * buildingGWP;
     row.gwp = *row.perPeriodGWP;
-    if (category != ElementCategory::BuildingProcess) row.gwp *= TakeProvisions(record, category, row);
+    if (GetRow(category).hasServiceLife) row.gwp *= TakeProvisions(record, category, row);
 }
 
 void DivideByArea(CategoryResult& row, double areaM2, std::uint32_t periodYears) {
@@ -51,29 +50,20 @@ void DivideByArea(CategoryResult& row, double areaM2, std::uint32_t periodYears)
 
 Results ComputeResults(const LCAProjectData& record, const BaseSums& sums) {
     Results results;
-    const double buildingGWP = sums.buildingComponents + sums.doors + sums.windows;
-    for (const ElementCategory category : AllCategories) {
-        CategoryResult& row = results.categories[static_cast<std::size_t>(category)];
-        switch (category) {
-        case ElementCategory::OperatingEmission:
+    double buildingGWP = 0.0;
+    for (const CategoryRow& category : CategoryRows)
+        if (category.sum != nullptr) buildingGWP += sums.*category.sum;
+    for (const CategoryRow& category : CategoryRows) {
+        CategoryResult& row = results.categories[static_cast<std::size_t>(category.category)];
+        if (category.isShare)
+            ComputeShare(record, category.category, buildingGWP, row);
+        else if (category.sum == nullptr)
             row.gwp = ComputeOperatingGWP(record, record.consideredServiceLifeYears);
-            break;
-        case ElementCategory::BuildingComponents:
-            row.gwp = sums.buildingComponents;
-            break;
-        case ElementCategory::Doors:
-            row.gwp = TakeProvisions(record, category, row) * sums.doors;
-            break;
-        case ElementCategory::Windows:
-            row.gwp = TakeProvisions(record, category, row) * sums.windows;
-            break;
-        default:
-            ComputeContribution(record, category, buildingGWP, row);
-            break;
-        }
-        const FloorQuantity area = category == ElementCategory::OperatingEmission ? FloorQuantity::GrossFloorArea
-                                                                                  : FloorQuantity::ReferenceFloorArea;
-        DivideByArea(row, record.GetFloorValue(area), record.consideredServiceLifeYears);
+        else if (category.hasServiceLife)
+            row.gwp = TakeProvisions(record, category.category, row) * sums.*category.sum;
+        else
+            row.gwp = sums.*category.sum;
+        DivideByArea(row, record.GetFloorValue(category.area), record.consideredServiceLifeYears);
         results.totalGwp += row.gwp;
         results.totalGwpPerArea += row.gwpPerArea.value_or(0.0);
         results.totalGwpPerAreaPerYear += row.gwpPerAreaPerYear.value_or(0.0);
@@ -119,10 +109,9 @@ std::vector<std::string> BuildTableText(const Results& results, const TableLabel
 
 std::vector<double> BuildTypeColours(const LCAProjectData& record) {
     std::vector<double> channels;
-    for (const ElementCategory category : AllCategories) {
-        const std::uint32_t argb = ValueOr(record.elementColours, category, 0xFF000000U);
-        for (const unsigned shift : {16U, 8U, 0U})
-            channels.push_back(static_cast<double>((argb >> shift) & 255U));
+    for (const CategoryRow& row : CategoryRows) {
+        const Colour colour = ValueOr(record.elementColours, row.category, Colour());
+        channels.insert(channels.end(), {double(colour.red), double(colour.green), double(colour.blue)});
     }
     return channels;
 }

@@ -44,7 +44,9 @@ bool IsFinite(const Results& results);
 double GetTotalInUnit(const Results& results, GWPUnitType unit);
 
 inline constexpr std::size_t TableColumns = 7;
-inline constexpr std::size_t TableRows = 10; ///< header, units, seven categories, total
+/// From 0; the headers are row 0.
+inline constexpr std::size_t UnitRow = 1, FirstCategoryRow = 2, TotalRow = FirstCategoryRow + CategoryCount;
+inline constexpr std::size_t TableRows = TotalRow + 1;
 
 /// Texts that the table takes over as they are.
 struct TableLabels {
