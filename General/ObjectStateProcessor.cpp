@@ -2,6 +2,7 @@
 
 namespace Extensions::Utilities {
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): try_emplace moves it, which the check does not see
 void ObjectStateProcessor::AddOverride(const std::string& container, const std::string& field, Value value) {
     Presets& presets = overrides[field][value.index()];
     presets.try_emplace(container, std::move(value));

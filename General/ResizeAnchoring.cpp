@@ -41,6 +41,14 @@ void ResizeAnchoring::Register(host::DialogId dialog, std::int16_t item, const A
     host.GetDialogs().SetMinimumSize(dialog, minimumSize);
 }
 
+void ResizeAnchoring::RegisterAll(host::DialogId dialog, const ItemAnchor* items, std::size_t count,
+                                  host::Size minimum) {
+    Reset();
+    minimumSize = minimum;
+    for (const ItemAnchor* anchor = items; anchor != items + count; ++anchor)
+        Register(dialog, anchor->item, anchor->factors);
+}
+
 void ResizeAnchoring::Apply(host::DialogId dialog) {
     const host::Size size = host.GetDialogs().ReadSize(dialog);
     for (const Anchor& anchor : anchors)
@@ -48,12 +56,6 @@ void ResizeAnchoring::Apply(host::DialogId dialog) {
                                            ComputeAnchored(anchor.registered, anchor.factors,
                                                            size.width - registeredSize.width,
                                                            size.height - registeredSize.height));
-}
-
-void ResizeAnchoring::ApplyAtOnce(host::DialogId dialog) {
-    host.GetDialogs().BeginMoveGrow(dialog);
-    Apply(dialog);
-    host.GetDialogs().EndMoveGrow(dialog);
 }
 
 void ResizeAnchoring::Reset() {

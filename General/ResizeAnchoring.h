@@ -37,17 +37,9 @@ public:
     /// registered at one size of it.
     void Register(host::DialogId dialog, std::int16_t item, const AnchorFactors& factors);
     /// Forgets what was registered before, and registers these; the dialog's minimum size is at least `minimum`.
-    template <std::size_t Count>
-    void RegisterAll(host::DialogId dialog, const ItemAnchor (&items)[Count], host::Size minimum = {}) {
-        Reset();
-        minimumSize = minimum;
-        for (const ItemAnchor& anchor : items)
-            Register(dialog, anchor.item, anchor.factors);
-    }
-    /// Puts every registered item of the dialog where its present size wants it.
+    void RegisterAll(host::DialogId dialog, const ItemAnchor* items, std::size_t count, host::Size minimum);
+    /// Puts every registered item of the dialog where its present size wants it; between begin and end of a move.
     void Apply(host::DialogId dialog);
-    /// Apply between begin and end of a move, so that the items are not drawn one by one.
-    void ApplyAtOnce(host::DialogId dialog);
     void Reset();
 
 private:

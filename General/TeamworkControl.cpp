@@ -9,7 +9,6 @@ namespace {
 
 using namespace ResourceIds;
 
-constexpr std::int16_t ConfirmItem = 1;
 constexpr char UnknownName[] = "???";
 constexpr char NamePlaceholder[] = "%s";
 

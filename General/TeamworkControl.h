@@ -10,6 +10,9 @@
 
 namespace General {
 
+/// The button that confirms a dialog.
+inline constexpr std::int16_t ConfirmItem = 1;
+
 /// Unknown where the host knows no set of this name.
 host::LockableStatus ReadSetStatus(host::Host& host, const char* setName);
 

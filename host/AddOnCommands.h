@@ -14,7 +14,7 @@ struct ParameterListId {
     bool IsNull() const { return value == 0; }
 };
 
-/// A host without booleans passes 0 or 1 for them, and answers as a boolean what was added as one.
+/// A host without booleans passes them as 0 or 1, and returns as a boolean what was added as one.
 struct CommandParameter {
     using Value = std::variant<bool, std::int32_t, std::string, ModuleId>;
 
@@ -26,20 +26,20 @@ class AddOnCommands {
 public:
     virtual ~AddOnCommands() = default;
 
-    /// Each list needs its freeing, on all paths.
+    /// Every list must be freed, on all paths.
     virtual ErrorCode CreateParameterList(ParameterListId& list) = 0;
-    /// The host keeps what it is given until the list is freed. BadName when the list has a parameter of this name,
-    /// BadParameters when there is no such list.
+    /// The host keeps the parameter until the list is freed. BadName if the list already has a parameter of this name,
+    /// BadParameters if there is no such list.
     virtual ErrorCode AddParameter(ParameterListId list, const CommandParameter& parameter) = 0;
-    /// BadName when the list has none of this name.
+    /// BadName if the list has no parameter of this name.
     virtual ErrorCode ReadParameter(ParameterListId list, const std::string& name, CommandParameter& parameter) = 0;
-    /// Gives a parameter of the list another value.
+    /// Replaces the value of a parameter in the list.
     virtual ErrorCode ChangeParameter(ParameterListId list, const CommandParameter& parameter) = 0;
     virtual ErrorCode FreeParameterList(ParameterListId list) = 0;
 
-    /// Without parameters the list is none. A silent call shows nothing to the user. Answers what the called add-on's
-    /// handler answers; ModuleNotInstalled, CommandNotSupported or CommandVersionNotSupported when there is nobody to
-    /// call.
+    /// Pass the null list if there are no parameters. A silent call shows nothing to the user. Returns what the handler
+    /// of the called add-on returns; ModuleNotInstalled, CommandNotSupported or CommandVersionNotSupported if there is
+    /// no handler.
     virtual ErrorCode Call(const ModuleId& target, std::uint32_t code, std::int32_t version, ParameterListId list,
                            bool silent) = 0;
 };

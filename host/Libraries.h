@@ -1,4 +1,4 @@
-// Roles: library parts of the loaded libraries, the host's favourites, and the objects that are placed in databases.
+// Roles: library parts of the loaded libraries, the host's favourites, and objects placed in databases.
 #pragma once
 
 #include "host/Values.h"
@@ -9,7 +9,7 @@ namespace host {
 
 enum class ParameterKind { Real, Text };
 
-/// One parameter of a library part or of a placed object. Of the values only those that belong to kind and isArray
+/// One parameter of a library part or of a placed object. Only the values that belong to kind and isArray
 /// count.
 struct ObjectParameter {
     std::string name;
@@ -20,7 +20,7 @@ struct ObjectParameter {
     double real = 0.0;             ///< also whole numbers and booleans
     std::u16string text;           ///< at most ParameterTextLimit code units
     std::vector<double> realArray; ///< row by row
-    std::u16string textArray;      ///< the strings one after another, row by row, each with its terminating zero
+    std::u16string textArray;      ///< the strings in sequence, row by row, each with its terminating zero
 
     friend bool operator==(const ObjectParameter& a, const ObjectParameter& b) {
         return a.name == b.name && a.kind == b.kind && a.isArray == b.isArray && a.rows == b.rows &&
@@ -32,47 +32,47 @@ struct ObjectParameter {
 /// The host keeps a single text in a fixed field of 256 code units, the last of which ends it.
 inline constexpr std::size_t ParameterTextLimit = 255;
 
-/// Valid as long as the loaded libraries stay as they are; never stored.
+/// Valid until the loaded libraries change; never stored.
 struct LibraryPartIndex {
     std::int32_t value = 0;
 
     friend bool operator==(LibraryPartIndex a, LibraryPartIndex b) { return a.value == b.value; }
 };
 
-/// What a new object is made from: a library part's default element, or a favourite. All settings that come with it,
-/// such as layer, pens, size, angle and classification, are the host's to take over; the add-on sees none of them.
+/// What a new object is made from: a library part's default element, or a favourite. The host applies all settings that
+/// come with it, such as layer, pens, size, angle and classification; the add-on does not see them.
 struct ObjectSource {
     LibraryPartIndex libraryPart;
-    std::string favourite; ///< its name; empty for the part's default element
+    std::string favourite; ///< name of the favourite; empty: the part's default element
 };
 
 class Libraries {
 public:
     virtual ~Libraries() = default;
 
-    /// identifier is a pair of braced identifiers joined by "-". BadId when no loaded library has an object of it.
+    /// identifier is a pair of braced identifiers joined by "-". BadId if no loaded library contains such an object.
     virtual ErrorCode FindObject(const std::string& identifier, LibraryPartIndex& part) = 0;
-    /// Names of the favourites that are objects of a part with this main identifier (braced, the first of the part's
-    /// pair), whatever its revision and whether it is loaded or not, in the host's order.
+    /// Names, in the host's order, of the favourites that are objects of a part with this main identifier (braced, the
+    /// first of the part's pair), whatever its revision and whether or not it is loaded.
     virtual ErrorCode ListFavourites(const std::string& mainIdentifier, std::vector<std::string>& names) = 0;
-    /// The parameters with which a new object starts. BadName when there is no favourite of this name or it is none of
-    /// an object.
+    /// The initial parameters of a new object. BadName if there is no favourite of this name, or it is not one of an
+    /// object.
     virtual ErrorCode ReadParameters(const ObjectSource& source, std::vector<ObjectParameter>& parameters) = 0;
 };
 
-/// Objects of the current database. Changes answer NeedsUndoScope outside an undoable command, and what the object's
-/// state asks for: LockedLayer, HiddenLayer, NotEditable, Deleted, NoAccessRight.
+/// Objects of the current database. Changes return NeedsUndoScope outside an undoable command, and LockedLayer,
+/// HiddenLayer, NotEditable, Deleted or NoAccessRight where the object's state requires it.
 class PlacedObjects {
 public:
     virtual ~PlacedObjects() = default;
 
-    /// BadId where there is no such object in the current database.
+    /// BadId if the current database has no such object.
     virtual ErrorCode ReadLibraryPart(const Guid& object, LibraryPartIndex& part) = 0;
     virtual ErrorCode ReadParameters(const Guid& object, std::vector<ObjectParameter>& parameters) = 0;
     virtual ErrorCode WriteParameters(const Guid& object, const std::vector<ObjectParameter>& parameters) = 0;
-    /// Places an object with the settings of its source and these parameters; what is not among them stays the
-    /// source's. Writes the new identifier into object. BadId for a part that is not loaded, BadName for a favourite
-    /// that is not there.
+    /// Places an object with the settings of its source and these parameters; all other parameters are those of the
+    /// source. Writes the new identifier into object. BadId if the part is not loaded, BadName if the favourite does
+    /// not exist.
     virtual ErrorCode Create(const ObjectSource& source, const Point& position,
                              const std::vector<ObjectParameter>& parameters, Guid& object) = 0;
 };

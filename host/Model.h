@@ -21,10 +21,10 @@ struct MaterialComponent {
     double areaM2 = 0.0;
 };
 
-/// The window's background in the place of a pen.
+/// In place of a pen: the background of the window.
 inline constexpr std::int16_t NoPen = -1;
 
-/// Eight rows of eight pixels from the top; the highest bit is the leftmost pixel, a set bit the foreground.
+/// Eight rows of eight pixels, from the top; the highest bit is the leftmost pixel, and a set bit is foreground.
 using FillPattern = std::array<std::uint8_t, 8>;
 
 struct BuildingMaterial {
@@ -34,40 +34,40 @@ struct BuildingMaterial {
     double densityKgM3 = 0.0;
     AttributeIndex cutFill;
     std::int16_t cutFillPen = 0;
-    std::int16_t cutFillBackgroundPen = 0; ///< 0 is transparent; NoPen shows what lies behind as well
+    std::int16_t cutFillBackgroundPen = 0; ///< 0 is transparent, and so is NoPen
     AttributeIndex cutSurface;
 };
 
-/// One of the project's databases; `id` tells several of a type apart and is null where there is only one.
+/// One of the project's databases; `id` distinguishes several of one type and is null where there is only one.
 struct Database {
     DatabaseType type = DatabaseType::None;
     Guid id;
     std::string name;
 };
 
-/// Which elements a list names: all of the current database, or those of the floor plan that stand in the 3D model,
-/// whatever database is current.
+/// Which elements are listed: all of the current database, or those of the floor plan that appear in the 3D model,
+/// whichever database is current.
 enum class ElementScope { CurrentDatabase, FloorPlanIn3D };
 
 class Model {
 public:
     virtual ~Model() = default;
 
-    /// Identifiers in the model's order. Of an element that is made of others (curtain wall, stair, railing) only the
-    /// owner is listed, never its parts beside it.
+    /// Identifiers in the model's order. For an element that consists of others (curtain wall, stair, railing) only the
+    /// owner is listed, never its parts.
     virtual ErrorCode ListElements(ElementType type, ElementScope scope, std::vector<Guid>& elements) = 0;
-    /// BadId when there is no such element.
+    /// BadId if there is no such element.
     virtual ErrorCode ReadElementHeader(const Guid& element, ElementHeader& header) = 0;
-    /// Components in the element's order; replaces what the list held. An element without any answers an empty list and
-    /// 0. header as ReadElementHeader gives it: how components are asked depends on the kind. BadId when there is no
-    /// such element.
+    /// Components in the element's order; replaces the contents of the list. For an element without components the list
+    /// is empty and the result is 0. Pass the header that ReadElementHeader gave, because how components are read
+    /// depends on the element's type. BadId if there is no such element.
     virtual ErrorCode ReadElementComponents(const ElementHeader& element,
                                             std::vector<MaterialComponent>& components) = 0;
-    /// The open project's name, UTF-8; empty for one that has none yet. NoProject when none is open.
+    /// The open project's name, UTF-8; empty if it has none yet. NoProject if no project is open.
     virtual ErrorCode ReadProjectName(std::string& name) = 0;
 };
 
-/// Attributes of the project. Every reading operation answers BadIndex where the index is a gap or past the end.
+/// Attributes of the project. Every reading operation returns BadIndex if the index is a gap or past the end.
 class Attributes {
 public:
     virtual ~Attributes() = default;
@@ -85,12 +85,12 @@ class Databases {
 public:
     virtual ~Databases() = default;
 
-    /// The database on which element operations act; not always that of the front window.
+    /// The database on which element operations act; not necessarily that of the front window.
     virtual ErrorCode ReadCurrentDatabase(Database& database) = 0;
-    /// BadDatabase when the project has none of that type and identifier.
+    /// BadDatabase if the project has none of that type and identifier.
     virtual ErrorCode ChangeCurrentDatabase(const Database& database) = 0;
     virtual ErrorCode ReadFrontWindow(Database& database) = 0;
-    /// All databases of a type of which a project may have several, in the project's order.
+    /// All databases of a type that a project may have several of, in the project's order.
     virtual ErrorCode ListDatabases(DatabaseType type, std::vector<Database>& databases) = 0;
 };
 

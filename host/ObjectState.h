@@ -1,4 +1,4 @@
-// The host's settings tree: named values, objects and lists, in order. Knows no text form; a host converts it.
+// The host's settings tree: named values, objects and lists, in order. It has no text form; a host converts it.
 #pragma once
 
 #include <cstdint>
@@ -10,12 +10,12 @@
 
 namespace host {
 
-/// A tree of any depth: no operation uses stack by level, so that a tree from outside cannot exhaust it.
+/// A tree of any depth. No operation recurses by level, so a tree from outside cannot exhaust the stack.
 class ObjectState {
 public:
     struct Field;
     using Fields = std::list<Field>;
-    /// Each item is an object of one field, the item's name and value.
+    /// Each item is an object with one field: the item's name and value.
     using List = std::list<ObjectState>;
     using Value = std::variant<bool, std::int64_t, std::uint64_t, double, std::string, ObjectState, List>;
 
@@ -35,14 +35,14 @@ public:
     const Fields& GetFields() const { return fields; }
     /// Moves all fields out.
     Fields TakeFields() { return std::exchange(fields, {}); }
-    /// Appends a field. A name may come more than once. An item of a list that has several fields counts as that many
-    /// items, one without fields as none.
+    /// Appends a field. A name may occur more than once. A list item with several fields becomes that many items, and
+    /// one without fields is dropped.
     void Add(const std::string& name, Value value);
-    /// The value of the first field of this name; null where there is none.
+    /// The value of the first field of this name, or null.
     const Value* Find(const std::string& name) const;
 
-    /// Calls the processor for every value, and at start and end of every object and list, in order; not for the root
-    /// itself.
+    /// Calls the processor for every value and at the start and end of every object and list, in order, but not for the
+    /// root itself.
     void Enumerate(Processor& processor) const;
 
 private:
@@ -54,7 +54,7 @@ struct ObjectState::Field {
     Value value;
 };
 
-/// What the enumeration calls. An item of a list comes with the item's own name.
+/// Receives the enumeration. An item of a list comes with its own name.
 class ObjectState::Processor {
 public:
     virtual ~Processor() = default;
@@ -70,18 +70,18 @@ public:
     virtual void EndList(const std::string& name) = 0;
 };
 
-/// Puts a tree together from the inside of nested objects and lists.
+/// Builds a tree of nested objects and lists from the inside out.
 class ObjectState::Builder {
 public:
     void Open(const std::string& name) { open.push_back({name, ObjectState()}); }
     void OpenList(const std::string& name) { open.push_back({name, List()}); }
-    /// Takes the innermost open object or list out, which is not yet part of the tree. One must be open.
+    /// Removes and returns the innermost open object or list, which is not yet part of the tree. One must be open.
     Value Close();
-    /// To the innermost open object or list, else to the root.
+    /// Adds to the innermost open object or list, otherwise to the root.
     void Add(const std::string& name, Value value);
 
     bool HasOpen() const { return !open.empty(); }
-    /// The root with all that was added; what is still open stays out.
+    /// The root with everything added so far, except what is still open.
     ObjectState Take() { return std::move(root); }
 
 private:

@@ -37,6 +37,25 @@ Variant Variant::OfGuid(const Guid& value) {
     return variant;
 }
 
+Variant Variant::OfPlain(const PlainValue& value) {
+    if (const auto* integer = std::get_if<std::int32_t>(&value)) return OfInteger(*integer);
+    if (const auto* real = std::get_if<double>(&value)) return OfReal(*real);
+    return OfText(std::get<std::string>(value));
+}
+
+std::optional<PlainValue> Variant::GetPlain() const {
+    switch (type) {
+    case ValueType::Integer:
+        return integer;
+    case ValueType::Real:
+        return real;
+    case ValueType::String:
+        return text;
+    default:
+        return std::nullopt;
+    }
+}
+
 bool operator==(const Variant& a, const Variant& b) {
     if (a.type != b.type) return false;
     switch (a.type) {

@@ -3,15 +3,20 @@
 
 #include "host/Values.h"
 
+#include <optional>
+#include <variant>
 #include <vector>
 
 namespace host {
 
-/// By the host's numbers.
+/// The numbers are the host's.
 enum class ValueType : std::int32_t { None = 0, Integer = 1, Real = 2, String = 3, Boolean = 4, Guid = 5 };
 enum class CollectionType : std::int32_t { Single = 1, SingleChoice = 3 };
 
-/// One value; only the member that belongs to `type` counts.
+/// A number or a text.
+using PlainValue = std::variant<std::int32_t, double, std::string>;
+
+/// One value; only the member for `type` counts.
 struct Variant {
     ValueType type = ValueType::None;
     std::int32_t integer = 0;
@@ -25,6 +30,9 @@ struct Variant {
     static Variant OfBoolean(bool value);
     static Variant OfText(std::string value);
     static Variant OfGuid(const Guid& value);
+    static Variant OfPlain(const PlainValue& value);
+    /// None for the other types.
+    [[nodiscard]] std::optional<PlainValue> GetPlain() const;
     friend bool operator==(const Variant& a, const Variant& b);
 };
 
@@ -33,7 +41,7 @@ struct PropertyGroup {
     std::string name;
 };
 
-/// One option of a single choice: values hold the key, people see the text.
+/// One option of a single choice: values store the key, users see the text.
 struct PropertyOption {
     Guid key;
     std::string text;
@@ -51,8 +59,8 @@ struct PropertyDefinition {
     ValueType valueType = ValueType::None;
     CollectionType collection = CollectionType::Single;
     bool editable = true;
-    Variant defaultValue;                ///< type None: no default (a single choice then has its first option)
-    std::vector<Guid> availability;      ///< classification items whose members carry the property
+    Variant defaultValue;                ///< type None: no default (for a single choice its first option)
+    std::vector<Guid> availability;      ///< classification items whose members have the property
     std::vector<PropertyOption> options; ///< of a single choice
 
     friend bool operator==(const PropertyDefinition& a, const PropertyDefinition& b);
@@ -67,8 +75,8 @@ struct PropertyValue {
     Variant value;
 };
 
-/// Every operation that changes something answers NeedsUndoScope outside an undoable command, and NoAccessRight in a
-/// shared project whose set "ClassificationsAndProperties" (values of materials: "BuildingMaterials") is not held.
+/// Every operation that changes something returns NeedsUndoScope outside an undoable command, and NoAccessRight in a
+/// shared project if the set "ClassificationsAndProperties" (values of materials: "BuildingMaterials") is not held.
 class Properties {
 public:
     virtual ~Properties() = default;
@@ -76,19 +84,19 @@ public:
     virtual ErrorCode ListGroups(std::vector<PropertyGroup>& groups) = 0;
     /// Writes the new identifier into the group. NameAlreadyUsed.
     virtual ErrorCode CreateGroup(PropertyGroup& group) = 0;
-    /// The definitions of one group in its order; the null identifier asks for none.
+    /// The definitions of one group, in its order; none for the null identifier.
     virtual ErrorCode ListDefinitions(const Guid& group, std::vector<PropertyDefinition>& definitions) = 0;
     /// Writes the new identifier into the definition. NameAlreadyUsed, BadId (group, availability), BadParameters,
     /// BadValue.
     virtual ErrorCode CreateDefinition(PropertyDefinition& definition) = 0;
     virtual ErrorCode ChangeDefinition(const PropertyDefinition& definition) = 0;
-    /// One answer per asked definition, in order; a definition without own value answers its default. General for a
-    /// definition that there is not.
+    /// One value per requested definition, in order; where there is no value, the definition's default. General if a
+    /// definition does not exist.
     virtual ErrorCode ReadElementValues(const Guid& element, const std::vector<Guid>& definitions,
                                         std::vector<PropertyValue>& values) = 0;
     virtual ErrorCode ReadMaterialValues(AttributeIndex material, const std::vector<Guid>& definitions,
                                          std::vector<PropertyValue>& values) = 0;
-    /// BadProperty when a definition is not available to the material: then nothing is written.
+    /// BadProperty if a definition is not available to the material; nothing is then written.
     virtual ErrorCode WriteMaterialValues(AttributeIndex material, const std::vector<PropertyValue>& values) = 0;
 };
 
@@ -117,7 +125,7 @@ struct Classification {
     Guid item;
 };
 
-/// Changing operations answer as those of Properties.
+/// Operations that change something return the same codes as those of Properties.
 class Classifications {
 public:
     virtual ~Classifications() = default;

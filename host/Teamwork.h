@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Reservation of a lockable set as the host reports it; anything but the first two counts as somebody else's.
+/// Reservation of a lockable set as the host reports it. Every value but Free and HeldByMe counts as held by others.
 enum class LockableStatus : std::int32_t { Unknown = 0, Free = 1, HeldByMe = 2, HeldByOther = 3 };
 
 /// Names of the sets that guard the add-on's data.
@@ -20,7 +20,7 @@ struct ProjectMember {
     std::string fullName; ///< may be empty
 };
 
-/// Whether the host's own windows may open on the way: questions, refusals, requests to the holder.
+/// Whether the host may open windows of its own: questions, refusals, requests to the holder.
 enum class HostDialogs { Enabled, Disabled };
 
 class Teamwork {
@@ -30,12 +30,12 @@ public:
     virtual bool IsTeamworkProject() = 0;
     /// Whether the Teamwork server can be reached.
     virtual bool HasConnection() = 0;
-    /// The null identifier when the host knows no set of that name.
+    /// The null identifier if the host knows no set of this name.
     virtual Guid FindLockableSet(const std::string& name) = 0;
     virtual LockableStatus ReadLockableStatus(const Guid& lockableSet) = 0;
-    /// The users that hold the set; none when it is free.
+    /// The users who hold the set; empty if it is free.
     virtual std::vector<std::int16_t> ListHolders(const Guid& lockableSet) = 0;
-    /// For a set that somebody else holds the host's own request handling takes over. NoTeamworkProject, BadId,
+    /// If somebody else holds the set, the host's own request handling takes over. NoTeamworkProject, BadId,
     /// NoAccessRight (held by somebody else). Not inside an undoable command.
     virtual ErrorCode Reserve(const Guid& lockableSet, HostDialogs dialogs) = 0;
     /// NoTeamworkProject, BadId, NoAccessRight (not held by this user).

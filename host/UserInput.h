@@ -1,4 +1,4 @@
-// Role: what the host asks the user for outside of the add-on's own dialogs.
+// Role: input that the host requests from the user outside the add-on's own dialogs.
 #pragma once
 
 #include "host/Values.h"
@@ -7,7 +7,7 @@
 
 namespace host {
 
-/// Sixteen bits a channel, as the host's colour picker takes them.
+/// Sixteen bits per channel, as in the host's colour picker.
 struct PickerColour {
     std::uint16_t red = 0;
     std::uint16_t green = 0;
@@ -18,19 +18,19 @@ struct PickerColour {
 struct SaveFileQuestion {
     std::string title;
     std::string proposedName;
-    std::string typeManager; ///< name under which the host keeps the file type
-    std::string extension;   ///< without the point
+    std::string typeManager; ///< name under which the host registers the file type
+    std::string extension;   ///< without the dot
 };
 
-/// Each answers none when the user cancels.
+/// Each operation returns an empty value if the user cancels.
 class UserInput {
 public:
     virtual ~UserInput() = default;
 
     virtual std::optional<PickerColour> PickColour(const PickerColour& present) = 0;
-    /// A click in the plan, with the prompt in the host's status bar. Not while a modal dialog is open.
+    /// A click in the plan, with the prompt in the host's status bar. Not possible while a modal dialog is open.
     virtual std::optional<Point> PickPoint(const std::string& prompt) = 0;
-    /// The whole path, UTF-8.
+    /// The full path, UTF-8.
     virtual std::optional<std::string> PickSaveFile(const SaveFileQuestion& question) = 0;
 };
 

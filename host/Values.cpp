@@ -49,12 +49,12 @@ Guid ParseGuid(const std::string& text) {
 }
 
 std::string WriteGuid(const Guid& guid) {
-    static constexpr char digits[] = "0123456789ABCDEF";
+    static constexpr char Digits[] = "0123456789ABCDEF";
     std::string text = "{";
     for (std::uint8_t byte : guid.bytes) {
         if (IsDashPosition(text.size() - 1)) text += '-';
-        text += digits[byte >> 4];
-        text += digits[byte & 15];
+        text += Digits[byte >> 4];
+        text += Digits[byte & 15];
     }
     return text + "}";
 }

@@ -1,4 +1,4 @@
-// Plain values that cross the host interface: identifiers, codes and small enumerations. Numbers are the host's own.
+// Plain values that cross the host interface: identifiers, codes and small enumerations. The numbers are the host's.
 #pragma once
 
 #include <array>
@@ -9,8 +9,8 @@
 
 namespace host {
 
-/// What an operation of the host ended with: 0 is success, every other value is the host's and is passed on unchanged.
-/// True means an error, so that `if (error)` reads as it is; whoever drops one says so to the compiler.
+/// The result of a host operation: 0 is success; every other value is the host's and is passed on unchanged. True means
+/// an error, so that `if (error)` reads naturally. Ignoring a code must be explicit.
 class [[nodiscard]] ErrorCode {
 public:
     constexpr ErrorCode() = default;
@@ -18,7 +18,7 @@ public:
 
     constexpr std::int32_t GetValue() const { return value; }
     constexpr explicit operator bool() const { return value != 0; }
-    /// Joins the codes of several registrations bit by bit, as the host expects of an entry.
+    /// Combines the codes of several registrations bit by bit, as the host expects from an entry.
     constexpr ErrorCode& operator|=(ErrorCode other) {
         value |= other.value;
         return *this;
@@ -32,10 +32,10 @@ private:
 
 inline constexpr ErrorCode NoError;
 
-/// As the host's list of codes has it: 0x and eight hexadecimal digits.
+/// The code as in the host's list of codes: 0x and eight hexadecimal digits.
 std::string WriteErrorCode(ErrorCode code);
 
-/// The host's numbers. An adapter that has the host's own names for them compares by those.
+/// The host's numbers. An adapter that knows the host's names for them should compare with those.
 namespace Errors {
 constexpr ErrorCode Code(std::uint32_t value) {
     return ErrorCode(static_cast<std::int32_t>(value));
@@ -79,7 +79,7 @@ struct Guid {
     friend bool operator<(const Guid& a, const Guid& b) { return a.bytes < b.bytes; }
 };
 
-/// Reads "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}", braces optional; answers the null identifier for anything else.
+/// Reads "{XXXXXXXX-XXXX-XXXX-XXXX-XXXXXXXXXXXX}", braces optional; returns the null identifier for anything else.
 Guid ParseGuid(const std::string& text);
 /// Writes the braced upper-case form that ParseGuid reads.
 std::string WriteGuid(const Guid& guid);
@@ -95,7 +95,7 @@ struct AttributeIndex {
     friend bool operator<(AttributeIndex a, AttributeIndex b) { return a.value < b.value; }
 };
 
-/// Kinds of model elements by the host's numbers; 0 asks for all kinds.
+/// Kinds of model elements, with the host's numbers; 0 requests all kinds.
 enum class ElementType : std::int32_t {
     All = 0,
     Wall = 1,
@@ -115,7 +115,7 @@ enum class ElementType : std::int32_t {
     Railing = 51
 };
 
-/// Kinds of databases and of the windows that show them, by the host's numbers.
+/// Kinds of databases and of the windows that show them, with the host's numbers.
 enum class DatabaseType : std::int32_t {
     None = 0,
     FloorPlan = 1,
@@ -129,7 +129,7 @@ enum class DatabaseType : std::int32_t {
     Worksheet = 12
 };
 
-/// Project events by the host's codes (a mask when a handler is installed).
+/// Project events, with the host's codes (combined as a mask when a handler is installed).
 enum class ProjectEvent : std::uint32_t {
     New = 0x1,
     NewAndReset = 0x2,
@@ -140,7 +140,7 @@ enum class ProjectEvent : std::uint32_t {
 };
 inline constexpr std::uint32_t AllProjectEvents = 0xFFFFFFFFU;
 
-/// Four characters, most significant byte first, as add-ons name their commands.
+/// The code of a command from its four characters, most significant byte first.
 constexpr std::uint32_t CommandCode(const char (&text)[5]) {
     std::uint32_t code = 0;
     for (int i = 0; i < 4; ++i)
@@ -148,7 +148,7 @@ constexpr std::uint32_t CommandCode(const char (&text)[5]) {
     return code;
 }
 
-/// Names an add-on among the loaded ones.
+/// Identifies an add-on among the loaded ones.
 struct ModuleId {
     std::uint32_t developerId = 0;
     std::uint32_t localId = 0;
@@ -158,7 +158,7 @@ struct ModuleId {
     }
 };
 
-/// Eight bits a channel, as the dialog manager and the drawing take them; alpha 0 is transparent.
+/// Eight bits per channel, for the dialog manager and for drawing; alpha 0 is transparent.
 struct Colour {
     std::uint8_t red = 0;
     std::uint8_t green = 0;
@@ -170,20 +170,20 @@ struct Colour {
     }
 };
 
-/// An attribute's colour as the host keeps it, each channel 0 to 1.
+/// An attribute's colour as the host stores it, each channel from 0 to 1.
 struct Shade {
     double red = 0.0;
     double green = 0.0;
     double blue = 0.0;
 };
 
-/// A place in the plan, in metres.
+/// A point in the plan, in metres.
 struct Point {
     double x = 0.0;
     double y = 0.0;
 };
 
-/// Dialog pixels.
+/// In dialog pixels.
 struct Rectangle {
     std::int16_t left = 0;
     std::int16_t top = 0;

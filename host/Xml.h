@@ -1,4 +1,4 @@
-// Role: reading XML documents. ArchiCAD is not known to have a function for this: its adapter brings a reader along.
+// Role: reading XML documents. ArchiCAD is not known to have a function for this; its adapter brings a reader along.
 #pragma once
 
 #include "host/Values.h"
@@ -7,19 +7,18 @@
 
 namespace host {
 
-/// Stands in one element of a document and moves from there. Texts are UTF-8.
+/// A cursor that is always in one element of a document. Texts are UTF-8.
 class DOMReader {
 public:
     virtual ~DOMReader() = default;
 
-    /// Goes into the first child element of this name; where there is none, stays and answers false.
+    /// Enters the first child element of this name; if there is none, stays and returns false.
     virtual bool EnterElement(const std::string& name) = 0;
-    /// Goes on to the next element beside this one that has the same name; where there is none, stays and answers
-    /// false.
+    /// Moves to the next sibling of the same name; if there is none, stays and returns false.
     virtual bool EnterNextElement() = 0;
-    /// Back to the parent; stays at the root.
+    /// Moves to the parent; stays at the root.
     virtual void LeaveElement() = 0;
-    /// The texts directly in the element, without those of its children.
+    /// The text directly in the element, without that of its children.
     virtual std::string ReadText() const = 0;
 };
 
@@ -27,9 +26,9 @@ class XmlReading {
 public:
     virtual ~XmlReading() = default;
 
-    /// Reads a whole UTF-8 document in memory, whatever encoding it declares, and stands in its root element. Entities
-    /// that the document itself declares are not expanded. BadValue when it is not well-formed or has another root;
-    /// OutOfMemory when it is too large. The reader is then empty.
+    /// Reads a complete document in memory as UTF-8, whatever encoding it declares; the reader starts in the root
+    /// element. Entities that the document itself declares are not expanded. BadValue if it is not well-formed or has
+    /// another root, OutOfMemory if it is too large; the reader is then null.
     virtual ErrorCode ReadDocument(const std::string& document, const std::string& rootName,
                                    std::unique_ptr<DOMReader>& reader) = 0;
 };

@@ -54,7 +54,7 @@ public:
     /// Number of bytes read, fewer than asked only at the end of the file; none after a failure.
     [[nodiscard]] virtual std::optional<std::size_t> Read(void* data, std::size_t sizeBytes) = 0;
     [[nodiscard]] virtual bool Seek(std::uint64_t offset) = 0;
-    [[nodiscard]] virtual std::optional<FileFacts> Facts() = 0;
+    [[nodiscard]] virtual std::optional<FileFacts> GetFacts() = 0;
 };
 
 enum class Creation { Created, AlreadyThere, Failed };
@@ -82,10 +82,10 @@ public:
 };
 
 /// The operating system's own files. One object for the whole run.
-[[nodiscard]] FileLayer& OperatingSystemFiles();
+[[nodiscard]] FileLayer& GetOperatingSystemFiles();
 
 /// Facts of a file or folder by its path; none when there is nothing there.
-[[nodiscard]] std::optional<FileFacts> FactsOf(const std::string& path);
+[[nodiscard]] std::optional<FileFacts> GetFactsOf(const std::string& path);
 
 /// Where a symbolic link leads in the end, also when nothing is there yet; another path as it is. None when links lead
 /// round in a circle or cannot be read.

@@ -13,9 +13,9 @@ namespace platform {
 
 namespace {
 
-constexpr std::uint64_t unixEpoch = 116444736000000000; // 1970-01-01 in 100 ns since 1601-01-01
-constexpr std::size_t largestTransfer = 1U << 30;
-constexpr int mostLinks = 40; // as many as the system itself follows
+constexpr std::uint64_t UnixEpoch = 116444736000000000; // 1970-01-01 in 100 ns since 1601-01-01
+constexpr std::size_t LargestTransfer = 1U << 30;
+constexpr int MostLinks = 40; // as many as the system itself follows
 
 int WithoutInterruption(const std::string& path, int flags, mode_t mode = 0666) {
     int file;
@@ -37,7 +37,7 @@ public:
     bool Write(const void* data, std::size_t sizeBytes) override {
         const char* bytes = static_cast<const char*>(data);
         while (sizeBytes > 0) {
-            const ssize_t written = write(file, bytes, sizeBytes < largestTransfer ? sizeBytes : largestTransfer);
+            const ssize_t written = write(file, bytes, sizeBytes < LargestTransfer ? sizeBytes : LargestTransfer);
             if (written < 0 && errno == EINTR) continue;
             if (written <= 0) return false;
             bytes += written;
@@ -62,7 +62,7 @@ private:
 };
 
 std::uint64_t FileTime(std::int64_t seconds, std::uint32_t nanoseconds) {
-    return unixEpoch + static_cast<std::uint64_t>(seconds * 10000000) + nanoseconds / 100;
+    return UnixEpoch + static_cast<std::uint64_t>(seconds * 10000000) + nanoseconds / 100;
 }
 
 std::optional<FileFacts> FactsAt(int folder, const char* path, int flags) {
@@ -89,7 +89,7 @@ public:
         std::size_t total = 0;
         while (total < sizeBytes) {
             const std::size_t wanted = sizeBytes - total;
-            const ssize_t got = read(file, bytes + total, wanted < largestTransfer ? wanted : largestTransfer);
+            const ssize_t got = read(file, bytes + total, wanted < LargestTransfer ? wanted : LargestTransfer);
             if (got < 0 && errno == EINTR) continue;
             if (got < 0) return std::nullopt;
             if (got == 0) break;
@@ -100,7 +100,7 @@ public:
 
     bool Seek(std::uint64_t offset) override { return lseek(file, static_cast<off_t>(offset), SEEK_SET) >= 0; }
 
-    std::optional<FileFacts> Facts() override { return FactsAt(file, "", AT_EMPTY_PATH); }
+    std::optional<FileFacts> GetFacts() override { return FactsAt(file, "", AT_EMPTY_PATH); }
 
 private:
     int file;
@@ -108,8 +108,8 @@ private:
 
 // What the group may do goes with the group: where that cannot be given, nobody else's group gets it.
 bool TakePermissions(int file, const struct stat& like) {
-    constexpr uid_t sameOwner = static_cast<uid_t>(-1);
-    const bool hasGroup = fchown(file, like.st_uid, like.st_gid) == 0 || fchown(file, sameOwner, like.st_gid) == 0;
+    constexpr uid_t SameOwner = static_cast<uid_t>(-1);
+    const bool hasGroup = fchown(file, like.st_uid, like.st_gid) == 0 || fchown(file, SameOwner, like.st_gid) == 0;
     const mode_t mode = like.st_mode & (S_IRWXU | S_IRWXG | S_IRWXO);
     return fchmod(file, hasGroup ? mode : mode & ~static_cast<mode_t>(S_IRWXG)) == 0;
 }
@@ -138,7 +138,7 @@ public:
         const int file = WithoutInterruption(path, O_RDONLY);
         if (file < 0) return nullptr;
         auto opened = std::make_unique<PosixInputFile>(file);
-        const std::optional<FileFacts> facts = opened->Facts();
+        const std::optional<FileFacts> facts = opened->GetFacts();
         if (!facts || (facts->attributes & Directory) != 0) return nullptr;
         return opened;
     }
@@ -157,25 +157,26 @@ public:
 
 } // namespace
 
-FileLayer& OperatingSystemFiles() {
+FileLayer& GetOperatingSystemFiles() {
     static PosixFiles files;
     return files;
 }
 
-std::optional<FileFacts> FactsOf(const std::string& path) {
+std::optional<FileFacts> GetFactsOf(const std::string& path) {
     return FactsAt(AT_FDCWD, OsPath(path), 0);
 }
 
 std::optional<std::string> FollowLinks(const std::string& path) {
     std::string place = path;
-    for (int link = 0; link < mostLinks; ++link) {
+    for (int link = 0; link < MostLinks; ++link) {
         char next[PATH_MAX];
         const ssize_t size = readlink(OsPath(place), next, sizeof next);
         if (size < 0 && (errno == EINVAL || errno == ENOENT)) return place; // no link, or nothing at all
         if (size <= 0 || static_cast<std::size_t>(size) == sizeof next) return std::nullopt;
         const std::string target(next, static_cast<std::size_t>(size));
         const std::size_t name = place.rfind('/') + 1; // 0 where there is no folder
-        place = target.front() == '/' ? target : place.substr(0, name) + target;
+        place.erase(target.front() == '/' ? 0 : name);
+        place += target;
     }
     return std::nullopt;
 }

@@ -12,11 +12,11 @@ namespace platform {
 
 namespace {
 
-constexpr std::size_t largestTransfer = 1U << 30;
-constexpr DWORD storedAttributes = ReadOnly | Hidden | System | Directory | Archive;
+constexpr std::size_t LargestTransfer = 1U << 30;
+constexpr DWORD StoredAttributes = ReadOnly | Hidden | System | Directory | Archive;
 
 DWORD TransferSize(std::size_t sizeBytes) {
-    return static_cast<DWORD>(sizeBytes < largestTransfer ? sizeBytes : largestTransfer);
+    return static_cast<DWORD>(sizeBytes < LargestTransfer ? sizeBytes : LargestTransfer);
 }
 
 bool MoveTo(HANDLE file, std::uint64_t offset) {
@@ -37,7 +37,7 @@ template <typename Information>
 FileFacts FactsFrom(const Information& information) {
     FileFacts facts;
     facts.sizeBytes = Joined(information.nFileSizeHigh, information.nFileSizeLow);
-    facts.attributes = information.dwFileAttributes & storedAttributes;
+    facts.attributes = information.dwFileAttributes & StoredAttributes;
     facts.lastWriteTime = Time(information.ftLastWriteTime);
     facts.lastAccessTime = Time(information.ftLastAccessTime);
     facts.creationTime = Time(information.ftCreationTime);
@@ -96,7 +96,7 @@ public:
 
     bool Seek(std::uint64_t offset) override { return MoveTo(file, offset); }
 
-    std::optional<FileFacts> Facts() override {
+    std::optional<FileFacts> GetFacts() override {
         BY_HANDLE_FILE_INFORMATION information;
         if (!GetFileInformationByHandle(file, &information)) return std::nullopt;
         return FactsFrom(information);
@@ -143,12 +143,12 @@ public:
 
 } // namespace
 
-FileLayer& OperatingSystemFiles() {
+FileLayer& GetOperatingSystemFiles() {
     static WindowsFiles files;
     return files;
 }
 
-std::optional<FileFacts> FactsOf(const std::string& path) {
+std::optional<FileFacts> GetFactsOf(const std::string& path) {
     WIN32_FILE_ATTRIBUTE_DATA information;
     if (!GetFileAttributesExA(OsPath(path), GetFileExInfoStandard, &information)) return std::nullopt;
     return FactsFrom(information);
@@ -156,11 +156,11 @@ std::optional<FileFacts> FactsOf(const std::string& path) {
 
 namespace {
 
-constexpr DWORD shareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+constexpr DWORD ShareAll = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
 
 // Neither reads nor writes; answers also for folders.
 HANDLE OpenForQuestions(const std::string& path) {
-    return CreateFileA(OsPath(path), 0, shareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    return CreateFileA(OsPath(path), 0, ShareAll, nullptr, OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr);
 }
 
 // Without the prefix that takes a path out of the usual rules, which the other calls here follow.
@@ -188,7 +188,7 @@ bool MayReplace(const std::string& path) {
     if (file == INVALID_HANDLE_VALUE) return true;
     const bool isOnDisk = GetFileType(file) == FILE_TYPE_DISK;
     CloseHandle(file);
-    const std::optional<FileFacts> facts = FactsOf(path);
+    const std::optional<FileFacts> facts = GetFactsOf(path);
     return isOnDisk && facts && (facts->attributes & (Directory | ReadOnly)) == 0;
 }
 

@@ -10,24 +10,24 @@
 
 namespace platform {
 
-const char* const openAddressCommand = "xdg-open ";
-const char* const openFileCommand = "xdg-open ";
+const char* const OpenAddressCommand = "xdg-open ";
+const char* const OpenFileCommand = "xdg-open ";
 
-std::optional<std::string> EnvironmentVariable(const std::string& name) {
+std::optional<std::string> ReadEnvironmentVariable(const std::string& name) {
     const char* value = std::getenv(name.c_str());
     if (value == nullptr) return std::nullopt;
     return std::string(value);
 }
 
-std::uint64_t ThreadId() {
+std::uint64_t GetThreadId() {
     return static_cast<std::uint64_t>(syscall(SYS_gettid));
 }
 
-std::uint64_t ProcessClockTicks() {
+std::uint64_t GetProcessClockTicks() {
     return static_cast<std::uint64_t>(std::clock());
 }
 
-std::tm LocalTime() {
+std::tm GetLocalTime() {
     const std::time_t now = std::time(nullptr);
     std::tm fields{};
     localtime_r(&now, &fields);
@@ -83,6 +83,7 @@ bool StartHidden(const std::string& commandLine) {
     std::vector<std::string> words = WordsOf(commandLine);
     if (words.empty()) return false;
     std::vector<char*> pointers;
+    pointers.reserve(words.size() + 1);
     for (std::string& word : words) {
         pointers.push_back(word.data());
     }

@@ -8,10 +8,10 @@
 
 namespace platform {
 
-const char* const openAddressCommand = "cmd.exe /c start ";
-const char* const openFileCommand = "cmd.exe /c call ";
+const char* const OpenAddressCommand = "cmd.exe /c start ";
+const char* const OpenFileCommand = "cmd.exe /c call ";
 
-std::optional<std::string> EnvironmentVariable(const std::string& name) {
+std::optional<std::string> ReadEnvironmentVariable(const std::string& name) {
     std::string value;
     DWORD size = 128;
     while (true) {
@@ -27,15 +27,15 @@ std::optional<std::string> EnvironmentVariable(const std::string& name) {
     }
 }
 
-std::uint64_t ThreadId() {
+std::uint64_t GetThreadId() {
     return GetCurrentThreadId();
 }
 
-std::uint64_t ProcessClockTicks() {
+std::uint64_t GetProcessClockTicks() {
     return static_cast<std::uint64_t>(std::clock());
 }
 
-std::tm LocalTime() {
+std::tm GetLocalTime() {
     const std::time_t now = std::time(nullptr);
     std::tm fields{};
     localtime_s(&fields, &now);

@@ -14,7 +14,7 @@ namespace platform {
 
 namespace {
 
-constexpr int attempts = 10000;
+constexpr int Attempts = 10000;
 
 std::string FallbackRoot() {
 #ifdef _WIN32
@@ -22,24 +22,24 @@ std::string FallbackRoot() {
     const DWORD size = GetTempPathA(sizeof path, path);
     return size > 0 && size < sizeof path ? std::string(path, size) : ".";
 #else
-    const std::optional<std::string> folder = EnvironmentVariable("TMPDIR");
+    const std::optional<std::string> folder = ReadEnvironmentVariable("TMPDIR");
     return folder && !folder->empty() ? *folder : "/tmp";
 #endif
 }
 
 } // namespace
 
-std::string TemporaryRoot() {
-    const std::optional<std::string> named = EnvironmentVariable("TEMP");
+std::string GetTemporaryRoot() {
+    const std::optional<std::string> named = ReadEnvironmentVariable("TEMP");
     std::string root = named && !named->empty() ? *named : FallbackRoot();
     if (root.back() != '/') root += '/';
     return root;
 }
 
 std::optional<std::string> CreatePrivateFolder(FileLayer& files, const std::string& prefix) {
-    const std::string start = TemporaryRoot() + prefix + std::to_string(ThreadId()) + "_";
-    std::uint64_t ticks = ProcessClockTicks();
-    for (int attempt = 0; attempt < attempts; ++attempt, ++ticks) {
+    const std::string start = GetTemporaryRoot() + prefix + std::to_string(GetThreadId()) + "_";
+    std::uint64_t ticks = GetProcessClockTicks();
+    for (int attempt = 0; attempt < Attempts; ++attempt, ++ticks) {
         std::string path = start + std::to_string(ticks);
         switch (files.CreateFolder(path)) {
         case Creation::Created:

@@ -7,7 +7,6 @@
 #include "host/Commands.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
@@ -39,8 +38,9 @@ host::ListColumn Column(int begin, int end) {
 } // namespace
 
 BuildingMaterialsLCASettingsDialog::BuildingMaterialsLCASettingsDialog(host::Host& host)
-    : CDialogBase(host, BuildingMaterialsDialog, "{E5880DFD-3C2D-46B4-B5BD-2BE2EF126327}"), anchoring(host),
-      teamwork(host, host::BuildingMaterialsSet, {TeamworkIcon, TeamworkStatusText, TeamworkButton}), records(host) {}
+    : ReservedDialog(host, BuildingMaterialsDialog, "{E5880DFD-3C2D-46B4-B5BD-2BE2EF126327}", Anchors,
+                     host::BuildingMaterialsSet, {TeamworkIcon, TeamworkStatusText, TeamworkButton}),
+      records(host) {}
 
 BuildingMaterialsLCASettingsDialog::Answer BuildingMaterialsLCASettingsDialog::Run(lca::LCAProjectData& record) {
     if (IsOpen()) return Answer::Cancelled;
@@ -55,33 +55,7 @@ host::ErrorCode BuildingMaterialsLCASettingsDialog::ApplyResults() {
     return GetHost().GetUndoableCommands().Call({}, [&] { return records.StoreEdits(); });
 }
 
-std::int16_t BuildingMaterialsLCASettingsDialog::HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                                                 const host::DialogMessageData& data) {
-    switch (message) {
-    case host::DialogMessage::Initialise:
-        Initialise();
-        break;
-    case host::DialogMessage::Click:
-        return HandleClick(item);
-    case host::DialogMessage::Change:
-        HandleChange(item);
-        break;
-    case host::DialogMessage::ListCellUpdate:
-        if (item == MaterialList) DrawMaterialCell(data);
-        break;
-    case host::DialogMessage::Resize:
-        Resize();
-        break;
-    case host::DialogMessage::Close:
-        anchoring.Reset();
-        break;
-    default:
-        break;
-    }
-    return 0;
-}
-
-void BuildingMaterialsLCASettingsDialog::Initialise() {
+void BuildingMaterialsLCASettingsDialog::OnInitialise() {
     records.Load();
     host::ListLayout& layout = GetHost().GetListLayout();
     layout.SetColumnCount(GetDialog(), MaterialList, IdColumn);
@@ -89,41 +63,26 @@ void BuildingMaterialsLCASettingsDialog::Initialise() {
     FillMaterials();
     SetUpPhaseColumns();
     FillPhases(Fill::Rows);
-    teamwork.ShowInTeamworkOnly(GetDialog(),
-                                {TeamworkButton, TeamworkIcon, TeamworkStatusText, TeamworkLabel, TeamworkSeparator});
-    isEditable = teamwork.Refresh(GetDialog()) == General::TeamworkControl::Confirming::Allowed;
-    anchoring.RegisterAll(GetDialog(), Anchors);
+    ShowTeamwork({TeamworkButton, TeamworkIcon, TeamworkStatusText, TeamworkLabel, TeamworkSeparator});
     GetHost().GetDialogItems().Show(GetDialog(), PhaseValueEdit, false);
 }
 
-void BuildingMaterialsLCASettingsDialog::TakeTeamworkState(General::TeamworkControl::Confirming state) {
-    const bool isAllowed = state == General::TeamworkControl::Confirming::Allowed;
-    if (std::exchange(isEditable, isAllowed) || !isAllowed) return;
-    // Until now others could change what is shown; the user's own edits stay.
+/// The user's own edits stay.
+void BuildingMaterialsLCASettingsDialog::OnReserved() {
     records.Reread();
     FillPhases(Fill::Texts);
     BindValueEditor();
 }
 
-std::int16_t BuildingMaterialsLCASettingsDialog::HandleClick(std::int16_t item) {
-    switch (item) {
-    case OkButton:
-    case CancelButton:
-        return item;
-    case ClearFilterButton:
+std::int16_t BuildingMaterialsLCASettingsDialog::OnClick(std::int16_t item, const host::DialogMessageData& data) {
+    if (item == ClearFilterButton) {
         GetHost().GetDialogItems().SetText(GetDialog(), FilterEdit, {});
         RefillMaterials();
-        break;
-    case TeamworkButton:
-        TakeTeamworkState(teamwork.ButtonClicked(GetDialog()));
-        break;
-    default:
-        break;
     }
-    return 0;
+    return ReservedDialog::OnClick(item, data);
 }
 
-void BuildingMaterialsLCASettingsDialog::HandleChange(std::int16_t item) {
+void BuildingMaterialsLCASettingsDialog::OnChange(std::int16_t item) {
     switch (item) {
     case FilterEdit:
         RefillMaterials();
@@ -142,14 +101,6 @@ void BuildingMaterialsLCASettingsDialog::HandleChange(std::int16_t item) {
     default:
         break;
     }
-}
-
-void BuildingMaterialsLCASettingsDialog::Resize() {
-    host::Dialogs& dialogs = GetHost().GetDialogs();
-    dialogs.BeginMoveGrow(GetDialog());
-    anchoring.Apply(GetDialog());
-    LayOutMaterialColumns();
-    dialogs.EndMoveGrow(GetDialog());
 }
 
 void BuildingMaterialsLCASettingsDialog::LayOutMaterialColumns() {
@@ -200,8 +151,8 @@ void BuildingMaterialsLCASettingsDialog::RefillMaterials() {
     BindValueEditor();
 }
 
-void BuildingMaterialsLCASettingsDialog::DrawMaterialCell(const host::DialogMessageData& cell) {
-    if (cell.column != SwatchColumn) return;
+void BuildingMaterialsLCASettingsDialog::OnCell(std::int16_t item, const host::DialogMessageData& cell) {
+    if (item != MaterialList || cell.column != SwatchColumn) return;
     if (const std::optional<std::size_t> position = FindPosition(cell.row))
         DrawMaterialSwatch(GetHost(), records.GetMaterial(*position), cell);
 }
@@ -306,6 +257,6 @@ const std::string* BuildingMaterialsLCASettingsDialog::FindSelectedPhase() const
 }
 
 const std::string& BuildingMaterialsLCASettingsDialog::GetFirstUsedPhase() const {
-    static const std::string none;
-    return workingCopy.usedPhases.empty() ? none : workingCopy.usedPhases.front();
+    static const std::string None;
+    return workingCopy.usedPhases.empty() ? None : workingCopy.usedPhases.front();
 }

@@ -4,12 +4,10 @@
 
 #include "src/MaterialRecords.h"
 
-#include "General/DialogBase.h"
-#include "General/ResizeAnchoring.h"
-#include "General/TeamworkControl.h"
+#include "General/ReservedDialog.h"
 #include "lca/LCAProjectData.h"
 
-class BuildingMaterialsLCASettingsDialog : public General::CDialogBase {
+class BuildingMaterialsLCASettingsDialog : public General::ReservedDialog {
 public:
     explicit BuildingMaterialsLCASettingsDialog(host::Host& host);
 
@@ -18,28 +16,23 @@ public:
     Answer Run(lca::LCAProjectData& record);
     /// Stores what an accepted run changed, as one undoable command without a name.
     host::ErrorCode ApplyResults();
-    /// Shows the present reservation; while the dialog is open.
-    void RefreshTeamwork() { TakeTeamworkState(teamwork.Refresh(GetDialog())); }
 
 protected:
-    std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                 const host::DialogMessageData& data) override;
+    void OnInitialise() override;
+    std::int16_t OnClick(std::int16_t item, const host::DialogMessageData& data) override;
+    void OnChange(std::int16_t item) override;
+    void OnCell(std::int16_t item, const host::DialogMessageData& cell) override;
+    void OnResize() override { LayOutMaterialColumns(); }
+    void OnReserved() override;
 
 private:
     /// Whether a fill replaces the rows or only rewrites their texts.
     enum class Fill { Rows, Texts };
 
-    void Initialise();
-    void TakeTeamworkState(General::TeamworkControl::Confirming state);
-    std::int16_t HandleClick(std::int16_t item);
-    void HandleChange(std::int16_t item);
-    void Resize();
-
     void LayOutMaterialColumns();
     void SetUpPhaseColumns();
     void FillMaterials();
     void RefillMaterials();
-    void DrawMaterialCell(const host::DialogMessageData& cell);
     void FillPhases(Fill fill);
     void ShowFirstSelected(std::size_t position);
     void TakeMaterialSelection();
@@ -53,10 +46,7 @@ private:
     const std::string* FindSelectedPhase() const;
     const std::string& GetFirstUsedPhase() const;
 
-    General::ResizeAnchoring anchoring;
-    General::TeamworkControl teamwork;
     MaterialRecords records;
     lca::LCAProjectData workingCopy;
     lca::LCAProjectData* projectRecord = nullptr; ///< of the running dialog
-    bool isEditable = false;                      ///< by the last look at the reservation
 };

@@ -9,7 +9,6 @@
 #include "host/Commands.h"
 #include "host/Model.h"
 
-#include "lca/MaterialGWP.h"
 #include "src/Texts.h"
 
 #include <algorithm>
@@ -78,7 +77,8 @@ private:
             material.densityKgM3 = attribute.densityKgM3;
         MaterialProperties::Values read;
         unread.Note(properties.Read(index, read));
-        material.gwpPerUnit = lca::SumMaterialGWP(lca::DecodeMaterialGWP(properties.GetGWPText(read)), usedPhases);
+        material.gwp = lca::DecodeMaterialGWP(properties.GetGWPText(read));
+        material.gwpPerUnit = lca::SumMaterialGWP(material.gwp, usedPhases);
         material.unit = lca::ReadMaterialUnit(properties.GetUnitText(read));
         material.serviceLifeYears = properties.GetServiceLife(read);
         return material;
@@ -141,13 +141,12 @@ public:
         if (!own.include) return;
         host::ElementHeader header;
         if (unread.Note(host.GetModel().ReadElementHeader(element, header))) return;
-        const double share = own.percentage / 100.0;
         if (header.type == host::ElementType::Door)
-            sums.doors += share * own.gwp;
+            sums.doors += lca::ComputeContribution(own).gwp;
         else if (header.type == host::ElementType::Window)
-            sums.windows += share * own.gwp;
+            sums.windows += lca::ComputeContribution(own).gwp;
         else
-            AddComponents(header, share);
+            AddComponents(header, own.GetShare());
     }
 
     /// Says what could not be read; answers whether all was.
@@ -166,10 +165,11 @@ private:
     void AddComponents(const host::ElementHeader& header, double share) {
         if (unread.Note(host.GetModel().ReadElementComponents(header, components))) return;
         for (const host::MaterialComponent& component : components) {
-            const double gwp = lca::ComputeComponentGWP(materials.Get(component.buildingMaterial), share,
-                                                        component.volumeM3, component.areaM2, periodYears);
+            const double gwp = lca::ComputeContribution(materials.Get(component.buildingMaterial), share,
+                                                        component.volumeM3, component.areaM2, periodYears)
+                                   .gwp;
             sums.buildingComponents += gwp;
-            table.Add(header.layer.value, component.buildingMaterial.value, gwp);
+            table.Add({header.layer.value}, {component.buildingMaterial.value}, gwp);
         }
     }
 

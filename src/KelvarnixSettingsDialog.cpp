@@ -5,6 +5,7 @@
 
 #include "General/HostReport.h"
 #include "General/UInterface.h"
+#include "lca/LifeCycleModules.h"
 
 #include <algorithm>
 #include <array>
@@ -41,15 +42,11 @@ std::optional<FloorQuantity> FindByItem(std::int16_t QuantityItems::*role, std::
     return std::nullopt;
 }
 
-struct Phase {
-    int code; ///< offset among the codes
-    StringId name;
-};
-
-/// The transport to waste processing has no name of its own.
-constexpr Phase PhaseRows[] = {{0, Phases::ProductStage}, {1, Phases::Transport},     {2, Phases::Use},
-                               {3, Phases::Demolition},   {4, Phases::Transport},     {5, Phases::WasteProcessing},
-                               {6, Phases::Disposal},     {7, Phases::ReusePotential}};
+/// By module; the transport to waste processing has no name of its own.
+constexpr StringId PhaseNames[] = {Phases::ProductStage, Phases::Transport,     Phases::Use,
+                                   Phases::Demolition,   Phases::Transport,     Phases::WasteProcessing,
+                                   Phases::Disposal,     Phases::ReusePotential};
+static_assert(std::size(PhaseNames) == lca::LifeCycleModules.size());
 
 constexpr std::int16_t CheckColumn = 1, CodeColumn = 2, PhaseNameColumn = 3;
 constexpr std::int16_t MinimumHeaderWidth = 20;
@@ -99,8 +96,8 @@ constexpr General::ItemAnchor Anchors[] = {
 } // namespace
 
 KelvarnixSettingsDialog::KelvarnixSettingsDialog(host::Host& host)
-    : CDialogBase(host, ProjectSettingsDialog, "{7A724F36-9D95-4064-B85D-CB8092A0AA41}"), anchoring(host),
-      teamwork(host, host::ClassificationsAndPropertiesSet, {TeamworkIcon, TeamworkStatusText, TeamworkButton}),
+    : ReservedDialog(host, ProjectSettingsDialog, "{7A724F36-9D95-4064-B85D-CB8092A0AA41}", Anchors,
+                     host::ClassificationsAndPropertiesSet, {TeamworkIcon, TeamworkStatusText, TeamworkButton}),
       standards(host) {}
 
 KelvarnixSettingsDialog::Answer KelvarnixSettingsDialog::Run(const lca::LCAProjectData& record) {
@@ -109,34 +106,9 @@ KelvarnixSettingsDialog::Answer KelvarnixSettingsDialog::Run(const lca::LCAProje
     return RunModal() == OkButton ? Answer::Accepted : Answer::Cancelled;
 }
 
-std::int16_t KelvarnixSettingsDialog::HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                                      const host::DialogMessageData& data) {
-    switch (message) {
-    case host::DialogMessage::Initialise:
-        Initialise();
-        break;
-    case host::DialogMessage::Click:
-        return HandleClick(item, data);
-    case host::DialogMessage::Change:
-        HandleChange(item);
-        break;
-    case host::DialogMessage::Resize:
-        Resize();
-        break;
-    case host::DialogMessage::Close:
-        anchoring.Reset();
-        break;
-    default:
-        break;
-    }
-    return 0;
-}
-
-void KelvarnixSettingsDialog::Initialise() {
+void KelvarnixSettingsDialog::OnInitialise() {
     TakeAsShown();
     PlaceTeamworkGroup();
-    isEditable = teamwork.Refresh(GetDialog()) == General::TeamworkControl::Confirming::Allowed;
-    anchoring.RegisterAll(GetDialog(), Anchors);
     GetHost().GetDialogItems().Enable(GetDialog(), RemoveButton, false);
 }
 
@@ -163,13 +135,7 @@ void KelvarnixSettingsDialog::ShowValues() {
                             static_cast<std::int16_t>(static_cast<int>(workingCopy.standardsUnit) + 1));
 }
 
-void KelvarnixSettingsDialog::TakeTeamworkState(General::TeamworkControl::Confirming state) {
-    const bool isAllowed = state == General::TeamworkControl::Confirming::Allowed;
-    // Until now others could change what is shown.
-    if (!std::exchange(isEditable, isAllowed) && isAllowed) Reread();
-}
-
-void KelvarnixSettingsDialog::Reread() {
+void KelvarnixSettingsDialog::OnReserved() {
     lca::LCAProjectData present = shown;
     const host::ErrorCode error = LoadProjectData(GetHost(), present);
     General::ReportHostError(GetHost(), "loading the project settings", error);
@@ -183,9 +149,7 @@ void KelvarnixSettingsDialog::Reread() {
 }
 
 void KelvarnixSettingsDialog::PlaceTeamworkGroup() {
-    if (teamwork.ShowInTeamworkOnly(
-            GetDialog(), {TeamworkIcon, TeamworkStatusText, TeamworkButton, TeamworkLabel, TeamworkSeparator}))
-        return;
+    if (ShowTeamwork({TeamworkIcon, TeamworkStatusText, TeamworkButton, TeamworkLabel, TeamworkSeparator})) return;
     host::DialogItems& items = GetHost().GetDialogItems();
     const int distance =
         items.ReadRectangle(GetDialog(), TeamworkButton).top - items.ReadRectangle(GetDialog(), AddButton).top;
@@ -199,30 +163,14 @@ void KelvarnixSettingsDialog::PlaceTeamworkGroup() {
     items.SetRectangle(GetDialog(), StandardList, list);
 }
 
-std::int16_t KelvarnixSettingsDialog::HandleClick(std::int16_t item, const host::DialogMessageData& data) {
-    switch (item) {
-    case OkButton:
-    case CancelButton:
-        return item;
-    case PhaseList:
-        TogglePhase(data);
-        break;
-    case AddButton:
-        standards.Add();
-        break;
-    case RemoveButton:
-        standards.RemoveSelected();
-        break;
-    case TeamworkButton:
-        TakeTeamworkState(teamwork.ButtonClicked(GetDialog()));
-        break;
-    default:
-        break;
-    }
-    return 0;
+std::int16_t KelvarnixSettingsDialog::OnClick(std::int16_t item, const host::DialogMessageData& data) {
+    if (item == PhaseList) TogglePhase(data);
+    if (item == AddButton) standards.Add();
+    if (item == RemoveButton) standards.RemoveSelected();
+    return ReservedDialog::OnClick(item, data);
 }
 
-void KelvarnixSettingsDialog::HandleChange(std::int16_t item) {
+void KelvarnixSettingsDialog::OnChange(std::int16_t item) {
     host::ItemValues& values = GetHost().GetItemValues();
     if (const auto quantity = FindByItem(&QuantityItems::edit, item)) return TakeEnteredQuantity(*quantity);
     switch (item) {
@@ -249,8 +197,7 @@ void KelvarnixSettingsDialog::HandleChange(std::int16_t item) {
     }
 }
 
-void KelvarnixSettingsDialog::Resize() {
-    anchoring.ApplyAtOnce(GetDialog());
+void KelvarnixSettingsDialog::OnResize() {
     LayOutPhaseColumns();
     standards.LayOutColumns();
     General::FitListEditors(GetHost(), GetDialog(), StandardList);
@@ -328,13 +275,13 @@ void KelvarnixSettingsDialog::FillPhases() {
     LayOutPhaseColumns();
     host::ListCells& cells = GetHost().GetListCells();
     GetHost().GetListRows().DeleteAll(GetDialog(), PhaseList);
-    for (const Phase& phase : PhaseRows) {
-        const std::string code = ReadText(GetHost(), Phases::FirstCode + phase.code);
+    for (std::size_t i = 0; i < lca::LifeCycleModules.size(); ++i) {
+        const std::string code(lca::LifeCycleModules[i].code);
         const std::int32_t row = GetHost().GetListRows().Insert(GetDialog(), PhaseList, 0);
         cells.SetIcon(GetDialog(), PhaseList, row, CheckColumn,
                       workingCopy.IsPhaseUsed(code) ? host::StandardIcon::Checked : host::StandardIcon::Unchecked);
         cells.SetText(GetDialog(), PhaseList, row, CodeColumn, code);
-        cells.SetText(GetDialog(), PhaseList, row, PhaseNameColumn, ReadText(GetHost(), phase.name));
+        cells.SetText(GetDialog(), PhaseList, row, PhaseNameColumn, ReadText(GetHost(), PhaseNames[i]));
     }
 }
 

@@ -4,12 +4,10 @@
 
 #include "src/StandardsList.h"
 
-#include "General/DialogBase.h"
-#include "General/ResizeAnchoring.h"
-#include "General/TeamworkControl.h"
+#include "General/ReservedDialog.h"
 #include "lca/RecordChanges.h"
 
-class KelvarnixSettingsDialog : public General::CDialogBase {
+class KelvarnixSettingsDialog : public General::ReservedDialog {
 public:
     explicit KelvarnixSettingsDialog(host::Host& host);
 
@@ -20,26 +18,21 @@ public:
     lca::LCAProjectData ApplyTo(const lca::LCAProjectData& record) const {
         return lca::ApplyChanges(shown, workingCopy, record);
     }
-    /// Shows the present reservation; while the dialog is open.
-    void RefreshTeamwork() { TakeTeamworkState(teamwork.Refresh(GetDialog())); }
 
 protected:
-    std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                 const host::DialogMessageData& data) override;
+    void OnInitialise() override;
+    std::int16_t OnClick(std::int16_t item, const host::DialogMessageData& data) override;
+    void OnChange(std::int16_t item) override;
+    void OnResize() override;
+    /// Takes from the model what the user has not changed.
+    void OnReserved() override;
 
 private:
-    void Initialise();
     void PlaceTeamworkGroup();
     /// Fills every item but those of Teamwork from the working copy.
     void ShowValues();
     /// The same for a working copy without changes of the user.
     void TakeAsShown();
-    void TakeTeamworkState(General::TeamworkControl::Confirming state);
-    /// Takes from the model what the user has not changed.
-    void Reread();
-    std::int16_t HandleClick(std::int16_t item, const host::DialogMessageData& data);
-    void HandleChange(std::int16_t item);
-    void Resize();
 
     void RefreshQuantityEdits();
     void TakeChoice(lca::FloorQuantity quantity);
@@ -53,10 +46,7 @@ private:
     void FillPhases();
     void TogglePhase(const host::DialogMessageData& click);
 
-    General::ResizeAnchoring anchoring;
-    General::TeamworkControl teamwork;
     StandardsList standards;
     lca::LCAProjectData shown; ///< the model's state that was shown last, without the user's changes
     lca::LCAProjectData workingCopy;
-    bool isEditable = false; ///< by the last look at the reservation
 };

@@ -9,43 +9,18 @@
 #include "lca/RecordEncodings.h"
 #include "src/Texts.h"
 
-#include <cmath>
-
 namespace {
 
-lca::StoredValue ToStored(const host::PropertyDefinition& definition) {
-    const host::Variant& value = definition.defaultValue;
-    return {value.integer, value.real, value.text, definition.description};
-}
-
-host::Variant ToVariant(lca::PropertyKey key, const lca::StoredValue& stored) {
-    switch (lca::GetStoredKind(key)) {
-    case lca::StoredKind::Integer:
-        return host::Variant::OfInteger(stored.integer);
-    case lca::StoredKind::Real:
-        return host::Variant::OfReal(stored.real);
-    case lca::StoredKind::Text:
-        break;
-    }
-    return host::Variant::OfText(stored.text);
-}
-
 /// Sets default and unit marker where they differ between the two records; answers whether they do.
-bool TakeChange(lca::PropertyKey key, const lca::LCAProjectData& before, const lca::LCAProjectData& after,
+bool TakeChange(const lca::PropertyKeyRow& row, const lca::LCAProjectData& before, const lca::LCAProjectData& after,
                 host::PropertyDefinition& definition) {
-    lca::StoredValue former = ToStored(definition);
-    lca::StoredValue stored = former;
-    lca::WriteStoredValue(key, before, former);
-    lca::WriteStoredValue(key, after, stored);
-    if (ToVariant(key, former) == ToVariant(key, stored) && former.description == stored.description) return false;
-    definition.defaultValue = ToVariant(key, stored);
-    definition.description = stored.description;
+    const lca::StoredValue stored = row.encode(after);
+    const std::string description = lca::WriteDescription(row.key, after, definition.description);
+    if (row.encode(before) == stored && lca::WriteDescription(row.key, before, definition.description) == description)
+        return false;
+    definition.defaultValue = host::Variant::OfPlain(stored);
+    definition.description = description;
     return true;
-}
-
-/// A default of another kind, none at all, or a number that is none.
-bool HasUsableDefault(lca::PropertyKey key, const host::PropertyDefinition& definition) {
-    return definition.defaultValue.type == ToVariant(key, {}).type && std::isfinite(definition.defaultValue.real);
 }
 
 /// Takes the model's state into the record, and the definitions in which changes of it are stored: of each key the
@@ -58,9 +33,8 @@ host::ErrorCode ReadRecord(host::Host& host, lca::LCAProjectData& record, LCADef
     const auto take = [&](lca::PropertyKey key, host::PropertyDefinition& definition,
                           const host::PropertyGroup& group) {
         if (!lca::IsProjectKey(key)) return;
-        if (HasUsableDefault(key, definition))
-            lca::ReadStoredValue(key, ToStored(definition), loaded);
-        else
+        const std::optional<lca::StoredValue> value = definition.defaultValue.GetPlain();
+        if (!value || !lca::ReadStoredValue(key, *value, definition.description, loaded))
             unusable += (unusable.empty() ? "" : ", ") + definition.name;
         std::optional<host::PropertyDefinition>& slot = stored[static_cast<std::size_t>(key)];
         if (!slot && group.name == projectGroup) slot = std::move(definition);
@@ -76,9 +50,10 @@ host::ErrorCode ReadRecord(host::Host& host, lca::LCAProjectData& record, LCADef
 host::ErrorCode StoreChanges(host::Host& host, const lca::LCAProjectData& before, const lca::LCAProjectData& after,
                              LCADefinitions& stored) {
     std::vector<host::PropertyDefinition> changed;
-    for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i)
-        if (stored[i] && TakeChange(static_cast<lca::PropertyKey>(i), before, after, *stored[i]))
-            changed.push_back(*stored[i]);
+    for (const lca::PropertyKeyRow& row : lca::GetPropertyKeys()) {
+        std::optional<host::PropertyDefinition>& definition = stored[static_cast<std::size_t>(row.key)];
+        if (definition && TakeChange(row, before, after, *definition)) changed.push_back(*definition);
+    }
     if (changed.empty()) return host::NoError;
     const std::string undoName = ReadText(host, ResourceIds::OwnTexts::RecordUndoName);
     return host.GetUndoableCommands().Call(undoName, [&] {
@@ -91,9 +66,7 @@ host::ErrorCode StoreChanges(host::Host& host, const lca::LCAProjectData& before
 } // namespace
 
 host::Variant GetStoredDefault(lca::PropertyKey key, const lca::LCAProjectData& record) {
-    lca::StoredValue stored;
-    lca::WriteStoredValue(key, record, stored);
-    return ToVariant(key, stored);
+    return ToVariant(lca::GetRow(key).encode(record));
 }
 
 host::ErrorCode LoadProjectData(host::Host& host, lca::LCAProjectData& record) {

@@ -6,17 +6,25 @@
 #include "src/Texts.h"
 
 #include <algorithm>
-#include <set>
+#include <map>
 
 namespace {
 
 using host::ValueType;
 
-constexpr std::array<ValueType, lca::PropertyKeyCount> ValueTypes = {
-    ValueType::String, ValueType::String, ValueType::Integer, ValueType::Real,    ValueType::Boolean,
-    ValueType::Real,   ValueType::String, ValueType::String,  ValueType::Integer, ValueType::String,
-    ValueType::String, ValueType::String, ValueType::Real,    ValueType::Real,    ValueType::Real,
-    ValueType::String, ValueType::Real,   ValueType::Real,    ValueType::Real};
+ValueType GetValueType(lca::StoredKind kind) {
+    switch (kind) {
+    case lca::StoredKind::Integer:
+        return ValueType::Integer;
+    case lca::StoredKind::Real:
+        return ValueType::Real;
+    case lca::StoredKind::Boolean:
+        return ValueType::Boolean;
+    case lca::StoredKind::Text:
+        break;
+    }
+    return ValueType::String;
+}
 
 constexpr std::array<const char*, 3> UnitTexts = {"m3", "m2", "kg"};
 
@@ -56,7 +64,7 @@ host::PropertyDefinition BuildDefinition(host::Host& host, std::size_t index) {
     host::PropertyDefinition definition;
     if (index >= lca::PropertyKeyCount) return definition;
     const auto key = static_cast<lca::PropertyKey>(index);
-    definition.valueType = ValueTypes[index];
+    definition.valueType = GetValueType(lca::GetRow(key).kind);
     definition.name = ReadText(host, ResourceIds::Schema::FirstPropertyName + static_cast<int>(index));
     definition.description = lca::WriteMarker(key);
     if (key == lca::PropertyKey::UnitType)
@@ -91,11 +99,22 @@ host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions) {
 
 void WarnOfDoubledDefinitions(host::Host& host) {
     constexpr char Task[] = "looking for the LCA properties";
-    std::set<lca::PropertyKey> known;
+    const std::string projectGroup = ReadText(host, ResourceIds::Schema::ProjectGroup);
+    struct Stored {
+        std::string name;
+        bool isInProjectGroup;
+    };
+    std::map<lca::PropertyKey, Stored> storedByKey;
     std::string doubled;
-    const host::ErrorCode error =
-        WalkDefinitions(host, [&](lca::PropertyKey key, const auto& definition, const auto& /*group*/) {
-            if (!known.insert(key).second) doubled += (doubled.empty() ? "" : ", ") + definition.name;
+    const host::ErrorCode error = WalkDefinitions(
+        host, [&](lca::PropertyKey key, const host::PropertyDefinition& definition, const host::PropertyGroup& group) {
+            Stored found{group.name + " / " + definition.name, group.name == projectGroup};
+            const auto [stored, isFirst] = storedByKey.try_emplace(key, found);
+            if (isFirst) return;
+            // Settings are stored in the add-on's own group alone.
+            if (lca::IsProjectKey(key) && found.isInProjectGroup && !stored->second.isInProjectGroup)
+                std::swap(stored->second, found);
+            doubled += (doubled.empty() ? "" : ", ") + found.name;
         });
     General::ReportHostError(host, Task, error);
     if (doubled.empty()) return;

@@ -27,8 +27,8 @@ host::ErrorCode WalkDefinitions(host::Host& host, const DefinitionTaker& take);
 
 host::ErrorCode FindDefinitions(host::Host& host, LCADefinitions& definitions);
 
-/// Names in the host's report the definitions whose marker an earlier one carries, too: they are read as well, and only
-/// the first is stored, so that a change may seem to have no effect.
+/// Names in the host's report the definitions that carry the same marker as another one, which alone is stored: they
+/// are read as well, so that a change may seem to have no effect.
 void WarnOfDoubledDefinitions(host::Host& host);
 
 /// Text of the option that the value chose; empty where the key is none of the options.

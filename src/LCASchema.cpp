@@ -42,8 +42,8 @@ public:
         if (const host::ErrorCode error = EnsureMaterialClassification()) return error;
         if (const host::ErrorCode error = CollectElementClassifications()) return error;
         if (const host::ErrorCode error = FindDefinitions(host, existing)) return error;
-        for (std::size_t index = 0; index < lca::PropertyKeyCount; ++index)
-            if (const host::ErrorCode error = RegisterDefinition(static_cast<lca::PropertyKey>(index))) return error;
+        for (const lca::PropertyKeyRow& row : lca::GetPropertyKeys())
+            if (const host::ErrorCode error = RegisterDefinition(row.key)) return error;
         return host::NoError;
     }
 
@@ -105,8 +105,9 @@ private:
     }
 
     std::vector<host::Guid> GetAvailability(lca::PropertyKey key) const {
-        if (lca::IsMaterialKey(key)) return {material.item};
-        return lca::IsElementKey(key) ? elementItems : std::vector<host::Guid>();
+        const lca::KeyOwner owner = lca::GetRow(key).owner;
+        if (owner == lca::KeyOwner::BuildingMaterial) return {material.item};
+        return owner == lca::KeyOwner::Element ? elementItems : std::vector<host::Guid>();
     }
 
     host::ErrorCode MakeAvailable(host::PropertyDefinition& definition, const std::vector<host::Guid>& items) {
@@ -120,9 +121,10 @@ private:
     }
 
     host::ErrorCode EnsureGroup(lca::PropertyKey key, host::Guid& guid) {
-        const ResourceIds::StringId entry = lca::IsMaterialKey(key)  ? ResourceIds::Schema::MaterialGroup
-                                            : lca::IsElementKey(key) ? ResourceIds::Schema::ElementGroup
-                                                                     : ResourceIds::Schema::ProjectGroup;
+        constexpr ResourceIds::StringId Groups[] = {ResourceIds::Schema::MaterialGroup,
+                                                    ResourceIds::Schema::ElementGroup,
+                                                    ResourceIds::Schema::ProjectGroup}; // by owner
+        const ResourceIds::StringId entry = Groups[static_cast<std::size_t>(lca::GetRow(key).owner)];
         host::Guid& known = groups[entry.entry];
         if (known.IsNull())
             if (const host::ErrorCode error = FindOrCreateGroup(ReadText(host, entry), known)) return error;

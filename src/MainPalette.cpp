@@ -47,8 +47,9 @@ std::int16_t GetSettingsIcon(host::LockableStatus status) {
 } // namespace
 
 MainPalette::MainPalette(host::Host& host)
-    : CDialogBase(host, PaletteDialog, "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}"), anchoring(host), table(host),
-      editors(host), charts(host) {}
+    : AnchoredDialog(host, PaletteDialog, "{E2ADBC68-AD7B-4AFF-9115-86328A1FBA94}",
+                     {Anchors, {PaletteMinimumWidth, PaletteMinimumHeight}, {std::begin(Charts), std::end(Charts)}}),
+      table(host), editors(host), charts(host) {}
 
 void MainPalette::Open() {
     OpenAsPalette();
@@ -58,54 +59,11 @@ void MainPalette::Close() {
     ClosePalette();
 }
 
-std::int16_t MainPalette::HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                          const host::DialogMessageData& data) {
-    switch (message) {
-    case host::DialogMessage::Initialise:
-        Initialise();
-        break;
-    case host::DialogMessage::Click:
-        Click(item, data);
-        break;
-    case host::DialogMessage::DoubleClick:
-        if (item == PaletteItems::Table && data.column == PaletteColourColumn) PickCategoryColour(data.row);
-        break;
-    case host::DialogMessage::Change:
-        if (item == PaletteItems::Table) {
-            RefreshEditors();
-            GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
-        } else {
-            TakeEdit(item);
-        }
-        break;
-    case host::DialogMessage::ListCellUpdate:
-        if (item == PaletteItems::Table) PaintCell(data);
-        break;
-    case host::DialogMessage::UserItemUpdate:
-        if (data.context != nullptr) DrawChart(item, *data.context, data.area);
-        break;
-    case host::DialogMessage::Resize:
-        Resize();
-        break;
-    case host::DialogMessage::CloseRequest:
-        Close();
-        break;
-    case host::DialogMessage::Close:
-        anchoring.Reset();
-        SetMenuText(PaletteCommand::Show);
-        break;
-    default:
-        break;
-    }
-    return 0;
-}
-
-void MainPalette::Initialise() {
+void MainPalette::OnInitialise() {
     SetMenuText(PaletteCommand::Hide);
     CollectElementGWP();
     settingsIcon = 0;
     UpdateSettingsButtonIcon();
-    RegisterAnchors();
     host::DialogItems& items = GetHost().GetDialogItems();
     for (const std::int16_t chart : Charts)
         items.SetBackground(GetDialog(), chart, White);
@@ -120,27 +78,12 @@ void MainPalette::Initialise() {
     OnActiveWindowChanged();
 }
 
-void MainPalette::RegisterAnchors() {
-    anchoring.RegisterAll(GetDialog(), Anchors, {PaletteMinimumWidth, PaletteMinimumHeight});
-}
-
-void MainPalette::Resize() {
-    host::Dialogs& dialogs = GetHost().GetDialogs();
-    host::DialogItems& items = GetHost().GetDialogItems();
-    dialogs.BeginMoveGrow(GetDialog());
-    for (const std::int16_t chart : Charts)
-        items.EnableDrawing(GetDialog(), chart, false);
-    anchoring.Apply(GetDialog());
-    for (const std::int16_t chart : Charts)
-        items.EnableDrawing(GetDialog(), chart, true);
-    dialogs.EndMoveGrow(GetDialog());
+void MainPalette::OnResize() {
     table.LayOutColumns();
     General::FitListEditors(GetHost(), GetDialog(), PaletteItems::Table);
-    for (const std::int16_t chart : Charts)
-        items.Redraw(GetDialog(), chart);
 }
 
-void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) {
+std::int16_t MainPalette::OnClick(std::int16_t item, const host::DialogMessageData& data) {
     switch (item) {
     case PaletteItems::Table:
         if (data.column == PaletteModeColumn) TogglePercentageMode(data.row);
@@ -152,7 +95,9 @@ void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) 
         UpdateResults();
         break;
     case PaletteItems::ReportButton:
-        GenerateReport(GetHost(), *owner);
+        GenerateReport(GetHost(),
+                       {owner->projectData, owner->materialSums, assessment, charts, ReadLabel(PaletteItems::PieLabel),
+                        ReadLabel(PaletteItems::BarLabel), ReadLabel(PaletteItems::LastUpdateLabel)});
         break;
     case PaletteItems::MaterialReportButton:
         RunMaterialReport(*owner);
@@ -163,11 +108,26 @@ void MainPalette::Click(std::int16_t item, const host::DialogMessageData& data) 
     default:
         break;
     }
+    return 0;
+}
+
+void MainPalette::OnDoubleClick(std::int16_t item, const host::DialogMessageData& data) {
+    if (item == PaletteItems::Table && data.column == PaletteColourColumn) PickCategoryColour(data.row);
+}
+
+void MainPalette::OnChange(std::int16_t item) {
+    if (item != PaletteItems::Table) return TakeEdit(item);
+    RefreshEditors();
+    GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
+}
+
+void MainPalette::OnClose() {
+    SetMenuText(PaletteCommand::Show);
 }
 
 void MainPalette::TogglePercentageMode(std::int32_t row) {
     const std::optional<lca::ElementCategory> category = PaletteTable::FindCategory(row);
-    if (!category || *category < lca::ElementCategory::Inventory || !CanChangeProperties(GetHost())) return;
+    if (!category || !lca::GetRow(*category).isShare || !CanChangeProperties(GetHost())) return;
     const bool isPercentage = !lca::ValueOr(owner->projectData.contributionEnabled, *category, false);
     SaveChange([&](lca::LCAProjectData& record) { record.contributionEnabled[*category] = isPercentage; });
     RebuildTable(Rebuild::TextsOnly);
@@ -178,17 +138,14 @@ void MainPalette::PickCategoryColour(std::int32_t row) {
     const std::optional<lca::ElementCategory> category = PaletteTable::FindCategory(row);
     if (!category || !CanChangeProperties(GetHost())) return;
     constexpr unsigned ToPicker = 8; ///< bits by which the picker's channels are wider
-    const std::uint32_t colour = lca::ValueOr(owner->projectData.elementColours, *category, std::uint32_t{0});
-    const auto widen = [&](unsigned shift) {
-        return static_cast<std::uint16_t>(((colour >> shift) & 0xFFU) << ToPicker);
-    };
+    const lca::Colour shown = lca::ValueOr(owner->projectData.elementColours, *category, lca::Colour());
+    const auto widen = [](std::uint8_t channel) { return static_cast<std::uint16_t>(channel << ToPicker); };
     const std::optional<host::PickerColour> picked =
-        GetHost().GetUserInput().PickColour({widen(16), widen(8), widen(0)});
+        GetHost().GetUserInput().PickColour({widen(shown.red), widen(shown.green), widen(shown.blue)});
     if (!picked) return;
-    const auto narrow = [](std::uint16_t channel) { return static_cast<std::uint32_t>(channel) >> ToPicker; };
-    const std::uint32_t argb =
-        0xFF000000U | (narrow(picked->red) << 16U) | (narrow(picked->green) << 8U) | narrow(picked->blue);
-    SaveChange([&](lca::LCAProjectData& record) { record.elementColours[*category] = argb; });
+    const auto narrow = [](std::uint16_t channel) { return static_cast<std::uint8_t>(channel >> ToPicker); };
+    const lca::Colour chosen{narrow(picked->red), narrow(picked->green), narrow(picked->blue)};
+    SaveChange([&](lca::LCAProjectData& record) { record.elementColours[*category] = chosen; });
     GetHost().GetDialogItems().Redraw(GetDialog(), PaletteItems::Table);
     RebuildTable(Rebuild::AllRows);
 }
@@ -200,7 +157,7 @@ void MainPalette::TakeEdit(std::int16_t editor) {
     RebuildRows(Rebuild::TextsOnly);
     // The editor itself is left alone: the user may be in the middle of a number.
     editors.EnableForSelection(owner->projectData);
-    editors.ShowCounterpart(editor, results);
+    editors.ShowCounterpart(editor, assessment.results);
 }
 
 void MainPalette::RefreshEditors() {
@@ -216,8 +173,9 @@ bool MainPalette::SaveChange(const PaletteEditors::RecordChange& change) {
 }
 
 RunOutcome MainPalette::CollectElementGWP() {
-    const RunOutcome outcome = RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, baseSums);
-    areSumsWhole = outcome == RunOutcome::Whole;
+    const RunOutcome outcome =
+        RunGWPCalculation(GetHost(), owner->projectData, owner->materialSums, assessment.baseSums);
+    assessment.areSumsWhole = outcome == RunOutcome::Whole;
     if (outcome != RunOutcome::Cancelled) owner->lastCalculationText = MakeTimeStamp();
     return outcome;
 }
@@ -229,8 +187,7 @@ void MainPalette::UpdateResults() {
 }
 
 void MainPalette::TakeNewProject() {
-    baseSums = {};
-    areSumsWhole = false;
+    assessment = {};
     owner->materialSums.Clear();
     owner->lastCalculationText.clear();
     if (!IsOpen()) return;
@@ -254,20 +211,23 @@ void MainPalette::PlaceResultReport() {
                       [&](ObjectParameters& parameters) { FillResultReportParameters(report, parameters); });
 }
 
+std::string MainPalette::ReadLabel(std::int16_t item) const {
+    return GetHost().GetDialogItems().ReadText(GetDialog(), item);
+}
+
 ResultReport MainPalette::BuildResultReport() const {
-    host::DialogItems& items = GetHost().GetDialogItems();
-    return {{items.ReadText(GetDialog(), PaletteItems::ElementsLabel),
-             items.ReadText(GetDialog(), PaletteItems::PieLabel), items.ReadText(GetDialog(), PaletteItems::BarLabel)},
-            tableText,
-            typeColors,
-            charts.GetPieValues(),
-            charts.GetBarEntries(),
-            lastUpdateText};
+    return {
+        {ReadLabel(PaletteItems::ElementsLabel), ReadLabel(PaletteItems::PieLabel), ReadLabel(PaletteItems::BarLabel)},
+        tableText,
+        typeColors,
+        charts.GetPieValues(),
+        charts.GetBarEntries(),
+        assessment.time};
 }
 
 std::string MainPalette::MakeTimeStamp() const {
     return GetHost().GetResources().FormatCurrentTime(TimeFormatFlags) +
-           (areSumsWhole ? std::string() : ReadText(GetHost(), OwnTexts::Incomplete));
+           (assessment.areSumsWhole ? std::string() : ReadText(GetHost(), OwnTexts::Incomplete));
 }
 
 void MainPalette::RebuildTable(Rebuild mode) {
@@ -276,9 +236,9 @@ void MainPalette::RebuildTable(Rebuild mode) {
 }
 
 void MainPalette::RebuildRows(Rebuild mode) {
-    lastUpdateText = MakeTimeStamp();
-    GetHost().GetDialogItems().SetText(GetDialog(), PaletteItems::LastUpdateTime, lastUpdateText);
-    results = lca::ComputeResults(owner->projectData, baseSums);
+    assessment.time = MakeTimeStamp();
+    GetHost().GetDialogItems().SetText(GetDialog(), PaletteItems::LastUpdateTime, assessment.time);
+    const lca::Results& results = assessment.results = lca::ComputeResults(owner->projectData, assessment.baseSums);
     WarnOfServiceLives();
     if (!lca::IsFinite(results))
         General::ReportFailure(&GetHost(), "results", "a sum is too large to be a number and is shown as \"-\"");
@@ -298,15 +258,16 @@ void MainPalette::UpdateSettingsButtonIcon() {
     GetHost().GetDialogItems().SetIcon(GetDialog(), PaletteItems::SettingsButton, icon);
 }
 
-void MainPalette::PaintCell(const host::DialogMessageData& cell) {
+void MainPalette::OnCell(std::int16_t item, const host::DialogMessageData& cell) {
+    if (item != PaletteItems::Table) return;
     if (cell.row <= lastPaintedRow) UpdateSettingsButtonIcon(); // a paint begins
     lastPaintedRow = cell.row;
     table.DrawSwatch(cell, typeColors);
 }
 
-void MainPalette::DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area) const {
-    if (item == PaletteItems::PieChart) charts.DrawPieChart(context, area);
-    if (item == PaletteItems::BarChart) charts.DrawBarChart(context, area);
+void MainPalette::OnDraw(std::int16_t item, const host::DialogMessageData& data) {
+    if (item == PaletteItems::PieChart) charts.DrawPieChart(*data.context, data.area);
+    if (item == PaletteItems::BarChart) charts.DrawBarChart(*data.context, data.area);
 }
 
 void MainPalette::OnActiveWindowChanged() {
@@ -322,7 +283,7 @@ void MainPalette::SetMenuText(StringId text) {
 }
 
 void MainPalette::WarnOfServiceLives() {
-    for (const lca::CategoryResult& row : results.categories) {
+    for (const lca::CategoryResult& row : assessment.results.categories) {
         if (!row.lacksServiceLife) continue;
         ShowTextAlert(GetHost(), host::AlertType::Warning, Palette::GwpPerAreaPerYearHeader,
                       Palette::ServiceLifeTooShort, {}, Palette::ColorHeader);

@@ -2,16 +2,14 @@
 // the table is lca/ResultTable's, the list itself PaletteTable's.
 #pragma once
 
+#include "src/Assessment.h"
 #include "src/GWPRun.h"
 #include "src/PaletteEditors.h"
 #include "src/PaletteTable.h"
 #include "src/ResultCharts.h"
 #include "src/ResultReport.h"
 
-#include "General/DialogBase.h"
-#include "General/ResizeAnchoring.h"
-#include "lca/GWPCalculation.h"
-#include "lca/ResultTable.h"
+#include "General/AnchoredDialog.h"
 #include "resources/ResourceIds.h"
 
 #include <limits>
@@ -20,7 +18,7 @@
 
 class AddOnContext;
 
-class MainPalette : public General::CDialogBase {
+class MainPalette : public General::AnchoredDialog {
 public:
     explicit MainPalette(host::Host& host);
 
@@ -52,25 +50,18 @@ public:
     /// In a Teamwork project, shows on "Settings..." who holds the classifications and properties.
     void UpdateSettingsButtonIcon();
 
-    /// Draws the chart of a user item into an area of any size.
-    void DrawChart(std::int16_t item, host::NativeContext& context, const host::Rectangle& area) const;
-
-    const lca::BaseSums& GetBaseSums() const { return baseSums; }
-    const lca::Results& GetResults() const { return results; }
-    const std::vector<std::string>& GetTableText() const { return tableText; }
-    const std::vector<double>& GetTypeColours() const { return typeColors; }
-    const std::string& GetLastUpdateText() const { return lastUpdateText; }
-    const ResultCharts& GetCharts() const { return charts; }
-
 protected:
-    std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                 const host::DialogMessageData& data) override;
+    void OnInitialise() override;
+    std::int16_t OnClick(std::int16_t item, const host::DialogMessageData& data) override;
+    void OnDoubleClick(std::int16_t item, const host::DialogMessageData& data) override;
+    void OnChange(std::int16_t item) override;
+    void OnCell(std::int16_t item, const host::DialogMessageData& cell) override;
+    void OnDraw(std::int16_t item, const host::DialogMessageData& data) override;
+    void OnResize() override;
+    void OnCloseRequest() override { Close(); }
+    void OnClose() override;
 
 private:
-    void Initialise();
-    void RegisterAnchors();
-    void Resize();
-    void Click(std::int16_t item, const host::DialogMessageData& data);
     void TogglePercentageMode(std::int32_t row);
     void PickCategoryColour(std::int32_t row);
     void TakeEdit(std::int16_t editor);
@@ -78,21 +69,17 @@ private:
     bool SaveChange(const PaletteEditors::RecordChange& change);
     void RebuildRows(Rebuild mode);
     std::string MakeTimeStamp() const;
-    void PaintCell(const host::DialogMessageData& cell);
     void PlaceResultReport();
+    std::string ReadLabel(std::int16_t item) const;
     ResultReport BuildResultReport() const;
     void UpdatePlacedReports();
     void SetMenuText(ResourceIds::StringId text);
     void WarnOfServiceLives();
 
     AddOnContext* owner = nullptr;
-    General::ResizeAnchoring anchoring;
     PaletteTable table;
     PaletteEditors editors;
-    lca::BaseSums baseSums;
-    lca::Results results;
-    bool areSumsWhole = false;  ///< whether the last run came to its end and read everything
-    std::string lastUpdateText; ///< shown after "Last update from Archicad:"; empty until the first rebuild
+    Assessment assessment; ///< its time is shown after "Last update from Archicad:"
     std::vector<std::string> tableText;
     std::vector<double> typeColors;
     ResultCharts charts;

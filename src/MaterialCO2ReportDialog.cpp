@@ -30,7 +30,7 @@ constexpr General::ItemAnchor Anchors[] = {
 } // namespace
 
 MaterialCO2ReportDialog::MaterialCO2ReportDialog(host::Host& host)
-    : CDialogBase(host, MaterialReportDialog, "{97D8CF2D-F0AA-4F5B-B1AC-865794D0E69F}"), anchoring(host) {}
+    : AnchoredDialog(host, MaterialReportDialog, "{97D8CF2D-F0AA-4F5B-B1AC-865794D0E69F}", Anchors) {}
 
 MaterialCO2ReportDialog::Answer MaterialCO2ReportDialog::Run(const lca::MaterialSumTable& sums) {
     if (IsOpen()) return Answer::Cancelled;
@@ -47,31 +47,11 @@ void MaterialCO2ReportDialog::PlaceReport(const std::string& date) {
                       [&](ObjectParameters& parameters) { FillMaterialReport(GetHost(), rows, date, parameters); });
 }
 
-std::int16_t MaterialCO2ReportDialog::HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                                      const host::DialogMessageData& data) {
-    switch (message) {
-    case host::DialogMessage::Initialise:
-        Initialise();
-        break;
-    case host::DialogMessage::Click:
-        return item == PlaceButton || item == CloseButton ? item : std::int16_t{0};
-    case host::DialogMessage::ListCellUpdate:
-        if (item == Table && data.column == BarColumn) DrawBar(data);
-        break;
-    case host::DialogMessage::Resize:
-        Resize();
-        break;
-    case host::DialogMessage::Close:
-        TakeFavourite();
-        anchoring.Reset();
-        break;
-    default:
-        break;
-    }
-    return 0;
+std::int16_t MaterialCO2ReportDialog::OnClick(std::int16_t item, const host::DialogMessageData& /*data*/) {
+    return item == PlaceButton || item == CloseButton ? item : std::int16_t{0};
 }
 
-void MaterialCO2ReportDialog::Initialise() {
+void MaterialCO2ReportDialog::OnInitialise() {
     GetHost().GetListLayout().SetColumnCount(GetDialog(), Table, BarColumn);
     LayOutTable();
     FillTable();
@@ -80,7 +60,6 @@ void MaterialCO2ReportDialog::Initialise() {
     host::Database window;
     General::ReportHostError(GetHost(), "reading the front window", GetHost().GetDatabases().ReadFrontWindow(window));
     GetHost().GetDialogItems().Enable(GetDialog(), PlaceButton, window.type != host::DatabaseType::Model3D);
-    anchoring.RegisterAll(GetDialog(), Anchors);
 }
 
 /// The names share what the numbers and the bars leave.
@@ -137,12 +116,8 @@ void MaterialCO2ReportDialog::FillFavourites() {
     GetHost().GetItemValues().SetPopUpTexts(GetDialog(), FavoritePopup, texts);
 }
 
-void MaterialCO2ReportDialog::Resize() {
-    anchoring.ApplyAtOnce(GetDialog());
-    LayOutTable();
-}
-
-void MaterialCO2ReportDialog::DrawBar(const host::DialogMessageData& cell) {
+void MaterialCO2ReportDialog::OnCell(std::int16_t item, const host::DialogMessageData& cell) {
+    if (item != Table || cell.column != BarColumn) return;
     const std::optional<std::int32_t> position = GetHost().GetListRows().ReadUserData(GetDialog(), Table, cell.row);
     if (cell.context == nullptr || !position || static_cast<std::size_t>(*position) >= rows.size()) return;
     const MaterialReportRow& row = rows[static_cast<std::size_t>(*position)];
@@ -156,7 +131,7 @@ void MaterialCO2ReportDialog::DrawBar(const host::DialogMessageData& cell) {
     cell.context->FillRectangle(zeroLine, top, zeroLine + 1, bottom, ZeroLine);
 }
 
-void MaterialCO2ReportDialog::TakeFavourite() {
+void MaterialCO2ReportDialog::OnClose() {
     favourite.clear();
     const std::int16_t entry = GetHost().GetItemValues().ReadPopUpEntry(GetDialog(), FavoritePopup);
     const std::vector<std::string> texts = GetHost().GetItemValues().ListPopUpTexts(GetDialog(), FavoritePopup);

@@ -4,11 +4,10 @@
 
 #include "src/MaterialReport.h"
 
-#include "General/DialogBase.h"
-#include "General/ResizeAnchoring.h"
+#include "General/AnchoredDialog.h"
 #include "lca/ReportBar.h"
 
-class MaterialCO2ReportDialog : public General::CDialogBase {
+class MaterialCO2ReportDialog : public General::AnchoredDialog {
 public:
     explicit MaterialCO2ReportDialog(host::Host& host);
 
@@ -19,19 +18,18 @@ public:
     void PlaceReport(const std::string& date);
 
 protected:
-    std::int16_t HandleItemEvent(host::DialogMessage message, std::int16_t item,
-                                 const host::DialogMessageData& data) override;
+    void OnInitialise() override;
+    std::int16_t OnClick(std::int16_t item, const host::DialogMessageData& data) override;
+    void OnCell(std::int16_t item, const host::DialogMessageData& cell) override;
+    void OnResize() override { LayOutTable(); }
+    /// Takes the chosen favourite.
+    void OnClose() override;
 
 private:
-    void Initialise();
     void LayOutTable();
     void FillTable();
     void FillFavourites();
-    void Resize();
-    void DrawBar(const host::DialogMessageData& cell);
-    void TakeFavourite();
 
-    General::ResizeAnchoring anchoring;
     std::vector<MaterialReportRow> rows; ///< the last is the total, which stands below a separator
     lca::BarScale barScale;              ///< over all rows but the total
     std::string favourite;               ///< empty for the default settings

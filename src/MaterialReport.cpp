@@ -19,14 +19,14 @@ public:
     AttributeNames(const AttributeNames&) = delete;
     AttributeNames& operator=(const AttributeNames&) = delete;
 
-    std::string ReadLayer(std::int32_t index) {
+    std::string ReadLayer(lca::LayerIndex index) {
         std::string name;
-        return unread.Note(host.GetAttributes().ReadLayerName({index}, name)) ? std::string() : name;
+        return unread.Note(host.GetAttributes().ReadLayerName({index.value}, name)) ? std::string() : name;
     }
-    std::string ReadMaterial(std::int32_t index) {
+    std::string ReadMaterial(lca::BuildingMaterialIndex index) {
         host::BuildingMaterial material;
-        return unread.Note(host.GetAttributes().ReadBuildingMaterial({index}, material)) ? std::string()
-                                                                                         : material.name;
+        return unread.Note(host.GetAttributes().ReadBuildingMaterial({index.value}, material)) ? std::string()
+                                                                                               : material.name;
     }
 
 private:

@@ -13,16 +13,6 @@ using lca::ElementCategory;
 
 constexpr std::int16_t ServiceLifeColumn = 3, PercentageColumn = 5, GwpColumn = 6, GwpPerAreaPerYearColumn = 8;
 
-bool HasServiceLife(ElementCategory category) {
-    return category == ElementCategory::Doors || category == ElementCategory::Windows ||
-           category == ElementCategory::Inventory || category == ElementCategory::Installations;
-}
-
-bool HasPercentageMode(ElementCategory category) {
-    return category == ElementCategory::Inventory || category == ElementCategory::Installations ||
-           category == ElementCategory::BuildingProcess;
-}
-
 bool IsPercentage(const lca::LCAProjectData& record, ElementCategory category) {
     return lca::ValueOr(record.contributionEnabled, category, false);
 }
@@ -33,7 +23,7 @@ void PaletteEditors::Refresh(host::DialogId dialog, const lca::LCAProjectData& r
     palette = dialog;
     const std::optional<ElementCategory> category = FindSelected();
     const bool isPercentage = category && IsPercentage(record, *category);
-    const bool hasMode = category && HasPercentageMode(*category);
+    const bool hasMode = category && lca::GetRow(*category).isShare;
     if (category) {
         host::ItemValues& values = host.GetItemValues();
         const double fixedGWP = lca::ValueOr(record.contributionGWP, *category, 0.0);
@@ -44,7 +34,7 @@ void PaletteEditors::Refresh(host::DialogId dialog, const lca::LCAProjectData& r
         values.SetReal(palette, PaletteItems::GwpPerAreaPerYearEdit, areaYears ? fixedGWP / *areaYears : 0.0);
     }
     Bind(ServiceLifeColumn, PaletteItems::ServiceLifeEdit,
-         category && HasServiceLife(*category) && (!hasMode || isPercentage));
+         category && lca::GetRow(*category).hasServiceLife && (!hasMode || isPercentage));
     Bind(PercentageColumn, PaletteItems::PercentageEdit, hasMode && isPercentage);
     Bind(GwpColumn, PaletteItems::FixedGwpEdit, hasMode && !isPercentage);
     Bind(GwpPerAreaPerYearColumn, PaletteItems::GwpPerAreaPerYearEdit, hasMode && !isPercentage);

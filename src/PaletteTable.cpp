@@ -9,9 +9,10 @@ namespace {
 using namespace ResourceIds;
 
 constexpr std::int16_t ColumnCount = 8;
-constexpr std::int32_t UnitRow = 1;
-constexpr std::int32_t FirstCategoryRow = 2;
-constexpr std::int32_t TotalRow = 9;
+/// The list's rows count from 1, the table's from its headers, which the list shows as headers.
+constexpr auto UnitRow = static_cast<std::int32_t>(lca::UnitRow);
+constexpr auto FirstCategoryRow = static_cast<std::int32_t>(lca::FirstCategoryRow);
+constexpr auto TotalRow = static_cast<std::int32_t>(lca::TotalRow);
 
 struct Column {
     int header; ///< offset among the palette's headers; -1 for none
@@ -41,17 +42,23 @@ std::int32_t RowOf(lca::ElementCategory category) {
     return FirstCategoryRow + static_cast<std::int32_t>(category);
 }
 
+constexpr int SumShares() {
+    int shares = 0;
+    for (const Column& column : Columns)
+        shares += column.share;
+    return shares;
+}
+
+constexpr int AllShares = SumShares();
+
 std::array<std::int16_t, ColumnCount> ComputeWidths(int available) {
     int minimum = 0;
-    int shares = 0;
-    for (const Column& column : Columns) {
+    for (const Column& column : Columns)
         minimum += column.minimumWidth;
-        shares += column.share;
-    }
     const int spare = available > minimum ? available - minimum : 0;
     std::array<std::int16_t, ColumnCount> widths{};
     for (std::size_t i = 0; i < Columns.size(); ++i)
-        widths[i] = static_cast<std::int16_t>(Columns[i].minimumWidth + spare * Columns[i].share / shares);
+        widths[i] = static_cast<std::int16_t>(Columns[i].minimumWidth + spare * Columns[i].share / AllShares);
     return widths;
 }
 
@@ -106,12 +113,10 @@ void PaletteTable::Show(const std::vector<std::string>& tableText, const lca::LC
     const std::int32_t selected = selection.ReadFirst(palette, PaletteItems::Table);
     host.GetDialogItems().EnableDrawing(palette, PaletteItems::Table, false);
     if (insertsRows) InsertRows();
-    // The table text begins with the headers, which the list shows as headers.
     for (std::size_t i = lca::TableColumns; i < tableText.size(); ++i)
         SetCell(static_cast<std::int32_t>(i / lca::TableColumns), ListColumnOf[i % lca::TableColumns], tableText[i]);
-    for (const lca::ElementCategory category :
-         {lca::ElementCategory::Inventory, lca::ElementCategory::Installations, lca::ElementCategory::BuildingProcess})
-        ShowPercentageMode(category, record);
+    for (const lca::CategoryRow& row : lca::CategoryRows)
+        if (row.isShare) ShowPercentageMode(row.category, record);
     if (selected > 0) selection.Select(palette, PaletteItems::Table, selected);
     host.GetDialogItems().EnableDrawing(palette, PaletteItems::Table, true);
 }

@@ -1,5 +1,5 @@
-// The palette's category list: columns, headers, rows and the colour swatches. Row 1 shows the units, rows 2 to 8 the
-// categories, row 9 the total.
+// The palette's category list: columns, headers, rows and the colour swatches. The rows are
+// those of the table: units, categories, total.
 #pragma once
 
 #include "host/Dialogs.h"

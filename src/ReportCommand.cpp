@@ -1,6 +1,6 @@
 #include "src/ReportCommand.h"
 
-#include "src/AddOnContext.h"
+#include "src/MaterialReport.h"
 #include "src/SpreadsheetReport.h"
 #include "src/SystemStart.h"
 #include "src/Texts.h"
@@ -21,20 +21,17 @@ constexpr char TypeManager[] = "MyManager";
 constexpr char Extension[] = "xlsx";
 constexpr double PictureScale = 2.0; ///< so that the charts print sharply
 constexpr std::int16_t OpenNow = 1;
-constexpr int HeaderCount = 9;
 
-std::vector<std::string> ReadTexts(host::Host& host, StringId first, int count) {
-    std::vector<std::string> texts;
-    for (int i = 0; i < count; ++i)
-        texts.push_back(ReadText(host, first + i));
-    return texts;
+template <std::size_t Count>
+void ReadTexts(host::Host& host, StringId first, std::array<std::string, Count>& texts) {
+    for (std::size_t i = 0; i < Count; ++i)
+        texts[i] = ReadText(host, first + static_cast<int>(i));
 }
 
 lca::ReportSheetTexts ReadSheetTexts(host::Host& host) {
     lca::ReportSheetTexts texts;
-    texts.headers = ReadTexts(host, ReportColumns::FirstHeader, HeaderCount);
-    for (std::size_t i = 0; i < texts.categories.size(); ++i)
-        texts.categories[i] = ReadText(host, Report::FirstCategoryLabel + static_cast<int>(i));
+    ReadTexts(host, ReportColumns::FirstHeader, texts.headers);
+    ReadTexts(host, Report::FirstCategoryLabel, texts.categories);
     texts.total = ReadText(host, Report::TotalLabel);
     texts.useStage = ReadText(host, Report::UseStage);
     texts.productStageAndEndOfLife = ReadText(host, Report::ProductStageAndEndOfLife);
@@ -60,10 +57,11 @@ std::pair<lca::CellRole, lca::CellRole> GetRoles(MaterialReportRow::Kind kind) {
 
 std::vector<lca::SheetRow> BuildMaterialSheet(host::Host& host, const lca::MaterialSumTable& sums) {
     using lca::CellRole;
-    std::vector<lca::SheetRow> rows(1);
-    for (const std::string& header : ReadTexts(host, MaterialSheetColumns::LayerHeader, 2))
-        rows.front().push_back({CellRole::Header, header, {}});
-    rows.front().push_back({CellRole::NumberHeader, ReadText(host, MaterialSheetColumns::LayerHeader + 2), {}});
+    std::array<std::string, 3> headers;
+    ReadTexts(host, MaterialSheetColumns::LayerHeader, headers);
+    std::vector<lca::SheetRow> rows = {{{CellRole::Header, headers[0], {}},
+                                        {CellRole::Header, headers[1], {}},
+                                        {CellRole::NumberHeader, headers[2], {}}}};
     for (const MaterialReportRow& row : BuildMaterialReport(host, sums)) {
         const auto [label, number] = GetRoles(row.kind);
         rows.push_back({{label, row.layer, {}}, {label, row.name, {}}, {number, {}, row.gwp}});
@@ -71,8 +69,10 @@ std::vector<lca::SheetRow> BuildMaterialSheet(host::Host& host, const lca::Mater
     return rows;
 }
 
+using ChartDrawing = void (ResultCharts::*)(host::NativeContext& context, const host::Rectangle& area) const;
+
 /// Empty where the picture could not be written: the report then does without it.
-std::string DrawChart(host::Host& host, MainPalette& palette, std::int16_t item, StringId fileName,
+std::string DrawChart(host::Host& host, const ResultCharts& charts, ChartDrawing draw, StringId fileName,
                       const PictureSize& size) {
     std::string path;
     const host::ErrorCode noFolder = host.GetPictures().ReadSpecialFolder(host::TemporaryFolder, path);
@@ -82,37 +82,37 @@ std::string DrawChart(host::Host& host, MainPalette& palette, std::int16_t item,
     const host::Rectangle area{0, 0, static_cast<std::int16_t>(size.width), static_cast<std::int16_t>(size.height)};
     const host::ErrorCode notDrawn =
         host.GetPictures().WriteJpeg(path, size.width, size.height, PictureScale,
-                                     [&](host::NativeContext& context) { palette.DrawChart(item, context, area); });
+                                     [&](host::NativeContext& context) { (charts.*draw)(context, area); });
     General::ReportHostError(host, ("drawing the chart " + path).c_str(), notDrawn);
     return notDrawn == host::NoError ? path : std::string();
 }
 
 std::vector<LegendEntry> BuildLegend(host::Host& host, const lca::LCAProjectData& record) {
     std::vector<LegendEntry> legend;
-    for (const lca::ElementCategory category : lca::AllCategories)
-        legend.push_back({ReadText(host, Report::FirstCategoryLabel + static_cast<int>(category)),
-                          lca::ValueOr(record.elementColours, category, std::uint32_t{0})});
+    legend.reserve(lca::CategoryRows.size());
+    for (const lca::CategoryRow& row : lca::CategoryRows)
+        legend.push_back({ReadText(host, Report::FirstCategoryLabel + static_cast<int>(row.category)),
+                          lca::ValueOr(record.elementColours, row.category, lca::Colour())});
     return legend;
 }
 
-SpreadsheetReport BuildReport(host::Host& host, AddOnContext& context) {
-    MainPalette& palette = context.mainPalette;
+SpreadsheetReport BuildReport(host::Host& host, const ReportSource& source) {
     SpreadsheetReport report;
-    const auto readLabel = [&](std::int16_t item) { return host.GetDialogItems().ReadText(palette.GetDialog(), item); };
     report.resultSheetName = lca::MakeSheetName(ReadText(host, Report::ResultSheetName));
     report.materialSheetName = lca::MakeSheetName(ReadText(host, Report::MaterialSheetName));
     General::ReportHostError(host, "reading the project's name", host.GetModel().ReadProjectName(report.projectName));
-    report.lastUpdate = readLabel(PaletteItems::LastUpdateLabel) + " " + palette.GetLastUpdateText();
+    report.lastUpdate = source.lastUpdateLabel + " " + source.assessment.time;
     report.resultColumnWidth = lca::ParseDecimal(ReadText(host, ReportColumns::ColumnWidth)).value_or(0.0);
-    report.resultRows =
-        lca::BuildResultSheet(context.projectData, palette.GetBaseSums(), palette.GetResults(), ReadSheetTexts(host));
-    report.materialRows = BuildMaterialSheet(host, context.materialSums);
-    report.pieChart.file = DrawChart(host, palette, PaletteItems::PieChart, Report::PieChartFile, PiePictureSize);
-    report.barChart.file = DrawChart(host, palette, PaletteItems::BarChart, Report::BarChartFile, BarPictureSize);
-    if (!palette.GetCharts().GetPieValues().empty()) report.pieChart.title = readLabel(PaletteItems::PieLabel);
-    if (palette.GetCharts().GetBarEntries().size() >= lca::FewestBars)
-        report.barChart.title = readLabel(PaletteItems::BarLabel);
-    report.legend = BuildLegend(host, context.projectData);
+    report.resultRows = lca::BuildResultSheet(source.record, source.assessment.baseSums, source.assessment.results,
+                                              ReadSheetTexts(host));
+    report.materialRows = BuildMaterialSheet(host, source.materialSums);
+    report.pieChart.file =
+        DrawChart(host, source.charts, &ResultCharts::DrawPieChart, Report::PieChartFile, PiePictureSize);
+    report.barChart.file =
+        DrawChart(host, source.charts, &ResultCharts::DrawBarChart, Report::BarChartFile, BarPictureSize);
+    if (!source.charts.GetPieValues().empty()) report.pieChart.title = source.pieTitle;
+    if (source.charts.GetBarEntries().size() >= lca::FewestBars) report.barChart.title = source.barTitle;
+    report.legend = BuildLegend(host, source.record);
     return report;
 }
 
@@ -123,7 +123,7 @@ std::size_t CountNameLetters(const std::string& path) {
 
 } // namespace
 
-void GenerateReport(host::Host& host, AddOnContext& context) {
+void GenerateReport(host::Host& host, const ReportSource& source) {
     const std::optional<std::string> path = host.GetUserInput().PickSaveFile(
         {ReadText(host, Report::SaveTitle), ReadText(host, Report::DefaultFileName), TypeManager, Extension});
     if (!path) return;
@@ -131,7 +131,7 @@ void GenerateReport(host::Host& host, AddOnContext& context) {
         ShowTextAlert(host, host::AlertType::Warning, Alerts::WarningTitle, Report::FileNameTooShort, {}, Alerts::Ok);
         return;
     }
-    const auto [outcome, failure] = WriteSpreadsheetReport(BuildReport(host, context), *path);
+    const auto [outcome, failure] = WriteSpreadsheetReport(BuildReport(host, source), *path);
     if (outcome == ReportOutcome::WrittenWithoutPicture)
         General::ReportFailure(&host, "writing the report", "a chart's picture cannot be read; it is left out");
     if (outcome == ReportOutcome::Failed) {

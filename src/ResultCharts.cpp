@@ -18,9 +18,8 @@ void FillBackground(host::NativeContext& context, const host::Rectangle& area) {
 }
 
 host::Colour GetColour(const lca::LCAProjectData& record, lca::ElementCategory category) {
-    const std::uint32_t argb = lca::ValueOr(record.elementColours, category, std::uint32_t{0});
-    const auto channel = [&](unsigned shift) { return static_cast<std::uint8_t>(argb >> shift); };
-    return {channel(16), channel(8), channel(0)};
+    const lca::Colour colour = lca::ValueOr(record.elementColours, category, lca::Colour());
+    return {colour.red, colour.green, colour.blue};
 }
 
 void DrawLabel(host::NativeContext& context, const lca::ChartLabel& label) {
@@ -30,9 +29,9 @@ void DrawLabel(host::NativeContext& context, const lca::ChartLabel& label) {
 } // namespace
 
 void ResultCharts::Rebuild(const lca::Results& results, const lca::LCAProjectData& record) {
-    for (const lca::ElementCategory category : lca::AllCategories) {
-        gwps[static_cast<std::size_t>(category)] = results.Get(category).gwp;
-        colours[static_cast<std::size_t>(category)] = GetColour(record, category);
+    for (std::size_t i = 0; i < lca::CategoryCount; ++i) {
+        gwps[i] = results.categories[i].gwp;
+        colours[i] = GetColour(record, lca::CategoryRows[i].category);
     }
     pieValues = lca::ComputePieShares(gwps);
     barEntries.clear();

@@ -34,7 +34,7 @@ constexpr double LettersPerWidth = 0.8; ///< that surely fit, as capitals are wi
 /// above the left quarter of its picture. The pictures are so much larger than they are drawn that their letters, too,
 /// are of 8 points or more on paper.
 constexpr unsigned PieColumn = 0, BarColumn = 4; ///< of their titles, from 0
-constexpr std::int64_t EmuPerPixel = Xlsx::emuPerInch / 96;
+constexpr std::int64_t EmuPerPixel = Xlsx::EmuPerInch / 96;
 constexpr std::int64_t BarLeft = 840 * EmuPerPixel;
 constexpr double PictureScale = 2.34;
 
@@ -44,13 +44,13 @@ constexpr Xlsx::AnchorSize ScalePicture(const PictureSize& size) {
 }
 constexpr int PictureRows = 2; ///< none may be higher than 409 points
 constexpr double PictureRowHeight =
-    static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::emuPerPoint / PictureRows + 3;
+    static_cast<double>(ScalePicture(PiePictureSize).height) / Xlsx::EmuPerPoint / PictureRows + 3;
 static_assert(ScalePicture(PiePictureSize).width <= BarLeft, "the pictures overlap");
 
 /// Whether the file can be read and begins as a JPEG file does.
 bool IsReadable(const ReportPicture& picture) {
     const std::optional<std::string> path = platform::NarrowFromWide(platform::WideFromUtf8(picture.file));
-    const auto file = path ? platform::OperatingSystemFiles().OpenForReading(*path) : nullptr;
+    const auto file = path ? platform::GetOperatingSystemFiles().OpenForReading(*path) : nullptr;
     constexpr std::array<unsigned char, 3> JpegStart{0xFF, 0xD8, 0xFF};
     std::array<unsigned char, JpegStart.size()> start{};
     return file && file->Read(start.data(), start.size()).value_or(0) == start.size() && start == JpegStart;
@@ -92,7 +92,7 @@ public:
     WrittenReport Write(const SpreadsheetReport& report, const std::string& path) {
         WriteResults(report);
         WriteMaterials(report);
-        if (!workbook.Save(platform::WideFromUtf8(path))) return {ReportOutcome::Failed, workbook.Failure()};
+        if (!workbook.Save(platform::WideFromUtf8(path))) return {ReportOutcome::Failed, workbook.GetFailure()};
         return {isPictureMissing ? ReportOutcome::WrittenWithoutPicture : ReportOutcome::Written, {}};
     }
 
@@ -175,7 +175,7 @@ private:
         const std::string pieTitle = hasPie ? report.pieChart.title : std::string();
         sheet.BeginRow(FillerRowHeight);
         WriteTitles(sheet, pieTitle, hasBars ? report.barChart.title : std::string());
-        const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::emuPerPoint);
+        const auto top = static_cast<std::int64_t>(FindPictureTop(report.resultRows) * Xlsx::EmuPerPoint);
         if (hasPie) AddPicture(sheet, report.pieChart, {0, top, ScalePicture(PiePictureSize)});
         if (hasBars) AddPicture(sheet, report.barChart, {BarLeft, top, ScalePicture(BarPictureSize)});
         // The page to be printed reaches as far down as the pictures. In few rows, as readers round the height of each
@@ -195,7 +195,7 @@ private:
     void WriteLegend(Xlsx::CWorksheet& sheet, const std::vector<LegendEntry>& legend) {
         sheet.BeginRow(ResultRowHeight);
         for (const LegendEntry& entry : legend)
-            AddText(sheet, entry.name, workbook.AddStyle(MakeLegendStyle(entry.argb, ResultSizes.font)));
+            AddText(sheet, entry.name, workbook.AddStyle(MakeLegendStyle(entry.colour, ResultSizes.font)));
     }
 
     bool TakesPicture(const ReportPicture& picture) {

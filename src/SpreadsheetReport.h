@@ -4,7 +4,6 @@
 
 #include "lca/ReportSheet.h"
 
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -23,7 +22,7 @@ struct ReportPicture {
 /// A category and the colour of its slice of the pie.
 struct LegendEntry {
     std::string name;
-    std::uint32_t argb = 0;
+    lca::Colour colour;
 };
 
 struct SpreadsheetReport {

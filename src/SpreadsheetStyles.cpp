@@ -35,7 +35,7 @@ void SetBand(Xlsx::Style& style, const char* fill, const char* text) {
 
 /// The blank before the suffix keeps the digits off the cell's edge; the suffix itself is as wide as what is not shown.
 void SetNumber(Xlsx::Style& style, const CellLook& look) {
-    style.numberFormat.id = Xlsx::firstCustomFormat;
+    style.numberFormat.id = Xlsx::FirstCustomFormat;
     style.numberFormat.kind = Xlsx::NumberKind::Suffixed;
     style.numberFormat.decimals = look.decimals;
     style.numberFormat.hasThousandsSeparator = true;
@@ -81,12 +81,12 @@ bool IsNumber(CellRole role) {
 }
 
 /// Of a colour against black, by the sRGB curve: 0 for black, 1 for white.
-double MeasureLuminance(std::uint32_t argb) {
-    const auto channel = [&](unsigned shift) {
-        const double share = ((argb >> shift) & 0xFFU) / 255.0;
+double MeasureLuminance(lca::Colour colour) {
+    const auto linear = [](std::uint8_t channel) {
+        const double share = channel / 255.0;
         return share <= 0.04045 ? share / 12.92 : std::pow((share + 0.055) / 1.055, 2.4);
     };
-    return 0.2126 * channel(16) + 0.7152 * channel(8) + 0.0722 * channel(0);
+    return 0.2126 * linear(colour.red) + 0.7152 * linear(colour.green) + 0.0722 * linear(colour.blue);
 }
 
 } // namespace
@@ -107,12 +107,13 @@ Xlsx::Style MakeCellStyle(const CellLook& look, int fontPoints) {
     return style;
 }
 
-Xlsx::Style MakeLegendStyle(std::uint32_t argb, int fontPoints) {
+Xlsx::Style MakeLegendStyle(lca::Colour fill, int fontPoints) {
     constexpr double Flare = 0.05; ///< of the surroundings, added to both sides of a contrast
-    const double light = MeasureLuminance(argb) + Flare;
+    const double light = MeasureLuminance(fill) + Flare;
     const bool isDark = (1.0 + Flare) / light > light / Flare;
     char colour[9];
-    std::snprintf(colour, sizeof colour, "FF%06X", static_cast<unsigned>(argb & 0xFFFFFFU));
+    std::snprintf(colour, sizeof colour, "FF%02X%02X%02X", unsigned{fill.red}, unsigned{fill.green},
+                  unsigned{fill.blue});
     Xlsx::Style style = MakeBase(fontPoints);
     SetFill(style, colour);
     SetText(style, isDark ? LightText : Black, 0);

@@ -25,7 +25,7 @@ Xlsx::Style MakeCellStyle(const CellLook& look, int fontPoints);
 
 /// The colour of a category, with its name in black or white letters, whichever differ more from it: by at least 4.5
 /// to 1, the contrast that small letters need. Transparency is not kept.
-Xlsx::Style MakeLegendStyle(std::uint32_t argb, int fontPoints);
+Xlsx::Style MakeLegendStyle(lca::Colour fill, int fontPoints);
 
 /// Of the title above a picture.
 Xlsx::Style MakePictureTitleStyle(int fontPoints);

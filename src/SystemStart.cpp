@@ -15,11 +15,11 @@ bool Start(const std::string& commandLine, std::size_t size) {
 } // namespace
 
 bool OpenWithSystemStart(const std::string& address) {
-    return Start(platform::openAddressCommand + address, AddressCommandSize);
+    return Start(platform::OpenAddressCommand + address, AddressCommandSize);
 }
 
 bool OpenFileWithShell(const std::string& path) {
-    std::string commandLine = std::string(platform::openFileCommand) + '"';
+    std::string commandLine = std::string(platform::OpenFileCommand) + '"';
     for (const char letter : path)
         commandLine.append(letter == '"' ? 2 : 1, letter);
     return Start(commandLine + '"', FileCommandSize);

@@ -6,8 +6,8 @@
 
 namespace Xlsx {
 
-constexpr std::int64_t emuPerInch = 914400;
-constexpr std::int64_t emuPerPoint = 12700;
+constexpr std::int64_t EmuPerInch = 914400;
+constexpr std::int64_t EmuPerPoint = 12700;
 
 /// A cell, counted from 0, and the offset from its upper left corner.
 struct AnchorPoint {

@@ -4,9 +4,9 @@ namespace Xlsx {
 
 namespace {
 
-constexpr const char* positionNames[] = {"l", "r", "t", "b"};
-constexpr const char* crossingNames[] = {"autoZero", "min", "max"};
-constexpr int unitsPerDegree = 60000;
+constexpr const char* PositionNames[] = {"l", "r", "t", "b"};
+constexpr const char* CrossingNames[] = {"autoZero", "min", "max"};
+constexpr int UnitsPerDegree = 60000;
 
 enum class AxisKind { Category, Value };
 
@@ -20,7 +20,7 @@ void WriteScaling(XmlWriter& xml, const Axis& axis) {
 
 void WriteLabelTurn(XmlWriter& xml, int degrees) {
     xml.Start("c:txPr");
-    xml.Leaf("a:bodyPr", {{"rot", degrees * unitsPerDegree}});
+    xml.Leaf("a:bodyPr", {{"rot", degrees * UnitsPerDegree}});
     xml.Leaf("a:lstStyle");
     xml.Start("a:p");
     xml.Start("a:pPr");
@@ -45,7 +45,7 @@ void WriteAxis(XmlWriter& xml, const Axis& axis, AxisKind kind, unsigned id, uns
     xml.ValueLeaf("c:axId", id);
     WriteScaling(xml, axis);
     xml.ValueLeaf("c:delete", axis.isDeleted ? 1 : 0);
-    xml.ValueLeaf("c:axPos", positionNames[static_cast<unsigned>(axis.position)]);
+    xml.ValueLeaf("c:axPos", PositionNames[static_cast<unsigned>(axis.position)]);
     if (axis.hasMajorGridlines) xml.Leaf("c:majorGridlines");
     if (axis.hasMinorGridlines) xml.Leaf("c:minorGridlines");
     if (kind == AxisKind::Value)
@@ -56,7 +56,7 @@ void WriteAxis(XmlWriter& xml, const Axis& axis, AxisKind kind, unsigned id, uns
     xml.ValueLeaf("c:tickLblPos", "nextTo");
     if (axis.labelDegrees) WriteLabelTurn(xml, *axis.labelDegrees);
     xml.ValueLeaf("c:crossAx", crossedId);
-    xml.ValueLeaf("c:crosses", crossingNames[static_cast<unsigned>(axis.crossing)]);
+    xml.ValueLeaf("c:crosses", CrossingNames[static_cast<unsigned>(axis.crossing)]);
     if (kind == AxisKind::Category)
         WriteCategoryEnd(xml, axis);
     else
@@ -78,8 +78,8 @@ bool HasAxes(DiagramKind kind) {
 void WriteAxes(XmlWriter& xml, const CChart& chart) {
     const DiagramKind kind = chart.main.kind;
     if (kind == DiagramKind::Pie || kind == DiagramKind::Doughnut) return;
-    if (kind != DiagramKind::None) WritePair(xml, kind, chart.xAxis, chart.yAxis, mainAxes);
-    if (chart.IsAdditionalDrawn()) WritePair(xml, chart.additional.kind, chart.x2Axis, chart.y2Axis, additionalAxes);
+    if (kind != DiagramKind::None) WritePair(xml, kind, chart.xAxis, chart.yAxis, MainAxes);
+    if (chart.IsAdditionalDrawn()) WritePair(xml, chart.additional.kind, chart.x2Axis, chart.y2Axis, AdditionalAxes);
 }
 
 } // namespace Xlsx

@@ -10,8 +10,8 @@ struct AxisPair {
     unsigned x;
     unsigned y;
 };
-constexpr AxisPair mainAxes = {50010001, 50010002};
-constexpr AxisPair additionalAxes = {50010003, 50010004};
+constexpr AxisPair MainAxes = {50010001, 50010002};
+constexpr AxisPair AdditionalAxes = {50010003, 50010004};
 
 [[nodiscard]] bool HasAxes(DiagramKind kind);
 

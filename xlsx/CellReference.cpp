@@ -18,16 +18,16 @@ std::string RangeReference(CellPlace first, CellPlace last) {
 }
 
 std::optional<CellPlace> CellOf(std::string_view reference) {
-    constexpr std::size_t mostLetters = 3, mostDigits = 7;
+    constexpr std::size_t MostLetters = 3, MostDigits = 7;
     unsigned column = 0, row = 0; // from 1
     std::size_t at = 0;
-    for (; at < reference.size() && at <= mostLetters; ++at) {
+    for (; at < reference.size() && at <= MostLetters; ++at) {
         const int letter = (reference[at] | 0x20) - 'a';
         if (letter < 0 || letter >= 26) break;
         column = column * 26 + static_cast<unsigned>(letter) + 1;
     }
     const std::size_t digits = reference.size() - at;
-    if (at == 0 || at > mostLetters || digits == 0 || digits > mostDigits || reference[at] == '0') return std::nullopt;
+    if (at == 0 || at > MostLetters || digits == 0 || digits > MostDigits || reference[at] == '0') return std::nullopt;
     for (; at < reference.size(); ++at) {
         if (reference[at] < '0' || reference[at] > '9') return std::nullopt;
         row = row * 10 + static_cast<unsigned>(reference[at] - '0');
@@ -46,7 +46,7 @@ std::optional<CellRange> RangeOf(std::string_view reference) {
 }
 
 bool IsInSheet(CellPlace place) {
-    return place.row < mostRows && place.column < mostColumns;
+    return place.row < MostRows && place.column < MostColumns;
 }
 
 bool DoOverlap(const CellRange& one, const CellRange& other) {

@@ -7,13 +7,13 @@
 
 namespace Xlsx {
 
-constexpr unsigned mostRows = 1048576;
-constexpr unsigned mostColumns = 16384;
-constexpr unsigned mostCellLetters = 32767;   ///< UTF-16 units
-constexpr unsigned mostFormulaLetters = 8192; ///< UTF-16 units without the "="
-constexpr unsigned mostBreaks = 1026;
-constexpr double mostRowHeight = 409;   ///< points
-constexpr double mostColumnWidth = 255; ///< letters
+constexpr unsigned MostRows = 1048576;
+constexpr unsigned MostColumns = 16384;
+constexpr unsigned MostCellLetters = 32767;   ///< UTF-16 units
+constexpr unsigned MostFormulaLetters = 8192; ///< UTF-16 units without the "="
+constexpr unsigned MostBreaks = 1026;
+constexpr double MostRowHeight = 409;   ///< points
+constexpr double MostColumnWidth = 255; ///< letters
 
 /// A cell's place, both counted from 0.
 struct CellPlace {

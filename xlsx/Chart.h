@@ -94,7 +94,7 @@ public:
     /// number  in creation order, from 1
     explicit CChart(unsigned number);
 
-    [[nodiscard]] unsigned Number() const { return number; }
+    [[nodiscard]] unsigned GetNumber() const { return number; }
     [[nodiscard]] bool IsAdditionalDrawn() const {
         return additional.kind != DiagramKind::None && !additional.series.empty();
     }

@@ -12,13 +12,13 @@ struct LegendPlace {
     const char* position;
     int overlay;
 };
-constexpr LegendPlace legendPlaces[] = {{"", 0},  {"l", 1}, {"r", 1}, {"t", 1}, {"b", 1},
+constexpr LegendPlace LegendPlaces[] = {{"", 0},  {"l", 1}, {"r", 1}, {"t", 1}, {"b", 1},
                                         {"l", 0}, {"r", 0}, {"t", 0}, {"b", 0}};
-constexpr const char* blankCellNames[] = {"gap", "zero", "span"};
+constexpr const char* BlankCellNames[] = {"gap", "zero", "span"};
 
 void WriteChartStyle(XmlWriter& xml) {
-    xml.Start("mc:AlternateContent", {{"xmlns:mc", Names::compatibility}});
-    xml.Start("mc:Choice", {{"Requires", "c14"}, {"xmlns:c14", Names::chartExtension}});
+    xml.Start("mc:AlternateContent", {{"xmlns:mc", Names::Compatibility}});
+    xml.Start("mc:Choice", {{"Requires", "c14"}, {"xmlns:c14", Names::ChartExtension}});
     xml.ValueLeaf("c14:style", 102);
     xml.End();
     xml.Start("mc:Fallback");
@@ -62,8 +62,8 @@ void WriteDataTable(XmlWriter& xml, const DataTable& table) {
 void WritePlotArea(XmlWriter& xml, const CChart& chart) {
     xml.Start("c:plotArea");
     xml.Leaf("c:layout");
-    if (chart.main.kind != DiagramKind::None) WriteDiagram(xml, chart.main, mainAxes, 0);
-    if (chart.IsAdditionalDrawn()) WriteDiagram(xml, chart.additional, additionalAxes, chart.main.series.size());
+    if (chart.main.kind != DiagramKind::None) WriteDiagram(xml, chart.main, MainAxes, 0);
+    if (chart.IsAdditionalDrawn()) WriteDiagram(xml, chart.additional, AdditionalAxes, chart.main.series.size());
     WriteAxes(xml, chart);
     if (chart.dataTable) WriteDataTable(xml, *chart.dataTable);
     xml.End();
@@ -71,7 +71,7 @@ void WritePlotArea(XmlWriter& xml, const CChart& chart) {
 
 void WriteLegend(XmlWriter& xml, LegendPosition legend) {
     if (legend == LegendPosition::None) return;
-    const LegendPlace& place = legendPlaces[static_cast<unsigned>(legend)];
+    const LegendPlace& place = LegendPlaces[static_cast<unsigned>(legend)];
     xml.Start("c:legend");
     xml.ValueLeaf("c:legendPos", place.position);
     xml.ValueLeaf("c:overlay", place.overlay);
@@ -85,7 +85,7 @@ void WriteChartElement(XmlWriter& xml, const CChart& chart) {
     WritePlotArea(xml, chart);
     WriteLegend(xml, chart.legend);
     xml.ValueLeaf("c:plotVisOnly", 1);
-    xml.ValueLeaf("c:dispBlanksAs", blankCellNames[static_cast<unsigned>(chart.blankCells)]);
+    xml.ValueLeaf("c:dispBlanksAs", BlankCellNames[static_cast<unsigned>(chart.blankCells)]);
     xml.ValueLeaf("c:showDLblsOverMax", 0);
     xml.End();
 }
@@ -93,14 +93,14 @@ void WriteChartElement(XmlWriter& xml, const CChart& chart) {
 } // namespace
 
 std::string ChartPath(const CChart& chart) {
-    return "/xl/charts/chart" + std::to_string(chart.Number()) + ".xml";
+    return "/xl/charts/chart" + std::to_string(chart.GetNumber()) + ".xml";
 }
 
 bool WriteChart(Package& package, const CChart& chart) {
     return package.WritePart(ChartPath(chart), [&](XmlWriter& xml) {
         xml.Declaration();
         xml.Start("c:chartSpace",
-                  {{"xmlns:c", Names::chart}, {"xmlns:a", Names::drawing}, {"xmlns:r", Names::relationships}});
+                  {{"xmlns:c", Names::Chart}, {"xmlns:a", Names::Drawing}, {"xmlns:r", Names::Relationships}});
         xml.ValueLeaf("c:date1904", 0);
         xml.ValueLeaf("c:lang", "en-US");
         xml.ValueLeaf("c:roundedCorners", 0);

@@ -14,7 +14,7 @@ public:
     /// Places the chart on the drawing; both outlive the sheet.
     CChartsheet(unsigned id, const std::string& title, CDrawing& drawing, CChart& chart);
 
-    [[nodiscard]] CChart& Chart() { return chart; }
+    [[nodiscard]] CChart& GetChart() { return chart; }
 
     /// Called by the workbook: the part and its relationships.
     [[nodiscard]] bool Write(Package& package) const;

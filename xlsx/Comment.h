@@ -39,7 +39,7 @@ public:
     /// A later comment of the same cell takes the place of the earlier one.
     void Add(unsigned sheetId, Comment comment);
     [[nodiscard]] bool HasComments(unsigned sheetId) const { return sheets.count(sheetId) != 0; }
-    [[nodiscard]] const std::map<unsigned, std::vector<Comment>>& Sheets() const { return sheets; }
+    [[nodiscard]] const std::map<unsigned, std::vector<Comment>>& GetSheets() const { return sheets; }
 
 private:
     std::map<unsigned, std::vector<Comment>> sheets;

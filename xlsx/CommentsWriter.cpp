@@ -10,8 +10,8 @@ namespace Xlsx {
 namespace {
 
 // Shape numbers come in clusters of this size; a drawing names the clusters that are its own.
-constexpr unsigned clusterSize = 1024;
-constexpr unsigned shapesInCluster = clusterSize - 1; // the first number stays free
+constexpr unsigned ClusterSize = 1024;
+constexpr unsigned ShapesInCluster = ClusterSize - 1; // the first number stays free
 
 const std::string& AuthorOf(const Comment& comment, const std::string& author) {
     return comment.author.empty() ? author : comment.author;
@@ -41,7 +41,7 @@ void WriteRun(XmlWriter& xml, const TextRun& run) {
 void WriteTexts(XmlWriter& xml, const std::vector<Comment>& comments, const std::string& author) {
     const std::vector<std::string> authors = AuthorsOf(comments, author);
     xml.Declaration();
-    xml.Start("comments", {{"xmlns", Names::main}});
+    xml.Start("comments", {{"xmlns", Names::Main}});
     xml.Start("authors");
     for (const std::string& name : authors) {
         xml.TextElement("author", name);
@@ -116,7 +116,7 @@ std::string ClusterNames(unsigned first, unsigned count) {
 }
 
 unsigned ClusterCount(const std::vector<Comment>& comments) {
-    return static_cast<unsigned>((comments.size() + shapesInCluster - 1) / shapesInCluster);
+    return static_cast<unsigned>((comments.size() + ShapesInCluster - 1) / ShapesInCluster);
 }
 
 void WriteNotes(XmlWriter& xml, const std::vector<Comment>& comments, unsigned firstCluster) {
@@ -129,8 +129,8 @@ void WriteNotes(XmlWriter& xml, const std::vector<Comment>& comments, unsigned f
     WriteNoteType(xml);
     unsigned position = 0;
     for (const Comment& comment : comments) {
-        const unsigned cluster = firstCluster + position / shapesInCluster;
-        WriteNote(xml, comment, cluster * clusterSize + 1 + position % shapesInCluster);
+        const unsigned cluster = firstCluster + position / ShapesInCluster;
+        WriteNote(xml, comment, cluster * ClusterSize + 1 + position % ShapesInCluster);
         ++position;
     }
     xml.End();
@@ -140,7 +140,7 @@ void WriteNotes(XmlWriter& xml, const std::vector<Comment>& comments, unsigned f
 
 bool WriteComments(Package& package, const CommentList& comments, const std::string& author) {
     unsigned cluster = 1;
-    for (const auto& [sheetId, list] : comments.Sheets()) {
+    for (const auto& [sheetId, list] : comments.GetSheets()) {
         const std::vector<Comment>& sheetComments = list;
         const std::string number = std::to_string(sheetId);
         const bool isWritten = package.WritePart("/xl/comments" + number + ".xml", [&](XmlWriter& xml) {

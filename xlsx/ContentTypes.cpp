@@ -7,9 +7,9 @@ namespace Xlsx {
 namespace {
 
 // What the types begin with.
-const char packageTypes[] = "application/vnd.openxmlformats-package.";
-const char office[] = "application/vnd.openxmlformats-officedocument.";
-const char spreadsheet[] = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
+const char PackageTypes[] = "application/vnd.openxmlformats-package.";
+const char Office[] = "application/vnd.openxmlformats-officedocument.";
+const char Spreadsheet[] = "application/vnd.openxmlformats-officedocument.spreadsheetml.";
 
 void WriteDefault(XmlWriter& xml, const char* extension, const std::string& type) {
     xml.Leaf("Default", {{"Extension", extension}, {"ContentType", type}});
@@ -20,44 +20,44 @@ void WriteOverride(XmlWriter& xml, const std::string& path, const std::string& f
 }
 
 void WriteDefaults(XmlWriter& xml, const WorkbookContent& content) {
-    WriteDefault(xml, "rels", std::string(packageTypes) + "relationships+xml");
+    WriteDefault(xml, "rels", std::string(PackageTypes) + "relationships+xml");
     WriteDefault(xml, "xml", "application/xml");
-    for (const ImageDefault& image : content.media.Defaults()) {
+    for (const ImageDefault& image : content.media.GetDefaults()) {
         WriteDefault(xml, image.extension, image.contentType);
     }
 }
 
 void WriteSheetTypes(XmlWriter& xml, const WorkbookContent& content) {
     for (const auto& sheet : content.worksheets) {
-        WriteOverride(xml, "/xl/worksheets/" + sheet->FileName(), spreadsheet, "worksheet");
+        WriteOverride(xml, "/xl/worksheets/" + sheet->GetFileName(), Spreadsheet, "worksheet");
     }
-    if (content.HasFormulas()) WriteOverride(xml, "/xl/calcChain.xml", spreadsheet, "calcChain");
+    if (content.HasFormulas()) WriteOverride(xml, "/xl/calcChain.xml", Spreadsheet, "calcChain");
     for (const auto& sheet : content.chartsheets) {
-        WriteOverride(xml, "/xl/chartsheets/" + sheet->FileName(), spreadsheet, "chartsheet");
+        WriteOverride(xml, "/xl/chartsheets/" + sheet->GetFileName(), Spreadsheet, "chartsheet");
     }
 }
 
 void WriteDrawingTypes(XmlWriter& xml, const WorkbookContent& content) {
     for (const auto& drawing : content.drawings) {
-        if (!drawing->IsEmpty()) WriteOverride(xml, drawing->Path(), office, "drawing");
+        if (!drawing->IsEmpty()) WriteOverride(xml, drawing->GetPath(), Office, "drawing");
     }
     for (const auto& chart : content.charts) {
-        WriteOverride(xml, ChartPath(*chart), office, "drawingml.chart");
+        WriteOverride(xml, ChartPath(*chart), Office, "drawingml.chart");
     }
-    if (content.comments.Sheets().empty()) return;
-    WriteDefault(xml, "vml", std::string(office) + "vmlDrawing");
-    for (const auto& sheet : content.comments.Sheets()) {
-        WriteOverride(xml, "/xl/comments" + std::to_string(sheet.first) + ".xml", spreadsheet, "comments");
+    if (content.comments.GetSheets().empty()) return;
+    WriteDefault(xml, "vml", std::string(Office) + "vmlDrawing");
+    for (const auto& sheet : content.comments.GetSheets()) {
+        WriteOverride(xml, "/xl/comments" + std::to_string(sheet.first) + ".xml", Spreadsheet, "comments");
     }
 }
 
 bool WriteCalculationChain(WorkbookContent& content) {
     return content.package.WritePart("/xl/calcChain.xml", [&](XmlWriter& xml) {
         xml.Declaration();
-        xml.Start("calcChain", {{"xmlns", Names::main}});
+        xml.Start("calcChain", {{"xmlns", Names::Main}});
         for (const auto& sheet : content.worksheets) {
-            for (const CellPlace& place : sheet->FormulaCells()) {
-                xml.Leaf("c", {{"r", CellReference(place)}, {"i", sheet->Id()}});
+            for (const CellPlace& place : sheet->GetFormulaCells()) {
+                xml.Leaf("c", {{"r", CellReference(place)}, {"i", sheet->GetId()}});
             }
         }
         xml.End();
@@ -69,16 +69,16 @@ bool WriteCalculationChain(WorkbookContent& content) {
 bool WriteContentTypes(WorkbookContent& content) {
     const bool isWritten = content.package.WritePart("/[Content_Types].xml", [&](XmlWriter& xml) {
         xml.Declaration();
-        xml.Start("Types", {{"xmlns", Names::packageTypes}});
+        xml.Start("Types", {{"xmlns", Names::PackageTypes}});
         WriteDefaults(xml, content);
-        WriteOverride(xml, "/xl/workbook.xml", spreadsheet, "sheet.main");
+        WriteOverride(xml, "/xl/workbook.xml", Spreadsheet, "sheet.main");
         WriteSheetTypes(xml, content);
-        WriteOverride(xml, "/xl/theme/theme1.xml", office, "theme");
-        WriteOverride(xml, "/xl/styles.xml", spreadsheet, "styles");
-        if (!content.strings.IsEmpty()) WriteOverride(xml, "/xl/sharedStrings.xml", spreadsheet, "sharedStrings");
+        WriteOverride(xml, "/xl/theme/theme1.xml", Office, "theme");
+        WriteOverride(xml, "/xl/styles.xml", Spreadsheet, "styles");
+        if (!content.strings.IsEmpty()) WriteOverride(xml, "/xl/sharedStrings.xml", Spreadsheet, "sharedStrings");
         WriteDrawingTypes(xml, content);
-        WriteOverride(xml, "/docProps/core.xml", packageTypes, "core-properties");
-        WriteOverride(xml, "/docProps/app.xml", office, "extended-properties");
+        WriteOverride(xml, "/docProps/core.xml", PackageTypes, "core-properties");
+        WriteOverride(xml, "/docProps/app.xml", Office, "extended-properties");
         xml.End();
     });
     return isWritten && (!content.HasFormulas() || WriteCalculationChain(content));

@@ -6,9 +6,9 @@ namespace Xlsx {
 
 namespace {
 
-constexpr const char* groupingNames[] = {"clustered", "stacked", "percentStacked"};
-constexpr const char* scatterNames[] = {"smoothMarker", "lineMarker"};
-constexpr const char* symbolNames[] = {"none", "triangle", "square", "circle", "diamond"};
+constexpr const char* GroupingNames[] = {"clustered", "stacked", "percentStacked"};
+constexpr const char* ScatterNames[] = {"smoothMarker", "lineMarker"};
+constexpr const char* SymbolNames[] = {"none", "triangle", "square", "circle", "diamond"};
 
 void WriteName(XmlWriter& xml, const Series& series) {
     xml.Start("c:tx");
@@ -30,7 +30,7 @@ void WriteName(XmlWriter& xml, const Series& series) {
 
 void WriteMarker(XmlWriter& xml, const Marker& marker) {
     xml.Start("c:marker");
-    xml.ValueLeaf("c:symbol", symbolNames[static_cast<unsigned>(marker.symbol)]);
+    xml.ValueLeaf("c:symbol", SymbolNames[static_cast<unsigned>(marker.symbol)]);
     if (marker.symbol != MarkerSymbol::None) {
         xml.ValueLeaf("c:size", marker.size);
         WriteShapeProperties(xml, marker.fill, marker.line);
@@ -51,7 +51,7 @@ void WriteReference(XmlWriter& xml, const char* name, const std::string& referen
 void WriteInversion(XmlWriter& xml, const Series& series) {
     if (!std::holds_alternative<SolidFill>(series.fill)) return;
     xml.Start("c:extLst");
-    xml.Start("c:ext", {{"uri", "{6F2FDCE9-48DA-4B69-8628-5D25D57E5C99}"}, {"xmlns:c14", Names::chartExtension}});
+    xml.Start("c:ext", {{"uri", "{6F2FDCE9-48DA-4B69-8628-5D25D57E5C99}"}, {"xmlns:c14", Names::ChartExtension}});
     xml.Start("c14:invertSolidFillFmt");
     xml.Start("c14:spPr");
     WriteFill(xml, series.fill);
@@ -82,9 +82,9 @@ void WriteSeries(XmlWriter& xml, const Series& series, DiagramKind kind, std::si
 }
 
 const char* ElementName(DiagramKind kind) {
-    static constexpr const char* names[] = {"c:lineChart", "c:barChart", "c:scatterChart", "c:pieChart",
+    static constexpr const char* Names[] = {"c:lineChart", "c:barChart", "c:scatterChart", "c:pieChart",
                                             "c:doughnutChart"};
-    return names[static_cast<int>(kind)];
+    return Names[static_cast<int>(kind)];
 }
 
 void WriteBeginning(XmlWriter& xml, const Diagram& diagram) {
@@ -92,10 +92,10 @@ void WriteBeginning(XmlWriter& xml, const Diagram& diagram) {
     if (diagram.kind == DiagramKind::Line) xml.ValueLeaf("c:grouping", "standard");
     if (diagram.kind == DiagramKind::Bar) {
         xml.ValueLeaf("c:barDir", diagram.direction == BarDirection::Bars ? "bar" : "col");
-        xml.ValueLeaf("c:grouping", groupingNames[static_cast<unsigned>(diagram.grouping)]);
+        xml.ValueLeaf("c:grouping", GroupingNames[static_cast<unsigned>(diagram.grouping)]);
     }
     if (diagram.kind == DiagramKind::Scatter)
-        xml.ValueLeaf("c:scatterStyle", scatterNames[static_cast<unsigned>(diagram.scatterStyle)]);
+        xml.ValueLeaf("c:scatterStyle", ScatterNames[static_cast<unsigned>(diagram.scatterStyle)]);
     xml.ValueLeaf("c:varyColors", isRound || diagram.kind == DiagramKind::Bar ? 1 : 0);
 }
 

@@ -38,10 +38,10 @@ void WriteTitles(XmlWriter& xml, const WorkbookContent& content) {
     xml.Start("TitlesOfParts");
     xml.Start("vt:vector", {{"size", content.worksheets.size() + content.chartsheets.size()}, {"baseType", "lpstr"}});
     for (const auto& sheet : content.worksheets) {
-        xml.TextElement("vt:lpstr", sheet->Title());
+        xml.TextElement("vt:lpstr", sheet->GetTitle());
     }
     for (const auto& sheet : content.chartsheets) {
-        xml.TextElement("vt:lpstr", sheet->Title());
+        xml.TextElement("vt:lpstr", sheet->GetTitle());
     }
     xml.End();
     xml.End();
@@ -65,9 +65,9 @@ bool WriteCoreProperties(WorkbookContent& content, const std::tm& time) {
         xml.End();
     });
     return isWritten && WriteRelationships(content.package, "/_rels/.rels",
-                                           {{"rId3", Names::Relation::extendedProperties, "docProps/app.xml"},
-                                            {"rId2", Names::Relation::coreProperties, "docProps/core.xml"},
-                                            {"rId1", Names::Relation::document, "xl/workbook.xml"}});
+                                           {{"rId3", Names::Relation::ExtendedProperties, "docProps/app.xml"},
+                                            {"rId2", Names::Relation::CoreProperties, "docProps/core.xml"},
+                                            {"rId1", Names::Relation::Document, "xl/workbook.xml"}});
 }
 
 bool WriteApplicationProperties(WorkbookContent& content) {

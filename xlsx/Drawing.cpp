@@ -55,9 +55,9 @@ void WriteChartFrame(XmlWriter& xml, std::size_t position) {
     xml.Leaf("a:ext", {{"cx", 0}, {"cy", 0}});
     xml.End();
     xml.Start("a:graphic");
-    xml.Start("a:graphicData", {{"uri", Names::chart}});
+    xml.Start("a:graphicData", {{"uri", Names::Chart}});
     xml.Leaf("c:chart",
-             {{"xmlns:c", Names::chart}, {"xmlns:r", Names::relationships}, {"r:id", RelationshipId(position)}});
+             {{"xmlns:c", Names::Chart}, {"xmlns:r", Names::Relationships}, {"r:id", RelationshipId(position)}});
     xml.End();
     xml.End();
     xml.End();
@@ -72,7 +72,7 @@ void WritePicture(XmlWriter& xml, std::size_t position) {
     xml.End();
     xml.End();
     xml.Start("xdr:blipFill");
-    xml.Leaf("a:blip", {{"xmlns:r", Names::relationships}, {"r:embed", RelationshipId(position)}});
+    xml.Leaf("a:blip", {{"xmlns:r", Names::Relationships}, {"r:embed", RelationshipId(position)}});
     xml.Start("a:stretch");
     xml.Leaf("a:fillRect");
     xml.End();
@@ -87,16 +87,16 @@ void WritePicture(XmlWriter& xml, std::size_t position) {
 
 } // namespace
 
-std::string CDrawing::FileName() const {
+std::string CDrawing::GetFileName() const {
     return "drawing" + std::to_string(number) + ".xml";
 }
 
-std::string CDrawing::Path() const {
-    return "/xl/drawings/" + FileName();
+std::string CDrawing::GetPath() const {
+    return "/xl/drawings/" + GetFileName();
 }
 
-std::string CDrawing::Target() const {
-    return "../drawings/" + FileName();
+std::string CDrawing::GetTarget() const {
+    return "../drawings/" + GetFileName();
 }
 
 bool CDrawing::Write(Package& package) const {
@@ -105,18 +105,18 @@ bool CDrawing::Write(Package& package) const {
     for (const Placed& object : objects) {
         std::string id = RelationshipId(relationships.size() + 1);
         if (object.chart != nullptr)
-            relationships.push_back({std::move(id), Names::Relation::chart,
-                                     "../charts/chart" + std::to_string(object.chart->Number()) + ".xml"});
+            relationships.push_back({std::move(id), Names::Relation::Chart,
+                                     "../charts/chart" + std::to_string(object.chart->GetNumber()) + ".xml"});
         else
-            relationships.push_back({std::move(id), Names::Relation::image, "../media/" + object.mediaName});
+            relationships.push_back({std::move(id), Names::Relation::Image, "../media/" + object.mediaName});
     }
-    return package.WritePart(Path(), [&](XmlWriter& xml) { WriteObjects(xml); }) &&
-           WriteRelationships(package, "/xl/drawings/_rels/" + FileName() + ".rels", relationships);
+    return package.WritePart(GetPath(), [&](XmlWriter& xml) { WriteObjects(xml); }) &&
+           WriteRelationships(package, "/xl/drawings/_rels/" + GetFileName() + ".rels", relationships);
 }
 
 void CDrawing::WriteObjects(XmlWriter& xml) const {
     xml.Declaration();
-    xml.Start("xdr:wsDr", {{"xmlns:xdr", Names::sheetDrawing}, {"xmlns:a", Names::drawing}});
+    xml.Start("xdr:wsDr", {{"xmlns:xdr", Names::SheetDrawing}, {"xmlns:a", Names::Drawing}});
     std::size_t position = 0;
     for (const Placed& object : objects) {
         ++position;

@@ -25,9 +25,9 @@ public:
 
     [[nodiscard]] bool IsEmpty() const { return objects.empty(); }
     /// "/xl/drawings/drawing1.xml".
-    [[nodiscard]] std::string Path() const;
+    [[nodiscard]] std::string GetPath() const;
     /// As a sheet refers to it.
-    [[nodiscard]] std::string Target() const;
+    [[nodiscard]] std::string GetTarget() const;
 
     /// The part and its relationships; nothing, and true, when it is empty.
     [[nodiscard]] bool Write(Package& package) const;
@@ -38,7 +38,7 @@ private:
         const CChart* chart; // null: a picture
         std::string mediaName;
     };
-    [[nodiscard]] std::string FileName() const;
+    [[nodiscard]] std::string GetFileName() const;
     void WriteObjects(XmlWriter& xml) const;
 
     unsigned number;

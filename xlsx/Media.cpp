@@ -11,7 +11,7 @@ struct Extension {
     ImageDefault image;
 };
 // The first one of a kind is the one that is added where none fits.
-constexpr Extension extensions[] = {
+constexpr Extension Extensions[] = {
     {ImageKind::Gif, {"gif", "image/gif"}},    {ImageKind::Jpeg, {"jpeg", "image/jpeg"}},
     {ImageKind::Jpeg, {"jpg", "image/jpeg"}},  {ImageKind::Png, {"png", "image/png"}},
     {ImageKind::Tiff, {"tiff", "image/tiff"}}, {ImageKind::Tiff, {"tif", "image/tiff"}}};
@@ -43,12 +43,12 @@ std::string ExtensionOf(const std::string& name) {
 }
 
 bool Fits(const std::string& extension, ImageKind kind) {
-    return std::any_of(std::begin(extensions), std::end(extensions),
+    return std::any_of(std::begin(Extensions), std::end(Extensions),
                        [&](const Extension& each) { return each.kind == kind && extension == each.image.extension; });
 }
 
 const char* FirstExtension(ImageKind kind) {
-    return std::find_if(std::begin(extensions), std::end(extensions),
+    return std::find_if(std::begin(Extensions), std::end(Extensions),
                         [&](const Extension& each) { return each.kind == kind; })
         ->image.extension;
 }
@@ -65,9 +65,9 @@ std::optional<std::string> Media::Add(const std::string& sourcePath, ImageKind k
     return name;
 }
 
-std::vector<ImageDefault> Media::Defaults() const {
+std::vector<ImageDefault> Media::GetDefaults() const {
     std::vector<ImageDefault> defaults;
-    for (const Extension& each : extensions) {
+    for (const Extension& each : Extensions) {
         const bool isUsed = std::any_of(pictures.begin(), pictures.end(), [&](const Picture& picture) {
             return ExtensionOf(picture.name) == each.image.extension;
         });
@@ -88,7 +88,7 @@ std::string Media::FreeName(const std::string& sourcePath, ImageKind kind) const
     const std::string stem = isFitting ? base.substr(0, base.rfind('.')) : base;
     std::string name = stem + "." + extension;
     for (unsigned number = 2; IsTaken(name); ++number) {
-        name = stem + "-" + std::to_string(number) + "." + extension;
+        name.assign(stem).append("-").append(std::to_string(number)).append(".").append(extension);
     }
     return name;
 }

@@ -29,7 +29,7 @@ public:
     [[nodiscard]] std::optional<std::string> Add(const std::string& sourcePath, ImageKind kind);
 
     /// By kind: gif, jpeg, png, tiff; the shorter extensions jpg and tif follow their longer ones.
-    [[nodiscard]] std::vector<ImageDefault> Defaults() const;
+    [[nodiscard]] std::vector<ImageDefault> GetDefaults() const;
 
 private:
     struct Picture {

@@ -49,7 +49,7 @@ wchar_t SmallLetter(wchar_t letter) {
 
 bool IsSheetName(const std::string& name) {
     const std::size_t letters = LetterCount(name);
-    if (letters == 0 || letters > mostSheetNameLetters || name.front() == '\'' || name.back() == '\'') return false;
+    if (letters == 0 || letters > MostSheetNameLetters || name.front() == '\'' || name.back() == '\'') return false;
     return WithoutCase(name) != "history" && std::none_of(name.begin(), name.end(), [](char letter) {
                return static_cast<unsigned char>(letter) < 0x20 ||
                       std::string(":\\/?*[]").find(letter) != std::string::npos;
@@ -57,7 +57,7 @@ bool IsSheetName(const std::string& name) {
 }
 
 bool IsDefinedName(const std::string& name) {
-    if (name.empty() || LetterCount(name) > mostDefinedNameLetters || !IsLetter(name.front())) return false;
+    if (name.empty() || LetterCount(name) > MostDefinedNameLetters || !IsLetter(name.front())) return false;
     return !ReadsAsNumberedCell(WithoutCase(name)) && !CellOf(name) &&
            std::all_of(name.begin(), name.end(), [](char letter) {
                return IsLetter(letter) || IsDigit(letter) || letter == '.' || letter == '?';

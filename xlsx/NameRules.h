@@ -5,8 +5,8 @@
 
 namespace Xlsx {
 
-constexpr unsigned mostSheetNameLetters = 31;    ///< UTF-16 units
-constexpr unsigned mostDefinedNameLetters = 255; ///< UTF-16 units
+constexpr unsigned MostSheetNameLetters = 31;    ///< UTF-16 units
+constexpr unsigned MostDefinedNameLetters = 255; ///< UTF-16 units
 
 /// 1 to 31 letters, none of them a control character or one of : \ / ? * [ ], no apostrophe at an end, and not
 /// "History".

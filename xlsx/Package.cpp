@@ -12,13 +12,13 @@ namespace Xlsx {
 
 namespace {
 
-constexpr std::size_t copySize = 1 << 14;
-constexpr int nameAttempts = 1000;
-constexpr std::size_t mostTemporaryLetters = 12;
-constexpr std::uint64_t threadDistance = 1000003; // keeps the names of two threads apart
+constexpr std::size_t CopySize = 1 << 14;
+constexpr int NameAttempts = 1000;
+constexpr std::size_t MostTemporaryLetters = 12;
+constexpr std::uint64_t ThreadDistance = 1000003; // keeps the names of two threads apart
 
 bool CopyContent(platform::InputFile& source, PartFile& part) {
-    std::array<char, copySize> piece;
+    std::array<char, CopySize> piece;
     for (;;) {
         const std::optional<std::size_t> got = source.Read(piece.data(), piece.size());
         if (!got) return false;
@@ -29,11 +29,11 @@ bool CopyContent(platform::InputFile& source, PartFile& part) {
 
 // As many letters as asked: "~", digits of the number, and ".tmp" where there is room for all of it.
 std::string TemporaryName(std::uint64_t number, std::size_t letters) {
-    static constexpr char digits[] = "0123456789abcdefghijklmnopqrstuvwxyz";
-    const std::string end = letters == mostTemporaryLetters ? ".tmp" : "";
+    static constexpr char Digits[] = "0123456789abcdefghijklmnopqrstuvwxyz";
+    const std::string end = letters == MostTemporaryLetters ? ".tmp" : "";
     std::string name = letters > 1 ? "~" : "";
     for (; name.size() < letters - end.size(); number /= 36) {
-        name += digits[number % 36];
+        name += Digits[number % 36];
     }
     return name + end;
 }
@@ -44,9 +44,9 @@ std::optional<std::string> CreateBeside(platform::FileLayer& files, const std::s
     const std::size_t nameStart = targetPath.find_last_of("/\\:") + 1; // 0 where there is no folder
     const std::optional<std::wstring> name = platform::WideFromNarrow(targetPath.substr(nameStart));
     if (!name || name->empty()) return std::nullopt;
-    const std::size_t letters = std::min(name->size(), mostTemporaryLetters);
-    std::uint64_t number = platform::ThreadId() * threadDistance + platform::ProcessClockTicks();
-    for (int attempt = 0; attempt < nameAttempts; ++attempt, ++number) {
+    const std::size_t letters = std::min(name->size(), MostTemporaryLetters);
+    std::uint64_t number = platform::GetThreadId() * ThreadDistance + platform::GetProcessClockTicks();
+    for (int attempt = 0; attempt < NameAttempts; ++attempt, ++number) {
         std::string path = targetPath.substr(0, nameStart) + TemporaryName(number, letters);
         switch (files.CreateEmpty(path, targetPath)) {
         case platform::Creation::Created:

@@ -5,8 +5,8 @@
 
 namespace Xlsx {
 
-constexpr unsigned mostPageTextLetters = 80; ///< UTF-16 units of one place; a whole line may have 255
-constexpr unsigned pageSizeLetters = 2;      ///< fewer where the size of the letters is told
+constexpr unsigned MostPageTextLetters = 80; ///< UTF-16 units of one place; a whole line may have 255
+constexpr unsigned PageSizeLetters = 2;      ///< fewer where the size of the letters is told
 
 /// Plain UTF-8 text for the line's three places; an empty one stays free.
 struct PageLine {

@@ -6,12 +6,12 @@ namespace Xlsx {
 
 namespace {
 
-constexpr std::size_t bufferSize = 1 << 16;
+constexpr std::size_t BufferSize = 1 << 16;
 
 } // namespace
 
 PartFile::PartFile(std::unique_ptr<platform::OutputFile> file) : file(std::move(file)) {
-    buffer.reserve(bufferSize);
+    buffer.reserve(BufferSize);
     hasFailed = this->file == nullptr;
 }
 

@@ -12,7 +12,7 @@ public:
         if (first.empty()) first = reason;
     }
     [[nodiscard]] bool IsEmpty() const { return first.empty(); }
-    [[nodiscard]] const std::string& First() const { return first; }
+    [[nodiscard]] const std::string& GetFirst() const { return first; }
 
 private:
     std::string first;

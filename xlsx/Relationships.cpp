@@ -11,7 +11,7 @@ std::string RelationshipId(std::size_t number) {
 bool WriteRelationships(Package& package, const std::string& path, const std::vector<Relationship>& relationships) {
     return package.WritePart(path, [&](XmlWriter& xml) {
         xml.Declaration();
-        xml.Start("Relationships", {{"xmlns", Names::packageRelationships}});
+        xml.Start("Relationships", {{"xmlns", Names::PackageRelationships}});
         for (const Relationship& each : relationships) {
             xml.Leaf("Relationship", {{"Id", each.id}, {"Type", each.type}, {"Target", each.target}});
         }

@@ -5,7 +5,7 @@ namespace Xlsx {
 namespace {
 
 // clang-format off
-constexpr const char* patternNames[] = {
+constexpr const char* PatternNames[] = {
     "pct5", "pct10", "pct20", "pct25", "pct30", "pct40", "pct50", "pct60", "pct70", "pct75",
     "pct80", "pct90", "horz", "vert", "ltHorz", "ltVert", "dkHorz", "dkVert",
     "narHorz", "narVert", "dashHorz", "dashVert", "cross", "dnDiag", "upDiag",
@@ -14,9 +14,9 @@ constexpr const char* patternNames[] = {
     "smConfetti", "lgConfetti", "horzBrick", "diagBrick", "solidDmnd", "openDmnd", "dotDmnd", "plaid",
     "sphere", "weave", "divot", "shingle", "wave", "trellis", "zigZag"};
 // clang-format on
-static_assert(sizeof patternNames / sizeof *patternNames == static_cast<unsigned>(PatternPreset::ZigZag) + 1);
-constexpr const char* pathNames[] = {"circle", "rect", "shape"};
-constexpr const char* dashNames[] = {"solid", "dash", "sysDash", "sysDot"};
+static_assert(sizeof PatternNames / sizeof *PatternNames == static_cast<unsigned>(PatternPreset::ZigZag) + 1);
+constexpr const char* PathNames[] = {"circle", "rect", "shape"};
+constexpr const char* DashNames[] = {"solid", "dash", "sysDash", "sysDot"};
 
 void WriteColour(XmlWriter& xml, const std::string& colour) {
     xml.Leaf("a:srgbClr", {{"val", colour, TextKind::Prose}});
@@ -39,7 +39,7 @@ void Write(XmlWriter& xml, const SolidFill& fill) {
 }
 
 void Write(XmlWriter& xml, const PatternFill& fill) {
-    xml.Start("a:pattFill", {{"prst", patternNames[static_cast<unsigned>(fill.preset)]}});
+    xml.Start("a:pattFill", {{"prst", PatternNames[static_cast<unsigned>(fill.preset)]}});
     xml.Start("a:fgClr");
     WriteColour(xml, fill.foreground);
     xml.End();
@@ -58,7 +58,7 @@ void Write(XmlWriter& xml, const GradientFill& fill) {
         xml.End();
     }
     xml.End();
-    xml.Start("a:path", {{"path", pathNames[static_cast<unsigned>(fill.path)]}});
+    xml.Start("a:path", {{"path", PathNames[static_cast<unsigned>(fill.path)]}});
     WriteRectangle(xml, "a:fillToRect", fill.fillTo);
     xml.End();
     WriteRectangle(xml, "a:tileRect", fill.tile);
@@ -83,7 +83,7 @@ void WriteShapeProperties(XmlWriter& xml, const ShapeFill& fill, const ShapeLine
     if (hasLine) {
         xml.Start("a:ln");
         WriteFill(xml, line.fill);
-        xml.ValueLeaf("a:prstDash", dashNames[static_cast<unsigned>(line.dash)]);
+        xml.ValueLeaf("a:prstDash", DashNames[static_cast<unsigned>(line.dash)]);
         xml.End();
     }
     xml.End();

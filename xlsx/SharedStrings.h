@@ -13,7 +13,7 @@ public:
     unsigned IndexOf(const std::string& text);
     [[nodiscard]] bool IsEmpty() const { return texts.empty(); }
     /// In index order; valid until the table ends.
-    [[nodiscard]] const std::vector<const std::string*>& Texts() const { return texts; }
+    [[nodiscard]] const std::vector<const std::string*>& GetTexts() const { return texts; }
 
 private:
     std::unordered_map<std::string, unsigned> indices;

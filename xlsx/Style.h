@@ -103,9 +103,9 @@ enum class NumberKind {
 enum class NegativeSign { None, Minus };
 enum class NegativeColour { None, Black, Green, White, Blue, Magenta, Yellow, Cyan, Red };
 
-constexpr unsigned firstCustomFormat = 164;
+constexpr unsigned FirstCustomFormat = 164;
 
-/// A built-in format by its id, or, with firstCustomFormat and above, one built from the other members; the workbook
+/// A built-in format by its id, or, with FirstCustomFormat and above, one built from the other members; the workbook
 /// then gives it an id of its own.
 struct NumberFormat {
     unsigned id = 0;

@@ -45,10 +45,10 @@ std::string Digits(const NumberFormat& format) {
 }
 
 std::string NegativeSection(const NumberFormat& format) {
-    static constexpr const char* colours[] = {"",          "[BLACK]",  "[Green]", "[White]", "[Blue]",
+    static constexpr const char* Colours[] = {"",          "[BLACK]",  "[Green]", "[White]", "[Blue]",
                                               "[Magenta]", "[Yellow]", "[Cyan]",  "[Red]"};
     const std::string sign = format.negativeSign == NegativeSign::Minus ? "\\-" : "";
-    return colours[static_cast<unsigned>(format.negativeColour)] + sign + Digits(format);
+    return Colours[static_cast<unsigned>(format.negativeColour)] + sign + Digits(format);
 }
 
 } // namespace
@@ -87,9 +87,9 @@ unsigned CStyleRegistry::AddStyle(const Style& style) {
 }
 
 unsigned CStyleRegistry::NumberFormatId(const NumberFormat& format) {
-    if (format.id < firstCustomFormat) return format.id;
-    const auto nextId = static_cast<unsigned>(firstCustomFormat + NumberFormats().size());
-    return NumberFormats()[numberFormats.Register({nextId, format})].id;
+    if (format.id < FirstCustomFormat) return format.id;
+    const auto nextId = static_cast<unsigned>(FirstCustomFormat + GetNumberFormats().size());
+    return GetNumberFormats()[numberFormats.Register({nextId, format})].id;
 }
 
 std::string NumberFormatCode(const NumberFormat& format) {

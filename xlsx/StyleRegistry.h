@@ -37,7 +37,7 @@ public:
     /// Position of the equal entry; appends the entry where there is none.
     unsigned Register(const Entry& entry);
 
-    [[nodiscard]] const std::vector<Entry>& Entries() const { return entries; }
+    [[nodiscard]] const std::vector<Entry>& GetEntries() const { return entries; }
 
 private:
     std::vector<Entry> entries;
@@ -53,11 +53,11 @@ public:
     /// Index of the record's cell format; equal records have the same one.
     unsigned AddStyle(const Style& style);
 
-    [[nodiscard]] const std::vector<Font>& Fonts() const { return fonts.Entries(); }
-    [[nodiscard]] const std::vector<CellFill>& Fills() const { return fills.Entries(); }
-    [[nodiscard]] const std::vector<Border>& Borders() const { return borders.Entries(); }
-    [[nodiscard]] const std::vector<CustomNumberFormat>& NumberFormats() const { return numberFormats.Entries(); }
-    [[nodiscard]] const std::vector<CellFormat>& CellFormats() const { return cellFormats.Entries(); }
+    [[nodiscard]] const std::vector<Font>& GetFonts() const { return fonts.GetEntries(); }
+    [[nodiscard]] const std::vector<CellFill>& GetFills() const { return fills.GetEntries(); }
+    [[nodiscard]] const std::vector<Border>& GetBorders() const { return borders.GetEntries(); }
+    [[nodiscard]] const std::vector<CustomNumberFormat>& GetNumberFormats() const { return numberFormats.GetEntries(); }
+    [[nodiscard]] const std::vector<CellFormat>& GetCellFormats() const { return cellFormats.GetEntries(); }
 
 private:
     unsigned NumberFormatId(const NumberFormat& format);

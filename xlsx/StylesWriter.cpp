@@ -8,11 +8,11 @@ namespace Xlsx {
 
 namespace {
 
-constexpr const char* patternNames[] = {"none",           "solid",           "mediumGray",    "darkGray",  "lightGray",
+constexpr const char* PatternNames[] = {"none",           "solid",           "mediumGray",    "darkGray",  "lightGray",
                                         "darkHorizontal", "darkVertical",    "darkDown",      "darkUp",    "darkGrid",
                                         "darkTrellis",    "lightHorizontal", "lightVertical", "lightDown", "lightUp",
                                         "lightGrid",      "lightTrellis",    "gray125",       "gray0625"};
-constexpr const char* lineNames[] = {"",
+constexpr const char* LineNames[] = {"",
                                      "thin",
                                      "medium",
                                      "dashed",
@@ -26,9 +26,9 @@ constexpr const char* lineNames[] = {"",
                                      "dashDotDot",
                                      "mediumDashDotDot",
                                      "slantDashDot"};
-constexpr const char* horizontalNames[] = {"", "left", "center", "right"};
-constexpr const char* verticalNames[] = {"", "top", "center", "bottom"};
-constexpr std::pair<unsigned, const char*> fontAttributes[] = {
+constexpr const char* HorizontalNames[] = {"", "left", "center", "right"};
+constexpr const char* VerticalNames[] = {"", "top", "center", "bottom"};
+constexpr std::pair<unsigned, const char*> FontAttributes[] = {
     {Bold, "b"},          {Italic, "i"},      {Underline, "u"},       {Strike, "strike"},
     {Outline, "outline"}, {Shadow, "shadow"}, {Condense, "condense"}, {Extend, "extend"}};
 
@@ -59,7 +59,7 @@ void WriteFills(XmlWriter& xml, const std::vector<CellFill>& fills) {
     xml.Start("fills", {{"count", fills.size()}});
     for (const CellFill& fill : fills) {
         xml.Start("fill");
-        xml.Start("patternFill", {{"patternType", patternNames[static_cast<unsigned>(fill.pattern)]}});
+        xml.Start("patternFill", {{"patternType", PatternNames[static_cast<unsigned>(fill.pattern)]}});
         if (!fill.foreground.empty()) xml.Leaf("fgColor", {Colour("rgb", fill.foreground)});
         if (!fill.background.empty()) xml.Leaf("bgColor", {Colour("rgb", fill.background)});
         xml.End();
@@ -70,7 +70,7 @@ void WriteFills(XmlWriter& xml, const std::vector<CellFill>& fills) {
 
 void WriteSide(XmlWriter& xml, const char* name, const BorderSide& side) {
     xml.Start(name);
-    if (side.line != BorderLine::None) xml.Attribute({"style", lineNames[static_cast<unsigned>(side.line)]});
+    if (side.line != BorderLine::None) xml.Attribute({"style", LineNames[static_cast<unsigned>(side.line)]});
     if (side.colour.empty())
         xml.Leaf("color", {{"indexed", 64}});
     else
@@ -103,9 +103,9 @@ void WriteAlignment(XmlWriter& xml, const Alignment& alignment) {
     xml.Attribute({"applyAlignment", 1});
     xml.Start("alignment");
     if (alignment.horizontal != HorizontalAlignment::None)
-        xml.Attribute({"horizontal", horizontalNames[static_cast<unsigned>(alignment.horizontal)]});
+        xml.Attribute({"horizontal", HorizontalNames[static_cast<unsigned>(alignment.horizontal)]});
     if (alignment.vertical != VerticalAlignment::None)
-        xml.Attribute({"vertical", verticalNames[static_cast<unsigned>(alignment.vertical)]});
+        xml.Attribute({"vertical", VerticalNames[static_cast<unsigned>(alignment.vertical)]});
     if (alignment.wrapsText) xml.Attribute({"wrapText", 1});
     if (alignment.rotationDegrees != 0) xml.Attribute({"textRotation", StoredRotation(alignment.rotationDegrees)});
     xml.End();
@@ -148,7 +148,7 @@ void WriteFixedEnd(XmlWriter& xml) {
     xml.Leaf("tableStyles",
              {{"count", 0}, {"defaultTableStyle", "TableStyleMedium2"}, {"defaultPivotStyle", "PivotStyleLight16"}});
     xml.Start("extLst");
-    xml.Start("ext", {{"uri", "{EB79DEF2-80B8-43e5-95BD-54CBDDF9020C}"}, {"xmlns:x14", Names::mainExtension}});
+    xml.Start("ext", {{"uri", "{EB79DEF2-80B8-43e5-95BD-54CBDDF9020C}"}, {"xmlns:x14", Names::MainExtension}});
     xml.Leaf("x14:slicerStyles", {{"defaultSlicerStyle", "SlicerStyleLight1"}});
     xml.End();
     xml.End();
@@ -157,7 +157,7 @@ void WriteFixedEnd(XmlWriter& xml) {
 } // namespace
 
 void WriteFontContent(XmlWriter& xml, const Font& font, const char* nameElement) {
-    for (const auto& [bit, name] : fontAttributes) {
+    for (const auto& [bit, name] : FontAttributes) {
         if ((font.attributes & bit) != 0) xml.Leaf(name);
     }
     xml.ValueLeaf("sz", font.sizePoints);
@@ -172,15 +172,15 @@ void WriteFontContent(XmlWriter& xml, const Font& font, const char* nameElement)
 bool WriteStyles(Package& package, const CStyleRegistry& styles) {
     return package.WritePart("/xl/styles.xml", [&](XmlWriter& xml) {
         xml.Declaration();
-        xml.Start("styleSheet", {{"xmlns", Names::main},
-                                 {"xmlns:mc", Names::compatibility},
+        xml.Start("styleSheet", {{"xmlns", Names::Main},
+                                 {"xmlns:mc", Names::Compatibility},
                                  {"mc:Ignorable", "x14ac"},
-                                 {"xmlns:x14ac", Names::sheetExtension}});
-        WriteNumberFormats(xml, styles.NumberFormats());
-        WriteFonts(xml, styles.Fonts());
-        WriteFills(xml, styles.Fills());
-        WriteBorders(xml, styles.Borders());
-        WriteCellFormats(xml, styles.CellFormats());
+                                 {"xmlns:x14ac", Names::SheetExtension}});
+        WriteNumberFormats(xml, styles.GetNumberFormats());
+        WriteFonts(xml, styles.GetFonts());
+        WriteFills(xml, styles.GetFills());
+        WriteBorders(xml, styles.GetBorders());
+        WriteCellFormats(xml, styles.GetCellFormats());
         WriteFixedEnd(xml);
         xml.End();
     });

@@ -6,12 +6,12 @@ namespace Xlsx {
 
 namespace {
 
-constexpr const char* colours[][2] = {{"a:dk2", "1F497D"},     {"a:lt2", "EEECE1"},     {"a:accent1", "4F81BD"},
+constexpr const char* Colours[][2] = {{"a:dk2", "1F497D"},     {"a:lt2", "EEECE1"},     {"a:accent1", "4F81BD"},
                                       {"a:accent2", "C0504D"}, {"a:accent3", "9BBB59"}, {"a:accent4", "8064A2"},
                                       {"a:accent5", "4BACC6"}, {"a:accent6", "F79646"}, {"a:hlink", "0000FF"},
                                       {"a:folHlink", "800080"}};
 
-constexpr const char* scriptFonts[][2] = {{"Arab", "Times New Roman"},
+constexpr const char* ScriptFonts[][2] = {{"Arab", "Times New Roman"},
                                           {"Hebr", "Times New Roman"},
                                           {"Thai", "Tahoma"},
                                           {"Ethi", "Nyala"},
@@ -54,7 +54,7 @@ void WriteColours(XmlWriter& xml) {
     xml.Start("a:lt1");
     xml.Leaf("a:sysClr", {{"val", "window"}, {"lastClr", "FFFFFF"}});
     xml.End();
-    for (const auto& [name, colour] : colours) {
+    for (const auto& [name, colour] : Colours) {
         xml.Start(name);
         xml.ValueLeaf("a:srgbClr", colour);
         xml.End();
@@ -67,7 +67,7 @@ void WriteFontList(XmlWriter& xml, const char* name) {
     xml.Leaf("a:latin", {{"typeface", "Cambria"}});
     xml.Leaf("a:ea", {{"typeface", ""}});
     xml.Leaf("a:cs", {{"typeface", ""}});
-    for (const auto& [script, typeface] : scriptFonts) {
+    for (const auto& [script, typeface] : ScriptFonts) {
         xml.Leaf("a:font", {{"script", script}, {"typeface", typeface}});
     }
     xml.End();
@@ -86,8 +86,8 @@ void WriteTone(XmlWriter& xml, const Tone& tone) {
     xml.End();
 }
 
-template <std::size_t count>
-void StartGradient(XmlWriter& xml, const Tone (&tones)[count]) {
+template <std::size_t Count>
+void StartGradient(XmlWriter& xml, const Tone (&tones)[Count]) {
     xml.Start("a:gradFill", {{"rotWithShape", 1}});
     xml.Start("a:gsLst");
     for (const Tone& tone : tones) {
@@ -98,15 +98,15 @@ void StartGradient(XmlWriter& xml, const Tone (&tones)[count]) {
     xml.End();
 }
 
-template <std::size_t count>
-void WriteLinearGradient(XmlWriter& xml, const Tone (&tones)[count], int scaled) {
+template <std::size_t Count>
+void WriteLinearGradient(XmlWriter& xml, const Tone (&tones)[Count], int scaled) {
     StartGradient(xml, tones);
     xml.Leaf("a:lin", {{"ang", 16200000}, {"scaled", scaled}});
     xml.End();
 }
 
-template <std::size_t count>
-void WriteCircleGradient(XmlWriter& xml, const Tone (&tones)[count], int top, int bottom) {
+template <std::size_t Count>
+void WriteCircleGradient(XmlWriter& xml, const Tone (&tones)[Count], int top, int bottom) {
     StartGradient(xml, tones);
     xml.Start("a:path", {{"path", "circle"}});
     xml.Leaf("a:fillToRect", {{"l", 50000}, {"t", top}, {"r", 50000}, {"b", bottom}});
@@ -195,7 +195,7 @@ void WriteBackgroundStyles(XmlWriter& xml) {
 bool WriteTheme(Package& package) {
     return package.WritePart("/xl/theme/theme1.xml", [](XmlWriter& xml) {
         xml.Declaration();
-        xml.Start("a:theme", {{"xmlns:a", Names::drawing}, {"name", "Office Theme"}});
+        xml.Start("a:theme", {{"xmlns:a", Names::Drawing}, {"name", "Office Theme"}});
         xml.Start("a:themeElements");
         WriteColours(xml);
         xml.Start("a:fontScheme", {{"name", "Office"}});

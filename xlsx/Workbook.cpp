@@ -18,7 +18,7 @@ namespace Xlsx {
 namespace {
 
 std::string UserName() {
-    const std::optional<std::string> narrow = platform::EnvironmentVariable("USERNAME");
+    const std::optional<std::string> narrow = platform::ReadEnvironmentVariable("USERNAME");
     const std::optional<std::wstring> wide = narrow ? platform::WideFromNarrow(*narrow) : std::nullopt;
     return wide && !wide->empty() ? platform::Utf8FromWide(*wide) : "Unknown";
 }
@@ -37,7 +37,7 @@ CWorksheet& CWorkbook::AddSheet(const std::string& title, const std::vector<Colu
     const WorksheetContext context = {content->package, content->strings, content->comments, content->styles,
                                       content->refusals};
     auto sheet = std::make_unique<CWorksheet>(content->nextSheetId++, title, NewDrawing(), context, columns, view);
-    CheckSheetName(sheet->Title());
+    CheckSheetName(sheet->GetTitle());
     return *content->worksheets.emplace_back(std::move(sheet));
 }
 
@@ -55,7 +55,7 @@ CChartsheet& CWorkbook::AddChartsheet(const std::string& title) {
 
 CChart& CWorkbook::AddChart(CWorksheet& sheet, const Anchor& anchor) {
     CChart& chart = NewChart();
-    sheet.Drawing().PlaceChart(chart, anchor);
+    sheet.GetDrawing().PlaceChart(chart, anchor);
     return chart;
 }
 
@@ -63,10 +63,10 @@ void CWorkbook::AddPicture(CWorksheet& sheet, const std::wstring& path, ImageKin
     const std::optional<std::string> narrow = platform::NarrowFromWide(path);
     const std::optional<std::string> name = narrow ? content->media.Add(*narrow, kind) : std::nullopt;
     if (name)
-        sheet.Drawing().PlacePicture(*name, anchor);
+        sheet.GetDrawing().PlacePicture(*name, anchor);
     else
         content->refusals.Add("picture '" + platform::Utf8FromWide(path) +
-                              "' cannot be copied below the temporary folder '" + platform::TemporaryRoot() + "'");
+                              "' cannot be copied below the temporary folder '" + platform::GetTemporaryRoot() + "'");
 }
 
 unsigned CWorkbook::AddStyle(const Style& style) {
@@ -98,8 +98,8 @@ bool CWorkbook::Save(const std::wstring& path) {
     return isSaved;
 }
 
-const std::string& CWorkbook::Failure() const {
-    return content->refusals.First();
+const std::string& CWorkbook::GetFailure() const {
+    return content->refusals.GetFirst();
 }
 
 bool CWorkbook::PackInto(const std::wstring& path) {
@@ -107,7 +107,7 @@ bool CWorkbook::PackInto(const std::wstring& path) {
     if (!narrow || path.find(L'\0') != std::wstring::npos) {
         content->refusals.Add("'" + platform::Utf8FromWide(path) + "' is no path here");
     } else if (!WriteParts()) {
-        content->refusals.Add("a part cannot be written below the temporary folder '" + platform::TemporaryRoot() +
+        content->refusals.Add("a part cannot be written below the temporary folder '" + platform::GetTemporaryRoot() +
                               "'");
     } else if (!content->package.Pack(*narrow)) {
         content->refusals.Add("'" + platform::Utf8FromWide(path) + "' cannot be written");
@@ -129,7 +129,7 @@ void CWorkbook::CheckDefinedNames() {
         const bool isSheetThere = !each.sheetPosition || *each.sheetPosition + 1 < content->nextSheetId;
         const std::string scope = each.sheetPosition ? std::to_string(*each.sheetPosition) : std::string();
         const std::size_t letters = LetterCount(each.formula);
-        const bool isSound = IsDefinedName(each.name) && letters > 0 && letters <= mostFormulaLetters && isSheetThere;
+        const bool isSound = IsDefinedName(each.name) && letters > 0 && letters <= MostFormulaLetters && isSheetThere;
         if (!isSound || !taken.insert(scope + "!" + WithoutCase(each.name)).second)
             content->refusals.Add("'" + each.name + "' as a defined name with this sheet and formula");
     }
@@ -146,7 +146,7 @@ CChart& CWorkbook::NewChart() {
 }
 
 bool CWorkbook::WriteParts() {
-    return WriteCoreProperties(*content, platform::LocalTime()) && WriteApplicationProperties(*content) &&
+    return WriteCoreProperties(*content, platform::GetLocalTime()) && WriteApplicationProperties(*content) &&
            WriteContentTypes(*content) && WriteTheme(content->package) &&
            WriteComments(content->package, content->comments, content->author) && WriteSharedStrings(*content) &&
            WriteStyles(content->package, content->styles) && WriteWorkbook(*content) && WriteSheets();

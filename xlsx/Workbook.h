@@ -18,7 +18,8 @@ class CWorkbook {
 public:
     /// author  empty: the value of "USERNAME", or "Unknown"
     /// files   outlives the workbook
-    explicit CWorkbook(const std::string& author = {}, platform::FileLayer& files = platform::OperatingSystemFiles());
+    explicit CWorkbook(const std::string& author = {},
+                       platform::FileLayer& files = platform::GetOperatingSystemFiles());
     /// A workbook that was not saved leaves nothing behind.
     ~CWorkbook();
     CWorkbook(const CWorkbook&) = delete;
@@ -40,7 +41,7 @@ public:
     /// Index to pass with each cell; equal records have the same one.
     unsigned AddStyle(const Style& style);
 
-    /// The sheet may come later. A formula has at most mostFormulaLetters.
+    /// The sheet may come later. A formula has at most MostFormulaLetters.
     void DefineName(const DefinedName& name);
 
     /// position  among all sheets in the order of their creation, from 0; one too large counts as 0
@@ -52,7 +53,7 @@ public:
     /// something did not fit
     [[nodiscard]] bool Save(const std::wstring& path);
     /// Why Save answered false, in English words for a report of errors, with the name of what it is about.
-    [[nodiscard]] const std::string& Failure() const;
+    [[nodiscard]] const std::string& GetFailure() const;
 
 private:
     CDrawing& NewDrawing();

@@ -48,7 +48,7 @@ struct WorkbookContent {
 
     [[nodiscard]] bool HasFormulas() const;
     /// By sheet id.
-    [[nodiscard]] std::vector<const CSheet*> Sheets() const;
+    [[nodiscard]] std::vector<const CSheet*> GetSheets() const;
 };
 
 } // namespace Xlsx

@@ -8,10 +8,10 @@ namespace {
 
 void WriteSheetList(XmlWriter& xml, const WorkbookContent& content) {
     xml.Start("sheets");
-    for (const CSheet* sheet : content.Sheets()) {
-        xml.Leaf("sheet", {{"name", sheet->Title(), TextKind::Prose},
-                           {"sheetId", sheet->Id()},
-                           {"r:id", RelationshipId(sheet->Id())}});
+    for (const CSheet* sheet : content.GetSheets()) {
+        xml.Leaf("sheet", {{"name", sheet->GetTitle(), TextKind::Prose},
+                           {"sheetId", sheet->GetId()},
+                           {"r:id", RelationshipId(sheet->GetId())}});
     }
     xml.End();
 }
@@ -32,7 +32,7 @@ void WriteDefinedNames(XmlWriter& xml, const std::vector<DefinedName>& names) {
 void WriteBook(XmlWriter& xml, const WorkbookContent& content) {
     const std::size_t sheetCount = content.worksheets.size() + content.chartsheets.size();
     xml.Declaration();
-    xml.Start("workbook", {{"xmlns", Names::main}, {"xmlns:r", Names::relationships}});
+    xml.Start("workbook", {{"xmlns", Names::Main}, {"xmlns:r", Names::Relationships}});
     xml.Leaf("fileVersion", {{"appName", "xl"}, {"lastEdited", 5}, {"lowestEdited", 5}, {"rupBuild", 9303}});
     xml.Leaf("workbookPr", {{"codeName", "ThisWorkbook"}, {"defaultThemeVersion", 124226}});
     xml.Start("bookViews");
@@ -51,19 +51,21 @@ void WriteBook(XmlWriter& xml, const WorkbookContent& content) {
 std::vector<Relationship> RelationshipsOf(const WorkbookContent& content) {
     std::vector<Relationship> all;
     for (const auto& sheet : content.worksheets) {
-        all.push_back({RelationshipId(sheet->Id()), Names::Relation::worksheet, "worksheets/" + sheet->FileName()});
+        all.push_back(
+            {RelationshipId(sheet->GetId()), Names::Relation::Worksheet, "worksheets/" + sheet->GetFileName()});
     }
     for (const auto& sheet : content.chartsheets) {
-        all.push_back({RelationshipId(sheet->Id()), Names::Relation::chartsheet, "chartsheets/" + sheet->FileName()});
+        all.push_back(
+            {RelationshipId(sheet->GetId()), Names::Relation::Chartsheet, "chartsheets/" + sheet->GetFileName()});
     }
     unsigned number = content.nextSheetId;
     const auto add = [&](const char* type, const char* target) {
         all.push_back({RelationshipId(number++), type, target});
     };
-    if (content.HasFormulas()) add(Names::Relation::calculationChain, "calcChain.xml");
-    if (!content.strings.IsEmpty()) add(Names::Relation::sharedStrings, "sharedStrings.xml");
-    add(Names::Relation::styles, "styles.xml");
-    add(Names::Relation::theme, "theme/theme1.xml");
+    if (content.HasFormulas()) add(Names::Relation::CalculationChain, "calcChain.xml");
+    if (!content.strings.IsEmpty()) add(Names::Relation::SharedStrings, "sharedStrings.xml");
+    add(Names::Relation::Styles, "styles.xml");
+    add(Names::Relation::Theme, "theme/theme1.xml");
     return all;
 }
 
@@ -72,9 +74,9 @@ std::vector<Relationship> RelationshipsOf(const WorkbookContent& content) {
 bool WriteSharedStrings(WorkbookContent& content) {
     if (content.strings.IsEmpty()) return true;
     return content.package.WritePart("/xl/sharedStrings.xml", [&](XmlWriter& xml) {
-        const std::vector<const std::string*>& texts = content.strings.Texts();
+        const std::vector<const std::string*>& texts = content.strings.GetTexts();
         xml.Declaration();
-        xml.Start("sst", {{"xmlns", Names::main}, {"count", texts.size()}, {"uniqueCount", texts.size()}});
+        xml.Start("sst", {{"xmlns", Names::Main}, {"count", texts.size()}, {"uniqueCount", texts.size()}});
         for (const std::string* text : texts) {
             xml.Start("si");
             xml.Start("t");

@@ -11,9 +11,9 @@ namespace Xlsx {
 
 namespace {
 
-constexpr const char* drawingId = "rId1";
-constexpr const char* noteDrawingId = "rId2";
-constexpr const char* commentsId = "rId3";
+constexpr const char* DrawingId = "rId1";
+constexpr const char* NoteDrawingId = "rId2";
+constexpr const char* CommentsId = "rId3";
 
 // A cell reference or an index, without an allocation.
 struct ShortText {
@@ -70,8 +70,8 @@ void WriteColumns(XmlWriter& xml, const std::vector<ColumnWidth>& columns) {
 bool AreSound(const std::vector<ColumnWidth>& columns) {
     unsigned taken = 0;
     for (const ColumnWidth& column : columns) {
-        const bool isWidth = column.width >= 0 && column.width <= mostColumnWidth;
-        if (column.first <= taken || column.last < column.first || column.last > mostColumns || !isWidth) return false;
+        const bool isWidth = column.width >= 0 && column.width <= MostColumnWidth;
+        if (column.first <= taken || column.last < column.first || column.last > MostColumns || !isWidth) return false;
         taken = column.last;
     }
     return true;
@@ -91,13 +91,13 @@ void WriteBreaks(XmlWriter& xml, const char* name, const std::set<unsigned>& bre
 CWorksheet::CWorksheet(unsigned id, const std::string& title, CDrawing& drawing, const WorksheetContext& context,
                        const std::vector<ColumnWidth>& columns, const SheetView& view)
     : CSheet(id, title.empty() ? "Sheet 1" : title, drawing), context(context),
-      part(context.package.CreatePart("/xl/worksheets/" + FileName())), xml(part), pageScale(view.pageScale) {
+      part(context.package.CreatePart("/xl/worksheets/" + GetFileName())), xml(part), pageScale(view.pageScale) {
     CheckView(columns, view);
     WriteBeginning(columns, view);
 }
 
 void CWorksheet::Refuse(const std::string& what) {
-    context.refusals.Add("sheet '" + Title() + "': " + what);
+    context.refusals.Add("sheet '" + GetTitle() + "': " + what);
 }
 
 void CWorksheet::CheckView(const std::vector<ColumnWidth>& columns, const SheetView& view) {
@@ -108,11 +108,11 @@ void CWorksheet::CheckView(const std::vector<ColumnWidth>& columns, const SheetV
 
 void CWorksheet::WriteBeginning(const std::vector<ColumnWidth>& columns, const SheetView& view) {
     xml.Declaration();
-    xml.Start("worksheet", {{"xmlns", Names::main},
-                            {"xmlns:r", Names::relationships},
-                            {"xmlns:mc", Names::compatibility},
+    xml.Start("worksheet", {{"xmlns", Names::Main},
+                            {"xmlns:r", Names::Relationships},
+                            {"xmlns:mc", Names::Compatibility},
                             {"mc:Ignorable", "x14ac"},
-                            {"xmlns:x14ac", Names::sheetExtension}});
+                            {"xmlns:x14ac", Names::SheetExtension}});
     if (pageScale == PageScale::FitWidth) {
         xml.Start("sheetPr");
         xml.Leaf("pageSetUpPr", {{"fitToPage", 1}});
@@ -127,8 +127,8 @@ void CWorksheet::WriteBeginning(const std::vector<ColumnWidth>& columns, const S
 
 void CWorksheet::BeginRow(double height) {
     EndRow();
-    if (row >= mostRows) return Refuse("more than " + std::to_string(mostRows) + " rows");
-    if (height > mostRowHeight) Refuse("row " + std::to_string(row + 1) + " of " + NumberText(height) + " points");
+    if (row >= MostRows) return Refuse("more than " + std::to_string(MostRows) + " rows");
+    if (height > MostRowHeight) Refuse("row " + std::to_string(row + 1) + " of " + NumberText(height) + " points");
     isInRow = true;
     ++row;
     column = 0;
@@ -151,14 +151,14 @@ void CWorksheet::EndRow() {
 
 bool CWorksheet::TakesCell(std::string_view text, unsigned style) {
     const bool isFormula = text.size() > 1 && text.front() == '=';
-    const std::size_t most = isFormula ? mostFormulaLetters + 1 : mostCellLetters;
+    const std::size_t most = isFormula ? MostFormulaLetters + 1 : MostCellLetters;
     const bool isTooLong = text.size() > most && LetterCount(text) > most; // a letter is a byte or more
-    const bool isStyle = style < context.styles.CellFormats().size();
-    if (isInRow && column < mostColumns && !isTooLong && isStyle) return true;
+    const bool isStyle = style < context.styles.GetCellFormats().size();
+    if (isInRow && column < MostColumns && !isTooLong && isStyle) return true;
     if (!isInRow)
         Refuse("a cell outside a row");
-    else if (column >= mostColumns)
-        Refuse("more than " + std::to_string(mostColumns) + " columns");
+    else if (column >= MostColumns)
+        Refuse("more than " + std::to_string(MostColumns) + " columns");
     else if (isTooLong)
         Refuse("cell " + columnLetters + std::to_string(row) + " of more than " + std::to_string(most) + " letters");
     else
@@ -244,12 +244,12 @@ void CWorksheet::MergeCells(const std::string& reference) {
 void CWorksheet::AddBreak(std::set<unsigned>& breaks, unsigned after, unsigned end) {
     if (after == 0 || after >= end) return Refuse("a page break at " + std::to_string(after));
     breaks.insert(after);
-    if (breaks.size() > mostBreaks) Refuse("more than " + std::to_string(mostBreaks) + " page breaks of one kind");
+    if (breaks.size() > MostBreaks) Refuse("more than " + std::to_string(MostBreaks) + " page breaks of one kind");
 }
 
 void CWorksheet::AddComment(const Comment& comment) {
     if (!IsInSheet(comment.place)) return Refuse("a comment outside the sheet");
-    context.comments.Add(Id(), comment);
+    context.comments.Add(GetId(), comment);
 }
 
 bool CWorksheet::Finish() {
@@ -272,8 +272,8 @@ void CWorksheet::WriteEnd() {
         xml.End();
     }
     WritePage();
-    WriteBreaks(xml, "rowBreaks", rowBreaks, mostColumns - 1);
-    WriteBreaks(xml, "colBreaks", columnBreaks, mostRows - 1);
+    WriteBreaks(xml, "rowBreaks", rowBreaks, MostColumns - 1);
+    WriteBreaks(xml, "colBreaks", columnBreaks, MostRows - 1);
     WriteReferences();
     xml.End();
 }
@@ -302,20 +302,21 @@ void CWorksheet::WriteHeaderAndFooter() {
 }
 
 void CWorksheet::WriteReferences() {
-    if (!Drawing().IsEmpty()) xml.Leaf("drawing", {{"r:id", drawingId}});
-    if (context.comments.HasComments(Id())) xml.Leaf("legacyDrawing", {{"r:id", noteDrawingId}});
+    if (!GetDrawing().IsEmpty()) xml.Leaf("drawing", {{"r:id", DrawingId}});
+    if (context.comments.HasComments(GetId())) xml.Leaf("legacyDrawing", {{"r:id", NoteDrawingId}});
 }
 
 bool CWorksheet::WriteSheetRelationships() {
     std::vector<Relationship> relationships;
-    if (!Drawing().IsEmpty()) relationships.push_back({drawingId, Names::Relation::drawing, Drawing().Target()});
-    if (context.comments.HasComments(Id())) {
-        const std::string number = std::to_string(Id());
+    if (!GetDrawing().IsEmpty())
+        relationships.push_back({DrawingId, Names::Relation::Drawing, GetDrawing().GetTarget()});
+    if (context.comments.HasComments(GetId())) {
+        const std::string number = std::to_string(GetId());
         relationships.push_back(
-            {noteDrawingId, Names::Relation::vmlDrawing, "../drawings/vmlDrawing" + number + ".vml"});
-        relationships.push_back({commentsId, Names::Relation::comments, "../comments" + number + ".xml"});
+            {NoteDrawingId, Names::Relation::VmlDrawing, "../drawings/vmlDrawing" + number + ".vml"});
+        relationships.push_back({CommentsId, Names::Relation::Comments, "../comments" + number + ".xml"});
     }
-    return WriteRelationships(context.package, "/xl/worksheets/_rels/" + FileName() + ".rels", relationships);
+    return WriteRelationships(context.package, "/xl/worksheets/_rels/" + GetFileName() + ".rels", relationships);
 }
 
 } // namespace Xlsx

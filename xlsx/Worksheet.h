@@ -29,7 +29,7 @@ struct WorksheetContext {
 };
 
 /// Rows are filled from the first one on, the cells of a row from the first column on. Text is UTF-8. What does not fit
-/// a sheet (a cell outside a row, row 1,048,577, column 16,385, a text of more than mostCellLetters, what a comment
+/// a sheet (a cell outside a row, row 1,048,577, column 16,385, a text of more than MostCellLetters, what a comment
 /// below names) is left out, and the workbook's Save then answers false with the reason.
 class CWorksheet final : public CSheet {
 public:
@@ -37,12 +37,12 @@ public:
                const std::vector<ColumnWidth>& columns, const SheetView& view);
 
     /// Starts the next row; one that is open is ended first.
-    /// height  in points, at most mostRowHeight; 0 or less: the default
+    /// height  in points, at most MostRowHeight; 0 or less: the default
     void BeginRow(double height = 0);
     void EndRow();
 
     /// A text that begins with "=" and goes on is a formula, any other is kept as it is. An empty text without style
-    /// leaves its column free. A formula has at most mostFormulaLetters.
+    /// leaves its column free. A formula has at most MostFormulaLetters.
     /// style  an index that the workbook's AddStyle gave; 0: the default
     void AddCell(const std::string& text, unsigned style = 0);
     void AddCell(const char* text, unsigned style = 0) { AddCell(std::string(text), style); }
@@ -59,12 +59,12 @@ public:
     void SetPageHeader(const PageLine& line) { SetPageLine(pageHeader, line); }
     void SetPageFooter(const PageLine& line) { SetPageLine(pageFooter, line); }
     /// A new page begins below that many rows, or right of that many columns: at least 1, fewer than the sheet has, and
-    /// at most mostBreaks of each kind.
-    void AddRowBreak(unsigned rows) { AddBreak(rowBreaks, rows, mostRows); }
-    void AddColumnBreak(unsigned columns) { AddBreak(columnBreaks, columns, mostColumns); }
+    /// at most MostBreaks of each kind.
+    void AddRowBreak(unsigned rows) { AddBreak(rowBreaks, rows, MostRows); }
+    void AddColumnBreak(unsigned columns) { AddBreak(columnBreaks, columns, MostColumns); }
     void AddComment(const Comment& comment);
 
-    [[nodiscard]] const std::vector<CellPlace>& FormulaCells() const { return formulaCells; }
+    [[nodiscard]] const std::vector<CellPlace>& GetFormulaCells() const { return formulaCells; }
 
     /// Called by the workbook: writes what follows the rows, and the sheet's relationships. False when anything of the
     /// sheet could not be written.

@@ -3,7 +3,7 @@
 namespace zip {
 
 bool ArchiveOutput::HasRoomFor(std::uint64_t sizeBytes) const {
-    return sizeBytes <= largestOffset - bytesWritten;
+    return sizeBytes <= LargestOffset - bytesWritten;
 }
 
 bool ArchiveOutput::Write(const std::uint8_t* data, std::size_t sizeBytes) {

@@ -17,7 +17,7 @@ public:
 
     [[nodiscard]] bool CanSeek() const { return canSeek; }
     /// Offset of the next byte. Bytes of a write that failed do not count.
-    [[nodiscard]] std::uint32_t BytesWritten() const { return bytesWritten; }
+    [[nodiscard]] std::uint32_t GetBytesWritten() const { return bytesWritten; }
     /// Whether this many more bytes leave every offset within 32 bits.
     [[nodiscard]] bool HasRoomFor(std::uint64_t sizeBytes) const;
 

@@ -13,7 +13,7 @@ namespace zip {
 /// A failed write is remembered and what follows is dropped; Flush tells.
 class BitWriter {
 public:
-    explicit BitWriter(ByteSink& sink) : sink(&sink), buffer(capacity) {}
+    explicit BitWriter(ByteSink& sink) : sink(&sink), buffer(Capacity) {}
 
     /// Appends at most 48 bits. `bits` holds nothing above them.
     void Put(std::uint64_t bits, unsigned count) {
@@ -23,7 +23,7 @@ public:
         size += used / 8;
         word >>= used & ~7U;
         used &= 7;
-        if (size > capacity - 16) Drain();
+        if (size > Capacity - 16) Drain();
     }
 
     void PadToByte() { Put(0, (8 - used) & 7); }
@@ -34,7 +34,7 @@ public:
         if (!failed) failed = !sink->Write(data, sizeBytes);
     }
 
-    [[nodiscard]] unsigned BitsInByte() const { return used; }
+    [[nodiscard]] unsigned GetBitsInByte() const { return used; }
 
     /// Hands everything but the bits of an unfinished byte to the sink. False when a write has failed.
     [[nodiscard]] bool Flush() {
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] bool HasFailed() const { return failed; }
 
 private:
-    static constexpr std::size_t capacity = 32768;
+    static constexpr std::size_t Capacity = 32768;
 
     void Drain() {
         if (!failed && size > 0) failed = !sink->Write(buffer.data(), size);

@@ -12,13 +12,13 @@
 
 namespace zip {
 
-constexpr std::size_t segmentTokens = 4096;
-constexpr std::size_t mostBlockTokens = 16 * segmentTokens;
+constexpr std::size_t SegmentTokens = 4096;
+constexpr std::size_t MostBlockTokens = 16 * SegmentTokens;
 
 /// Positions are those of the match finder's buffer.
 class BlockGatherer {
 public:
-    /// tokens  room for mostBlockTokens
+    /// tokens  room for MostBlockTokens
     /// input   the match finder's buffer
     BlockGatherer(BitWriter& bits, std::vector<Token>& tokens, const std::uint8_t* input)
         : bits(bits), tokens(tokens), input(input) {}
@@ -41,7 +41,7 @@ public:
 private:
     void Add(Token token) {
         tokens[tokenCount++] = token;
-        if (tokenCount - blockTokens == segmentTokens) EndSegment();
+        if (tokenCount - blockTokens == SegmentTokens) EndSegment();
     }
     void EndSegment();
     void JoinSegment();

@@ -24,8 +24,8 @@ constexpr std::uint32_t TokenDistance(Token token) {
 
 /// How often each symbol occurs in a run of tokens, and how many bytes of input they stand for.
 struct SymbolCounts {
-    std::array<std::uint32_t, lengthSymbolCount> lengths{};
-    std::array<std::uint32_t, distanceSymbolCount> distances{};
+    std::array<std::uint32_t, LengthSymbolCount> lengths{};
+    std::array<std::uint32_t, DistanceSymbolCount> distances{};
     std::uint32_t inputBytes = 0;
 
     void CountLiteral(std::uint8_t byte) {
@@ -33,7 +33,7 @@ struct SymbolCounts {
         ++inputBytes;
     }
     void CountMatch(std::uint32_t length, std::uint32_t distance) {
-        ++lengths[lengthSymbols[length].symbol];
+        ++lengths[LengthSymbols[length].symbol];
         ++distances[DistanceSymbol(distance)];
         inputBytes += length;
     }

@@ -10,20 +10,20 @@ namespace zip {
 
 namespace {
 
-constexpr unsigned storedForm = 0;
-constexpr unsigned fixedForm = 1;
-constexpr unsigned dynamicForm = 2;
-constexpr unsigned headBits = 3;
-constexpr std::uint32_t longestStored = 65535;
+constexpr unsigned StoredForm = 0;
+constexpr unsigned FixedForm = 1;
+constexpr unsigned DynamicForm = 2;
+constexpr unsigned HeadBits = 3;
+constexpr std::uint32_t LongestStored = 65535;
 
 struct CodeLengths {
-    std::array<std::uint8_t, lengthSymbolCount> lengths{};
-    std::array<std::uint8_t, distanceSymbolCount> distances{};
+    std::array<std::uint8_t, LengthSymbolCount> lengths{};
+    std::array<std::uint8_t, DistanceSymbolCount> distances{};
 };
 
 constexpr CodeLengths MakeFixedCodeLengths() {
     CodeLengths fixed;
-    for (std::size_t symbol = 0; symbol < lengthSymbolCount; ++symbol) {
+    for (std::size_t symbol = 0; symbol < LengthSymbolCount; ++symbol) {
         fixed.lengths[symbol] = symbol < 144 ? 8 : symbol < 256 ? 9 : symbol < 280 ? 7 : 8;
     }
     for (std::uint8_t& length : fixed.distances) {
@@ -32,18 +32,18 @@ constexpr CodeLengths MakeFixedCodeLengths() {
     return fixed;
 }
 
-constexpr CodeLengths fixedCodeLengths = MakeFixedCodeLengths();
+constexpr CodeLengths FixedCodeLengths = MakeFixedCodeLengths();
 
 // Bits of the tokens and the end of the block, extra bits included.
 std::uint64_t ContentBits(const SymbolCounts& counts, const CodeLengths& code) {
-    std::uint64_t total = code.lengths[endOfBlock];
-    for (unsigned symbol = 0; symbol < endOfBlock; ++symbol) {
+    std::uint64_t total = code.lengths[EndOfBlock];
+    for (unsigned symbol = 0; symbol < EndOfBlock; ++symbol) {
         total += static_cast<std::uint64_t>(counts.lengths[symbol]) * code.lengths[symbol];
     }
-    for (unsigned symbol = endOfBlock + 1; symbol < lengthSymbolCount; ++symbol) {
+    for (unsigned symbol = EndOfBlock + 1; symbol < LengthSymbolCount; ++symbol) {
         total += static_cast<std::uint64_t>(counts.lengths[symbol]) * (code.lengths[symbol] + LengthExtraBits(symbol));
     }
-    for (unsigned symbol = 0; symbol < distanceSymbolCount; ++symbol) {
+    for (unsigned symbol = 0; symbol < DistanceSymbolCount; ++symbol) {
         total +=
             static_cast<std::uint64_t>(counts.distances[symbol]) * (code.distances[symbol] + DistanceExtraBits(symbol));
     }
@@ -52,32 +52,32 @@ std::uint64_t ContentBits(const SymbolCounts& counts, const CodeLengths& code) {
 
 CodeLengths OwnCodeLengths(const SymbolCounts& counts) {
     CodeLengths code;
-    std::array<std::uint32_t, lengthSymbolCount> lengths = counts.lengths;
-    lengths[endOfBlock] = 1;
-    ShortestCodeLengths(lengths.data(), lengths.size(), longestCode, code.lengths.data());
-    ShortestCodeLengths(counts.distances.data(), counts.distances.size(), longestCode, code.distances.data());
+    std::array<std::uint32_t, LengthSymbolCount> lengths = counts.lengths;
+    lengths[EndOfBlock] = 1;
+    ShortestCodeLengths(lengths.data(), lengths.size(), LongestCode, code.lengths.data());
+    ShortestCodeLengths(counts.distances.data(), counts.distances.size(), LongestCode, code.distances.data());
     return code;
 }
 
 std::uint64_t StoredBits(const Block& block, unsigned bitsInByte) {
     if (block.input == nullptr) return std::numeric_limits<std::uint64_t>::max();
     const std::uint64_t size = block.counts.inputBytes;
-    const std::uint64_t parts = std::max<std::uint64_t>(1, (size + longestStored - 1) / longestStored);
-    const unsigned firstPadding = (16 - bitsInByte - headBits) & 7;
-    return headBits + firstPadding + 32 + (parts - 1) * 40 + 8 * size;
+    const std::uint64_t parts = std::max<std::uint64_t>(1, (size + LongestStored - 1) / LongestStored);
+    const unsigned firstPadding = (16 - bitsInByte - HeadBits) & 7;
+    return HeadBits + firstPadding + 32 + (parts - 1) * 40 + 8 * size;
 }
 
 void WriteHead(BitWriter& bits, unsigned form, BlockPosition position) {
-    bits.Put((position == BlockPosition::Last ? 1U : 0U) | (form << 1), headBits);
+    bits.Put((position == BlockPosition::Last ? 1U : 0U) | (form << 1), HeadBits);
 }
 
 void WriteStored(BitWriter& bits, const Block& block, BlockPosition position) {
     const std::uint8_t* input = block.input;
     std::uint32_t left = block.counts.inputBytes;
     do {
-        const std::uint32_t now = std::min(left, longestStored);
+        const std::uint32_t now = std::min(left, LongestStored);
         left -= now;
-        WriteHead(bits, storedForm, left == 0 ? position : BlockPosition::Inner);
+        WriteHead(bits, StoredForm, left == 0 ? position : BlockPosition::Inner);
         bits.PadToByte();
         bits.Put(now | ((~now & 0xFFFF) << 16), 32);
         bits.PutBytes(input, now);
@@ -94,21 +94,21 @@ struct Bits {
 class TokenCoder {
 public:
     explicit TokenCoder(const CodeLengths& code) {
-        std::array<std::uint16_t, lengthSymbolCount> codes;
-        CanonicalCodes(code.lengths.data(), lengthSymbolCount, codes.data());
+        std::array<std::uint16_t, LengthSymbolCount> codes;
+        CanonicalCodes(code.lengths.data(), LengthSymbolCount, codes.data());
         for (unsigned byte = 0; byte < 256; ++byte) {
             lengths[byte] = {codes[byte], code.lengths[byte]};
         }
-        end = {codes[endOfBlock], code.lengths[endOfBlock]};
+        end = {codes[EndOfBlock], code.lengths[EndOfBlock]};
         for (unsigned length = 3; length <= 258; ++length) {
-            const SymbolExtra symbol = lengthSymbols[length];
+            const SymbolExtra symbol = LengthSymbols[length];
             const unsigned codeLength = code.lengths[symbol.symbol];
             matches[length] = {codes[symbol.symbol] | (static_cast<std::uint32_t>(symbol.extra) << codeLength),
                                codeLength + symbol.extraBits};
         }
-        std::array<std::uint16_t, distanceSymbolCount> distanceCodes;
-        CanonicalCodes(code.distances.data(), distanceSymbolCount, distanceCodes.data());
-        for (unsigned symbol = 0; symbol < distanceSymbolCount; ++symbol) {
+        std::array<std::uint16_t, DistanceSymbolCount> distanceCodes;
+        CanonicalCodes(code.distances.data(), DistanceSymbolCount, distanceCodes.data());
+        for (unsigned symbol = 0; symbol < DistanceSymbolCount; ++symbol) {
             distances[symbol] = {distanceCodes[symbol], code.distances[symbol]};
         }
     }
@@ -130,7 +130,7 @@ private:
     void PutMatch(BitWriter& bits, Bits length, std::uint32_t distance) const {
         const unsigned symbol = DistanceSymbol(distance);
         const Bits code = distances[symbol];
-        const std::uint32_t extra = distance - distanceBases[symbol];
+        const std::uint32_t extra = distance - DistanceBases[symbol];
         std::uint64_t value = length.value;
         value |= static_cast<std::uint64_t>(code.value) << length.count;
         value |= static_cast<std::uint64_t>(extra) << (length.count + code.count);
@@ -139,7 +139,7 @@ private:
 
     std::array<Bits, 256> lengths;
     std::array<Bits, 259> matches;
-    std::array<Bits, distanceSymbolCount> distances;
+    std::array<Bits, DistanceSymbolCount> distances;
     Bits end;
 };
 
@@ -156,22 +156,22 @@ void SymbolCounts::Add(const SymbolCounts& other) {
 }
 
 std::uint64_t FixedBlockBits(const SymbolCounts& counts) {
-    return headBits + ContentBits(counts, fixedCodeLengths);
+    return HeadBits + ContentBits(counts, FixedCodeLengths);
 }
 
 void WriteBlock(BitWriter& bits, const Block& block, BlockPosition position) {
     const CodeLengths own = OwnCodeLengths(block.counts);
     const CodeLengthCode ownHead(own.lengths, own.distances);
-    const std::uint64_t ownBits = headBits + ownHead.Bits() + ContentBits(block.counts, own);
+    const std::uint64_t ownBits = HeadBits + ownHead.GetBits() + ContentBits(block.counts, own);
     const std::uint64_t fixedBits = FixedBlockBits(block.counts);
-    const std::uint64_t storedBits = StoredBits(block, bits.BitsInByte());
+    const std::uint64_t storedBits = StoredBits(block, bits.GetBitsInByte());
     if (storedBits <= ownBits && storedBits <= fixedBits) {
         WriteStored(bits, block, position);
     } else if (fixedBits <= ownBits) {
-        WriteHead(bits, fixedForm, position);
-        TokenCoder(fixedCodeLengths).Write(bits, block.tokens, block.tokenCount);
+        WriteHead(bits, FixedForm, position);
+        TokenCoder(FixedCodeLengths).Write(bits, block.tokens, block.tokenCount);
     } else {
-        WriteHead(bits, dynamicForm, position);
+        WriteHead(bits, DynamicForm, position);
         ownHead.Write(bits);
         TokenCoder(own).Write(bits, block.tokens, block.tokenCount);
     }

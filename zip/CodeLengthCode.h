@@ -13,11 +13,11 @@ namespace zip {
 class CodeLengthCode {
 public:
     /// lengthCodes, distanceCodes  code lengths, 0 for symbols without a code
-    CodeLengthCode(const std::array<std::uint8_t, lengthSymbolCount>& lengthCodes,
-                   const std::array<std::uint8_t, distanceSymbolCount>& distanceCodes);
+    CodeLengthCode(const std::array<std::uint8_t, LengthSymbolCount>& lengthCodes,
+                   const std::array<std::uint8_t, DistanceSymbolCount>& distanceCodes);
 
     /// Bits that Write puts.
-    [[nodiscard]] std::uint64_t Bits() const;
+    [[nodiscard]] std::uint64_t GetBits() const;
     void Write(BitWriter& bits) const;
 
 private:
@@ -29,10 +29,10 @@ private:
     void AddRun(std::uint8_t length, std::size_t times);
     void Append(unsigned symbol, std::size_t extra);
 
-    std::array<Run, lengthSymbolCount + distanceSymbolCount> runs;
+    std::array<Run, LengthSymbolCount + DistanceSymbolCount> runs;
     std::size_t runCount = 0;
-    std::array<std::uint32_t, codeLengthSymbolCount> frequencies{};
-    std::array<std::uint8_t, codeLengthSymbolCount> codeLengths{};
+    std::array<std::uint32_t, CodeLengthSymbolCount> frequencies{};
+    std::array<std::uint8_t, CodeLengthSymbolCount> codeLengths{};
     std::size_t lengthCodeCount;
     std::size_t distanceCodeCount;
     std::size_t codeLengthCount;

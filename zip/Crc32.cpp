@@ -8,10 +8,10 @@ namespace zip {
 
 namespace {
 
-constexpr std::uint32_t reflectedPolynomial = 0xEDB88320;
-constexpr std::size_t stride = 16;
+constexpr std::uint32_t ReflectedPolynomial = 0xEDB88320;
+constexpr std::size_t Stride = 16;
 
-using Tables = std::array<std::array<std::uint32_t, 256>, stride>;
+using Tables = std::array<std::array<std::uint32_t, 256>, Stride>;
 
 // Table k tells what a byte does to the checksum when k more bytes follow it.
 constexpr Tables MakeTables() {
@@ -19,11 +19,11 @@ constexpr Tables MakeTables() {
     for (std::uint32_t byte = 0; byte < 256; ++byte) {
         std::uint32_t crc = byte;
         for (int bit = 0; bit < 8; ++bit) {
-            crc = (crc >> 1) ^ ((crc & 1) != 0 ? reflectedPolynomial : 0);
+            crc = (crc >> 1) ^ ((crc & 1) != 0 ? ReflectedPolynomial : 0);
         }
         tables[0][byte] = crc;
     }
-    for (std::size_t k = 1; k < stride; ++k) {
+    for (std::size_t k = 1; k < Stride; ++k) {
         for (std::size_t byte = 0; byte < 256; ++byte) {
             const std::uint32_t before = tables[k - 1][byte];
             tables[k][byte] = (before >> 8) ^ tables[0][before & 0xFF];
@@ -32,23 +32,23 @@ constexpr Tables MakeTables() {
     return tables;
 }
 
-constexpr Tables tables = MakeTables();
+constexpr Tables CrcTables = MakeTables();
 
 std::uint32_t Word(std::size_t bytesAfter, std::uint32_t word) {
-    return tables[bytesAfter + 3][word & 0xFF] ^ tables[bytesAfter + 2][(word >> 8) & 0xFF] ^
-           tables[bytesAfter + 1][(word >> 16) & 0xFF] ^ tables[bytesAfter][word >> 24];
+    return CrcTables[bytesAfter + 3][word & 0xFF] ^ CrcTables[bytesAfter + 2][(word >> 8) & 0xFF] ^
+           CrcTables[bytesAfter + 1][(word >> 16) & 0xFF] ^ CrcTables[bytesAfter][word >> 24];
 }
 
 } // namespace
 
 std::uint32_t Crc32(std::uint32_t crc, const std::uint8_t* data, std::size_t sizeBytes) {
     crc = ~crc;
-    for (; sizeBytes >= stride; sizeBytes -= stride, data += stride) {
+    for (; sizeBytes >= Stride; sizeBytes -= Stride, data += Stride) {
         crc = Word(12, Load32(data) ^ crc) ^ Word(8, Load32(data + 4)) ^ Word(4, Load32(data + 8)) ^
               Word(0, Load32(data + 12));
     }
     for (; sizeBytes > 0; --sizeBytes, ++data) {
-        crc = (crc >> 8) ^ tables[0][(crc ^ *data) & 0xFF];
+        crc = (crc >> 8) ^ CrcTables[0][(crc ^ *data) & 0xFF];
     }
     return ~crc;
 }

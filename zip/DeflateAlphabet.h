@@ -7,13 +7,13 @@
 
 namespace zip {
 
-constexpr std::size_t lengthSymbolCount = 288; // literals 0-255, end of block, lengths 257-285; two take part in the
+constexpr std::size_t LengthSymbolCount = 288; // literals 0-255, end of block, lengths 257-285; two take part in the
                                                // fixed code only and never occur
-constexpr std::size_t distanceSymbolCount = 30;
-constexpr std::size_t codeLengthSymbolCount = 19;
-constexpr unsigned endOfBlock = 256;
-constexpr unsigned longestCode = 15;
-constexpr unsigned longestCodeLengthCode = 7;
+constexpr std::size_t DistanceSymbolCount = 30;
+constexpr std::size_t CodeLengthSymbolCount = 19;
+constexpr unsigned EndOfBlock = 256;
+constexpr unsigned LongestCode = 15;
+constexpr unsigned LongestCodeLengthCode = 7;
 
 /// A value's symbol and the bits that tell it from the symbol's other values.
 struct SymbolExtra {
@@ -58,10 +58,10 @@ constexpr std::array<std::uint8_t, 512> MakeDistanceSymbols() {
     return symbols;
 }
 
-constexpr std::array<std::uint16_t, distanceSymbolCount> MakeDistanceBases() {
-    std::array<std::uint16_t, distanceSymbolCount> bases{};
+constexpr std::array<std::uint16_t, DistanceSymbolCount> MakeDistanceBases() {
+    std::array<std::uint16_t, DistanceSymbolCount> bases{};
     unsigned base = 1;
-    for (unsigned symbol = 0; symbol < distanceSymbolCount; ++symbol) {
+    for (unsigned symbol = 0; symbol < DistanceSymbolCount; ++symbol) {
         bases[symbol] = static_cast<std::uint16_t>(base);
         base += 1U << (symbol < 4 ? 0 : symbol / 2 - 1);
     }
@@ -71,13 +71,13 @@ constexpr std::array<std::uint16_t, distanceSymbolCount> MakeDistanceBases() {
 } // namespace detail
 
 /// By match length, 3 to 258.
-inline constexpr std::array<SymbolExtra, 259> lengthSymbols = detail::MakeLengths();
-inline constexpr std::array<std::uint8_t, 512> distanceSymbols = detail::MakeDistanceSymbols();
-inline constexpr std::array<std::uint16_t, distanceSymbolCount> distanceBases = detail::MakeDistanceBases();
+inline constexpr std::array<SymbolExtra, 259> LengthSymbols = detail::MakeLengths();
+inline constexpr std::array<std::uint8_t, 512> DistanceSymbols = detail::MakeDistanceSymbols();
+inline constexpr std::array<std::uint16_t, DistanceSymbolCount> DistanceBases = detail::MakeDistanceBases();
 
 inline unsigned DistanceSymbol(std::uint32_t distance) {
     const std::uint32_t value = distance - 1;
-    return distanceSymbols[value < 256 ? value : 256 + (value >> 7)];
+    return DistanceSymbols[value < 256 ? value : 256 + (value >> 7)];
 }
 
 constexpr unsigned DistanceExtraBits(unsigned symbol) {

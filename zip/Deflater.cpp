@@ -9,39 +9,39 @@ namespace zip {
 
 namespace {
 
-constexpr int lastGreedyLevel = 3;
-constexpr SearchEffort efforts[] = {
+constexpr int LastGreedyLevel = 3;
+constexpr SearchEffort Efforts[] = {
     {4, 4, 8, 4},      {4, 4, 16, 8},      {4, 4, 32, 32},       {4, 6, 24, 24},       {8, 16, 48, 48},
     {8, 24, 128, 128}, {16, 48, 192, 384}, {32, 128, 258, 1024}, {32, 258, 258, 4096},
 };
-constexpr int lastLevel = sizeof efforts / sizeof efforts[0];
+constexpr int LastLevel = sizeof Efforts / sizeof Efforts[0];
 
 // Bytes and chains wanted beyond a position to be searched: a match, and the ever longer matches of the bytes after it.
-constexpr std::uint32_t lookahead = 4 * longestMatch;
-constexpr std::uint32_t linkStride = 4096;
+constexpr std::uint32_t Lookahead = 4 * LongestMatch;
+constexpr std::uint32_t LinkStride = 4096;
 
 } // namespace
 
 struct Deflater::Buffers {
     MatchFinder finder;
-    std::vector<Token> tokens = std::vector<Token>(mostBlockTokens);
+    std::vector<Token> tokens = std::vector<Token>(MostBlockTokens);
 };
 
 /// One stream on its way from source to sink.
 class Deflater::Stream {
 public:
     Stream(Buffers& buffers, ByteSource& source, ByteSink& sink, int level)
-        : finder(buffers.finder), source(source), bits(sink), gatherer(bits, buffers.tokens, buffers.finder.Bytes()),
-          effort(efforts[level - 1]), isLazy(level > lastGreedyLevel) {}
+        : finder(buffers.finder), source(source), bits(sink), gatherer(bits, buffers.tokens, buffers.finder.GetBytes()),
+          effort(Efforts[level - 1]), isLazy(level > LastGreedyLevel) {}
 
     DeflateResult Run() {
         finder.Reset();
         do {
             if (!FillWindow()) return DeflateResult::ReadFailed;
-            const std::uint32_t stop = finder.IsSourceAtEnd() ? finder.End() : finder.End() - lookahead;
+            const std::uint32_t stop = finder.IsSourceAtEnd() ? finder.GetEnd() : finder.GetEnd() - Lookahead;
             while (position < stop) {
-                finder.LinkUpTo(position + linkStride + lookahead);
-                Parse(std::min(stop, position + linkStride));
+                finder.LinkUpTo(position + LinkStride + Lookahead);
+                Parse(std::min(stop, position + LinkStride));
                 if (bits.HasFailed()) return DeflateResult::WriteFailed;
             }
         } while (!finder.IsSourceAtEnd());
@@ -60,7 +60,7 @@ private:
 
     void Parse(std::uint32_t stop) {
         while (position < stop) {
-            Match match = finder.Find(position, shortestMatch - 1, effort, effort.longestChain);
+            Match match = finder.Find(position, ShortestMatch - 1, effort, effort.longestChain);
             if (match.length == 0) {
                 PassLiteral();
                 continue;
@@ -82,7 +82,7 @@ private:
         }
     }
 
-    void PassLiteral() { gatherer.AddLiteral(finder.Bytes()[position++]); }
+    void PassLiteral() { gatherer.AddLiteral(finder.GetBytes()[position++]); }
 
     MatchFinder& finder;
     ByteSource& source;
@@ -98,7 +98,7 @@ Deflater::Deflater() : buffers(std::make_unique<Buffers>()) {}
 Deflater::~Deflater() = default;
 
 DeflateResult Deflater::Compress(ByteSource& source, ByteSink& sink, int level) {
-    if (level < 1 || level > lastLevel) return DeflateResult::BadPackLevel;
+    if (level < 1 || level > LastLevel) return DeflateResult::BadPackLevel;
     return Stream(*buffers, source, sink, level).Run();
 }
 

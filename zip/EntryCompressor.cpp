@@ -25,7 +25,7 @@ public:
     [[nodiscard]] ZipResult SizeAtEnd() const {
         return total == expectedSize ? ZipResult::Success : ZipResult::SizeChanged;
     }
-    [[nodiscard]] std::uint32_t Crc() const { return crc; }
+    [[nodiscard]] std::uint32_t GetCrc() const { return crc; }
 
 private:
     platform::InputFile& file;
@@ -39,16 +39,16 @@ private:
 
 ZipResult EntryCompressor::Store(platform::InputFile& source, std::uint32_t sizeBytes, ArchiveOutput& output,
                                  EntryData& data) {
-    workBuffer.resize(storedReadSize);
+    workBuffer.resize(StoredReadSize);
     CheckedSource checked(source, sizeBytes);
-    const std::uint32_t start = output.BytesWritten();
+    const std::uint32_t start = output.GetBytesWritten();
     std::optional<std::size_t> got;
     do {
         got = checked.Read(workBuffer.data(), workBuffer.size());
         if (!got) return checked.FailureOfRead();
         if (!output.Write(workBuffer.data(), *got)) return ZipResult::WriteFailed;
     } while (*got == workBuffer.size());
-    data = {checked.Crc(), output.BytesWritten() - start};
+    data = {checked.GetCrc(), output.GetBytesWritten() - start};
     return checked.SizeAtEnd();
 }
 
@@ -56,8 +56,8 @@ ZipResult EntryCompressor::Deflate(platform::InputFile& source, std::uint32_t si
                                    EntryData& data) {
     if (!deflater) deflater = std::make_unique<Deflater>();
     CheckedSource checked(source, sizeBytes);
-    const std::uint32_t start = output.BytesWritten();
-    switch (deflater->Compress(checked, output, packLevel)) {
+    const std::uint32_t start = output.GetBytesWritten();
+    switch (deflater->Compress(checked, output, PackLevel)) {
     case DeflateResult::Success:
         break;
     case DeflateResult::ReadFailed:
@@ -67,7 +67,7 @@ ZipResult EntryCompressor::Deflate(platform::InputFile& source, std::uint32_t si
     case DeflateResult::BadPackLevel:
         return ZipResult::DeflateFault;
     }
-    data = {checked.Crc(), output.BytesWritten() - start};
+    data = {checked.GetCrc(), output.GetBytesWritten() - start};
     return checked.SizeAtEnd();
 }
 

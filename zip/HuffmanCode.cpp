@@ -8,8 +8,8 @@ namespace zip {
 
 namespace {
 
-constexpr std::size_t mostSymbols = 288;
-constexpr unsigned longestLimit = 15;
+constexpr std::size_t MostSymbols = 288;
+constexpr unsigned LongestLimit = 15;
 
 struct Leaf {
     std::uint32_t frequency;
@@ -50,7 +50,7 @@ private:
     }
 
     std::size_t MergeRound(unsigned round, std::size_t itemsBefore) {
-        std::array<std::uint64_t, 2 * mostSymbols> merged;
+        std::array<std::uint64_t, 2 * MostSymbols> merged;
         const std::size_t pairs = itemsBefore / 2;
         std::size_t leaf = 0;
         std::size_t pair = 0;
@@ -69,8 +69,8 @@ private:
 
     const Leaf* leaves;
     std::size_t count;
-    std::array<std::uint64_t, 2 * mostSymbols> weights;
-    std::array<std::array<std::uint8_t, 2 * mostSymbols>, longestLimit> isLeaf;
+    std::array<std::uint64_t, 2 * MostSymbols> weights;
+    std::array<std::array<std::uint8_t, 2 * MostSymbols>, LongestLimit> isLeaf;
 };
 
 std::uint16_t Mirrored(unsigned code, unsigned length) {
@@ -84,7 +84,7 @@ std::uint16_t Mirrored(unsigned code, unsigned length) {
 } // namespace
 
 void ShortestCodeLengths(const std::uint32_t* frequencies, std::size_t n, unsigned longest, std::uint8_t* lengths) {
-    std::array<Leaf, mostSymbols> leaves;
+    std::array<Leaf, MostSymbols> leaves;
     std::size_t count = 0;
     for (std::size_t symbol = 0; symbol < n; ++symbol) {
         lengths[symbol] = 0;
@@ -98,13 +98,13 @@ void ShortestCodeLengths(const std::uint32_t* frequencies, std::size_t n, unsign
 }
 
 void CanonicalCodes(const std::uint8_t* lengths, std::size_t n, std::uint16_t* codes) {
-    std::array<unsigned, longestLimit + 1> counts{};
+    std::array<unsigned, LongestLimit + 1> counts{};
     for (std::size_t symbol = 0; symbol < n; ++symbol) {
         ++counts[lengths[symbol]];
     }
     counts[0] = 0;
-    std::array<unsigned, longestLimit + 1> next{};
-    for (unsigned length = 1; length <= longestLimit; ++length) {
+    std::array<unsigned, LongestLimit + 1> next{};
+    for (unsigned length = 1; length <= LongestLimit; ++length) {
         next[length] = (next[length - 1] + counts[length - 1]) << 1;
     }
     for (std::size_t symbol = 0; symbol < n; ++symbol) {

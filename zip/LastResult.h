@@ -1,4 +1,4 @@
-// Sets what LastResult answers; for the archive writer and its handles only.
+// Sets what GetLastResult answers; for the archive writer and its handles only.
 #pragma once
 
 #include "zip/ZipResult.h"

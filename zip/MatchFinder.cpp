@@ -8,25 +8,25 @@ namespace zip {
 
 namespace {
 
-constexpr unsigned historyBits = 15;
-constexpr std::uint32_t historySize = 1U << historyBits;
-constexpr std::uint32_t bufferSize = 8 * historySize;
-constexpr std::uint32_t padding = longestMatch + 16; // compares read whole words past the end
-constexpr unsigned hashBits = 15;
+constexpr unsigned HistoryBits = 15;
+constexpr std::uint32_t HistorySize = 1U << HistoryBits;
+constexpr std::uint32_t BufferSize = 8 * HistorySize;
+constexpr std::uint32_t Padding = LongestMatch + 16; // compares read whole words past the end
+constexpr unsigned HashBits = 15;
 // Positions of one stream start this far behind those of the stream before, so that nothing of it is in reach.
-constexpr std::uint32_t streamGap = 0x10000;
-constexpr std::uint32_t latestStreamOffset = 0x80000000;
+constexpr std::uint32_t StreamGap = 0x10000;
+constexpr std::uint32_t LatestStreamOffset = 0x80000000;
 
 // One occurrence counts this much and fades over the window's length.
-constexpr std::uint32_t frequencyUnit = 256;
-constexpr unsigned commonnessShift = 7;
+constexpr std::uint32_t FrequencyUnit = 256;
+constexpr unsigned CommonnessShift = 7;
 
 std::uint32_t Hash(const std::uint8_t* bytes) {
-    return ((Load32(bytes) << 8) * 0x9E3779B1U) >> (32 - hashBits);
+    return ((Load32(bytes) << 8) * 0x9E3779B1U) >> (32 - HashBits);
 }
 
 std::uint32_t Faded(std::uint32_t frequency, std::uint32_t step) {
-    return frequency - static_cast<std::uint32_t>((std::uint64_t{frequency} * step) >> historyBits);
+    return frequency - static_cast<std::uint32_t>((std::uint64_t{frequency} * step) >> HistoryBits);
 }
 
 std::uint32_t EqualLength(const std::uint8_t* a, const std::uint8_t* b, std::uint32_t most) {
@@ -46,7 +46,7 @@ bool AreThreeEqual(std::uint32_t a, std::uint32_t b) {
 std::uint32_t RarestOffset(const std::uint16_t* commonness, std::uint32_t stringLength) {
     std::uint32_t rarest = 0;
     std::uint32_t least = commonness[0];
-    for (std::uint32_t offset = 1; offset + shortestMatch <= stringLength; ++offset) {
+    for (std::uint32_t offset = 1; offset + ShortestMatch <= stringLength; ++offset) {
         if (commonness[offset] < least) {
             least = commonness[offset];
             rarest = offset;
@@ -58,14 +58,14 @@ std::uint32_t RarestOffset(const std::uint16_t* commonness, std::uint32_t string
 } // namespace
 
 MatchFinder::MatchFinder()
-    : bytes(bufferSize + padding), steps(bufferSize + padding), commonness(bufferSize + padding),
-      latest(1U << hashBits, Latest{0, 0}) {}
+    : bytes(BufferSize + Padding), steps(BufferSize + Padding), commonness(BufferSize + Padding),
+      latest(1U << HashBits, Latest{0, 0}) {}
 
 void MatchFinder::Reset() {
-    streamOffset += end + streamGap;
-    if (streamOffset > latestStreamOffset) {
+    streamOffset += end + StreamGap;
+    if (streamOffset > LatestStreamOffset) {
         std::fill(latest.begin(), latest.end(), Latest{0, 0});
-        streamOffset = streamGap;
+        streamOffset = StreamGap;
     }
     end = 0;
     linked = 0;
@@ -73,7 +73,7 @@ void MatchFinder::Reset() {
 }
 
 std::uint32_t MatchFinder::DropBefore(std::uint32_t position) const {
-    return position > bufferSize / 2 ? position - historySize : 0;
+    return position > BufferSize / 2 ? position - HistorySize : 0;
 }
 
 void MatchFinder::Drop(std::uint32_t drop) {
@@ -87,7 +87,7 @@ void MatchFinder::Drop(std::uint32_t drop) {
 
 bool MatchFinder::Fill(ByteSource& source, std::uint32_t drop) {
     if (drop > 0) Drop(drop);
-    const std::size_t wanted = bufferSize - end;
+    const std::size_t wanted = BufferSize - end;
     const std::optional<std::size_t> got = source.Read(bytes.data() + end, wanted);
     if (!got) return false;
     end += static_cast<std::uint32_t>(*got);
@@ -96,7 +96,7 @@ bool MatchFinder::Fill(ByteSource& source, std::uint32_t drop) {
 }
 
 void MatchFinder::LinkUpTo(std::uint32_t position) {
-    const std::uint32_t stop = end < shortestMatch ? 0 : std::min(position + 1, end - shortestMatch + 1);
+    const std::uint32_t stop = end < ShortestMatch ? 0 : std::min(position + 1, end - ShortestMatch + 1);
     // Locals, because the compiler cannot know that the table's words are not these members.
     const std::uint8_t* const data = bytes.data();
     std::uint16_t* const stepOf = steps.data();
@@ -107,10 +107,10 @@ void MatchFinder::LinkUpTo(std::uint32_t position) {
         Latest& head = heads[Hash(data + at)];
         const std::uint32_t here = at + offset;
         const std::uint32_t step = here - head.position;
-        const bool isInReach = step <= farthestMatch;
-        const std::uint32_t frequency = isInReach ? Faded(head.frequency, step) + frequencyUnit : 0;
+        const bool isInReach = step <= FarthestMatch;
+        const std::uint32_t frequency = isInReach ? Faded(head.frequency, step) + FrequencyUnit : 0;
         stepOf[at] = static_cast<std::uint16_t>(isInReach ? step : 0);
-        commonnessOf[at] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> commonnessShift, 0xFFFF));
+        commonnessOf[at] = static_cast<std::uint16_t>(std::min<std::uint32_t>(frequency >> CommonnessShift, 0xFFFF));
         head = {here, frequency};
     }
     linked = std::max(linked, stop);
@@ -118,12 +118,12 @@ void MatchFinder::LinkUpTo(std::uint32_t position) {
 
 Match MatchFinder::Find(std::uint32_t position, std::uint32_t longerThan, const SearchEffort& effort,
                         unsigned longestChain) const {
-    const std::uint32_t most = std::min<std::uint32_t>(longestMatch, end - position);
+    const std::uint32_t most = std::min<std::uint32_t>(LongestMatch, end - position);
     if (longerThan >= most) return {};
     const std::uint8_t* const data = bytes.data();
     const std::uint8_t* const here = data + position;
     const std::uint32_t nice = std::min<std::uint32_t>(effort.niceLength, most);
-    const std::uint32_t first = position > farthestMatch ? position - farthestMatch : 0;
+    const std::uint32_t first = position > FarthestMatch ? position - FarthestMatch : 0;
     const std::uint32_t start = Load32(here);
 
     std::uint32_t best = longerThan;
@@ -135,14 +135,14 @@ Match MatchFinder::Find(std::uint32_t position, std::uint32_t longerThan, const 
         if (step == 0 || candidate < first + step) break;
         candidate -= step;
         const std::uint8_t* const there = data + candidate;
-        if (best < shortestMatch) {
+        if (best < ShortestMatch) {
             // Three equal bytes are worth having only near by; from there on it takes four.
-            if (position - candidate > farthestShortestMatch)
-                best = shortestMatch;
+            if (position - candidate > FarthestShortestMatch)
+                best = ShortestMatch;
             else if (!AreThreeEqual(Load32(there), start))
                 continue;
         }
-        if (best >= shortestMatch && (Load32(there + best - 3) != Load32(here + best - 3) || Load32(there) != start))
+        if (best >= ShortestMatch && (Load32(there + best - 3) != Load32(here + best - 3) || Load32(there) != start))
             continue;
         const std::uint32_t length = EqualLength(there, here, most);
         if (length <= best) continue;

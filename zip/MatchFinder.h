@@ -10,11 +10,11 @@
 
 namespace zip {
 
-constexpr unsigned shortestMatch = 3;
-constexpr unsigned longestMatch = 258;
-constexpr unsigned farthestMatch = 32506;
+constexpr unsigned ShortestMatch = 3;
+constexpr unsigned LongestMatch = 258;
+constexpr unsigned FarthestMatch = 32506;
 /// A match of three bytes costs more than its literals when it lies farther back than this.
-constexpr unsigned farthestShortestMatch = 4096;
+constexpr unsigned FarthestShortestMatch = 4096;
 
 struct Match {
     std::uint32_t length = 0; ///< 0: there is none
@@ -53,8 +53,8 @@ public:
     [[nodiscard]] Match Find(std::uint32_t position, std::uint32_t longerThan, const SearchEffort& effort,
                              unsigned longestChain) const;
 
-    [[nodiscard]] const std::uint8_t* Bytes() const { return bytes.data(); }
-    [[nodiscard]] std::uint32_t End() const { return end; }
+    [[nodiscard]] const std::uint8_t* GetBytes() const { return bytes.data(); }
+    [[nodiscard]] std::uint32_t GetEnd() const { return end; }
     [[nodiscard]] bool IsSourceAtEnd() const { return sourceAtEnd; }
 
 private:

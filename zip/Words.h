@@ -23,21 +23,21 @@ inline void Store64(std::uint8_t* bytes, std::uint64_t value) {
 }
 
 /// A power of two times this number has its exponent's own six bits on top.
-inline constexpr std::uint64_t exponentMark = 0x03F79D71B4CB0A89U;
+inline constexpr std::uint64_t ExponentMark = 0x03F79D71B4CB0A89U;
 
 /// By those six bits, how many whole bytes lie below the power's bit.
 constexpr std::array<std::uint8_t, 64> CountBytesBelow() {
     std::array<std::uint8_t, 64> bytes{};
     for (unsigned exponent = 0; exponent < 64; ++exponent)
-        bytes[(exponentMark << exponent) >> 58U] = static_cast<std::uint8_t>(exponent / 8);
+        bytes[(ExponentMark << exponent) >> 58U] = static_cast<std::uint8_t>(exponent / 8);
     return bytes;
 }
-inline constexpr std::array<std::uint8_t, 64> bytesBelow = CountBytesBelow();
+inline constexpr std::array<std::uint8_t, 64> BytesBelow = CountBytesBelow();
 
 /// Number of equal bytes from the start of two words that differ.
 inline unsigned EqualBytes(std::uint64_t difference) {
     const std::uint64_t lowestBit = difference & (0 - difference);
-    return bytesBelow[(lowestBit * exponentMark) >> 58U];
+    return BytesBelow[(lowestBit * ExponentMark) >> 58U];
 }
 
 } // namespace zip

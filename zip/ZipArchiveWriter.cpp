@@ -18,24 +18,24 @@ std::atomic<ZipResult> lastResult{ZipResult::Success};
 // Looks for a program's head at the place that an executable's beginning names. Ordinary files never have the mark that
 // is asked for first.
 std::optional<Executable> IsExecutable(platform::InputFile& source, std::uint32_t sizeBytes) {
-    static constexpr std::uint32_t beginningMark = 0x54AD;
-    static constexpr std::uint32_t headMarks[] = {0x5A4D, 0x454C, 0x454E, 0x4550};
-    static constexpr std::size_t beginningSize = 40;
-    static constexpr std::size_t headReferenceOffset = 36;
-    static constexpr std::uint64_t headSize = 52;
-    if (sizeBytes <= beginningSize) return Executable::No;
+    static constexpr std::uint32_t BeginningMark = 0x54AD;
+    static constexpr std::uint32_t HeadMarks[] = {0x5A4D, 0x454C, 0x454E, 0x4550};
+    static constexpr std::size_t BeginningSize = 40;
+    static constexpr std::size_t HeadReferenceOffset = 36;
+    static constexpr std::uint64_t HeadSize = 52;
+    if (sizeBytes <= BeginningSize) return Executable::No;
 
-    std::uint8_t beginning[beginningSize];
-    const std::optional<std::size_t> got = source.Read(beginning, beginningSize);
+    std::uint8_t beginning[BeginningSize];
+    const std::optional<std::size_t> got = source.Read(beginning, BeginningSize);
     if (!got) return std::nullopt;
     Executable answer = Executable::No;
-    if (*got == beginningSize && (Load32(beginning) & 0xFFFF) == beginningMark) {
-        const std::uint32_t headOffset = Load32(beginning + headReferenceOffset);
+    if (*got == BeginningSize && (Load32(beginning) & 0xFFFF) == BeginningMark) {
+        const std::uint32_t headOffset = Load32(beginning + HeadReferenceOffset);
         std::uint8_t head[4];
-        if (sizeBytes > headOffset + headSize) {
+        if (sizeBytes > headOffset + HeadSize) {
             if (!source.Seek(headOffset) || source.Read(head, sizeof head) != sizeof head) return std::nullopt;
             const bool isKnown =
-                std::find(std::begin(headMarks), std::end(headMarks), Load32(head)) != std::end(headMarks);
+                std::find(std::begin(HeadMarks), std::end(HeadMarks), Load32(head)) != std::end(HeadMarks);
             answer = isKnown ? Executable::Yes : Executable::No;
         }
     }
@@ -47,12 +47,12 @@ ZipEntryRecord RecordOf(const std::string& entryName, const platform::FileFacts&
     ZipEntryRecord entry;
     entry.name = entryName;
     std::replace(entry.name.begin(), entry.name.end(), '\\', '/');
-    entry.flags = sizesFollowFlag;
-    entry.localFlags = sizesFollowFlag;
+    entry.flags = SizesFollowFlag;
+    entry.localFlags = SizesFollowFlag;
     entry.method = MethodForName(entry.name);
     entry.dosDateTime = DosDateTime(facts.lastWriteTime);
     entry.uncompressedSize = static_cast<std::uint32_t>(facts.sizeBytes);
-    entry.compressedSize = entry.method == storedMethod ? entry.uncompressedSize : 0;
+    entry.compressedSize = entry.method == StoredMethod ? entry.uncompressedSize : 0;
     entry.externalAttributes = ExternalAttributes(facts.attributes, executable);
     entry.localExtra = LocalTimeExtra(facts);
     entry.centralExtra = CentralTimeExtra(facts);
@@ -65,7 +65,7 @@ void SetLastResult(ZipResult result) {
     lastResult = result;
 }
 
-ZipResult LastResult() {
+ZipResult GetLastResult() {
     return lastResult;
 }
 
@@ -108,19 +108,19 @@ ZipResult ZipArchiveWriter::RefusalOf(const std::string& entryName) const {
 }
 
 ZipResult ZipArchiveWriter::AddEntry(const std::string& entryName, const std::string& sourcePath) {
-    if (entries.size() >= mostEntries || entryName.size() > longestName) return ZipResult::WriteFailed;
+    if (entries.size() >= MostEntries || entryName.size() > LongestName) return ZipResult::WriteFailed;
     const std::unique_ptr<platform::InputFile> source = files.OpenForReading(sourcePath);
     if (!source) return ZipResult::FileNotOpened;
-    const std::optional<platform::FileFacts> facts = source->Facts();
+    const std::optional<platform::FileFacts> facts = source->GetFacts();
     if (!facts) return ZipResult::ReadFailed;
-    if (facts->sizeBytes > largestOffset) return ZipResult::WriteFailed;
+    if (facts->sizeBytes > LargestOffset) return ZipResult::WriteFailed;
     const std::uint32_t sizeBytes = static_cast<std::uint32_t>(facts->sizeBytes);
     const std::optional<Executable> executable = IsExecutable(*source, sizeBytes);
     if (!executable) return ZipResult::ReadFailed;
 
     ZipEntryRecord entry = RecordOf(entryName, *facts, *executable);
-    entry.localOffset = output->BytesWritten();
-    const std::uint64_t roomNeeded = localHeaderSize + entry.name.size() + localExtraSize + entry.compressedSize;
+    entry.localOffset = output->GetBytesWritten();
+    const std::uint64_t roomNeeded = LocalHeaderSize + entry.name.size() + LocalExtraSize + entry.compressedSize;
     if (!output->HasRoomFor(roomNeeded)) return ZipResult::WriteFailed;
     const ZipResult result = WriteEntry(entry, *source, sizeBytes);
     if (result == ZipResult::Success) entries.push_back(std::move(entry));
@@ -131,7 +131,7 @@ ZipResult ZipArchiveWriter::WriteEntry(ZipEntryRecord& entry, platform::InputFil
     if (!output->Append(LocalHeader(entry))) return ZipResult::WriteFailed;
     if (!compressor) compressor = std::make_unique<EntryCompressor>();
     EntryData data;
-    const ZipResult result = entry.method == storedMethod ? compressor->Store(source, sizeBytes, *output, data)
+    const ZipResult result = entry.method == StoredMethod ? compressor->Store(source, sizeBytes, *output, data)
                                                           : compressor->Deflate(source, sizeBytes, *output, data);
     if (result != ZipResult::Success) return result;
     const std::uint32_t announcedSize = entry.compressedSize;
@@ -146,7 +146,7 @@ ZipResult ZipArchiveWriter::FinishHeader(ZipEntryRecord& entry, std::uint32_t an
         entry.localFlags = 0;
         return output->Overwrite(entry.localOffset, LocalHeader(entry)) ? ZipResult::Success : ZipResult::WriteFailed;
     }
-    if (entry.method == storedMethod && entry.compressedSize != announcedSize) return ZipResult::ChangedMind;
+    if (entry.method == StoredMethod && entry.compressedSize != announcedSize) return ZipResult::ChangedMind;
     return output->Append(DataDescriptor(entry)) ? ZipResult::Success : ZipResult::WriteFailed;
 }
 
@@ -171,14 +171,13 @@ ZipResult ZipArchiveWriter::Close() {
 ZipResult ZipArchiveWriter::WriteDirectory() {
     if (!output->ReturnToEnd()) return ZipResult::WriteFailed;
     Bytes directory;
-    for (ZipEntryRecord& entry : entries) {
-        entry.localOffset += startOffset;
+    for (const ZipEntryRecord& entry : entries) {
         const Bytes header = CentralHeader(entry);
         directory.insert(directory.end(), header.begin(), header.end());
     }
-    if (!output->HasRoomFor(directory.size() + endSize)) return ZipResult::WriteFailed;
+    if (!output->HasRoomFor(directory.size() + EndSize)) return ZipResult::WriteFailed;
     const Bytes end = EndRecord({static_cast<std::uint16_t>(entries.size()),
-                                 static_cast<std::uint32_t>(directory.size()), startOffset + output->BytesWritten()});
+                                 static_cast<std::uint32_t>(directory.size()), output->GetBytesWritten()});
     directory.insert(directory.end(), end.begin(), end.end());
     return output->Append(directory) ? ZipResult::Success : ZipResult::WriteFailed;
 }

@@ -17,12 +17,12 @@ class EntryCompressor;
 struct ZipEntryRecord;
 
 /// One archive being written. Not for use by two threads at once.
-/// Every operation also sets the process-wide value that LastResult answers. The first failure of AddFile is kept, and
-/// every later AddFile is refused with PreviousError. Nothing throws but an allocation failure in the constructor.
+/// Every operation also sets the process-wide value that GetLastResult answers. The first failure of AddFile is kept,
+/// and every later AddFile is refused with PreviousError. Nothing throws but an allocation failure in the constructor.
 class ZipArchiveWriter {
 public:
     /// files  outlives the writer
-    explicit ZipArchiveWriter(platform::FileLayer& files = platform::OperatingSystemFiles());
+    explicit ZipArchiveWriter(platform::FileLayer& files = platform::GetOperatingSystemFiles());
     /// Closes the file of an archive that was not finished; without its directory no reader takes it for whole.
     ~ZipArchiveWriter();
     ZipArchiveWriter(const ZipArchiveWriter&) = delete;
@@ -57,12 +57,11 @@ private:
     std::unique_ptr<ArchiveOutput> output;
     std::unique_ptr<EntryCompressor> compressor;
     std::vector<ZipEntryRecord> entries;
-    std::uint32_t startOffset = 0; // the archive starts where its file starts
     ZipResult lastError = ZipResult::Success;
     bool ended = false;
 };
 
 /// The code of the most recent Create, AddFile or Close in this process.
-[[nodiscard]] ZipResult LastResult();
+[[nodiscard]] ZipResult GetLastResult();
 
 } // namespace zip

@@ -48,9 +48,9 @@ bool IsLeapYear(unsigned year) {
 }
 
 CivilDate DateOfDay(std::uint64_t daysSince1601) {
-    static constexpr std::uint64_t daysIn400Years = 146097;
-    CivilDate date{1601 + static_cast<unsigned>(daysSince1601 / daysIn400Years * 400), 1, 1};
-    std::uint64_t days = daysSince1601 % daysIn400Years;
+    static constexpr std::uint64_t DaysIn400Years = 146097;
+    CivilDate date{1601 + static_cast<unsigned>(daysSince1601 / DaysIn400Years * 400), 1, 1};
+    std::uint64_t days = daysSince1601 % DaysIn400Years;
     while (days >= (IsLeapYear(date.year) ? 366U : 365U)) {
         days -= IsLeapYear(date.year) ? 366 : 365;
         ++date.year;
@@ -65,26 +65,26 @@ CivilDate DateOfDay(std::uint64_t daysSince1601) {
     return date;
 }
 
-constexpr std::uint64_t ticksPerSecond = 10000000;
+constexpr std::uint64_t TicksPerSecond = 10000000;
 
 } // namespace
 
 Bytes LocalHeader(const ZipEntryRecord& entry) {
-    RecordBytes record(localHeaderSize + entry.name.size() + entry.localExtra.size());
-    record.U32(localHeaderSignature).U16(entry.needed).U16(entry.localFlags);
+    RecordBytes record(LocalHeaderSize + entry.name.size() + entry.localExtra.size());
+    record.U32(LocalHeaderSignature).U16(entry.needed).U16(entry.localFlags);
     AppendCommonFields(record, entry, entry.localExtra);
     return record.All(entry.name).All(entry.localExtra).Take();
 }
 
 Bytes DataDescriptor(const ZipEntryRecord& entry) {
-    RecordBytes record(dataDescriptorSize);
-    record.U32(dataDescriptorSignature).U32(entry.crc).U32(entry.compressedSize).U32(entry.uncompressedSize);
+    RecordBytes record(DataDescriptorSize);
+    record.U32(DataDescriptorSignature).U32(entry.crc).U32(entry.compressedSize).U32(entry.uncompressedSize);
     return record.Take();
 }
 
 Bytes CentralHeader(const ZipEntryRecord& entry) {
-    RecordBytes record(centralHeaderSize + entry.name.size() + entry.centralExtra.size());
-    record.U32(centralHeaderSignature).U16(entry.madeBy).U16(entry.needed).U16(entry.flags);
+    RecordBytes record(CentralHeaderSize + entry.name.size() + entry.centralExtra.size());
+    record.U32(CentralHeaderSignature).U16(entry.madeBy).U16(entry.needed).U16(entry.flags);
     AppendCommonFields(record, entry, entry.centralExtra);
     record.U16(0).U16(entry.diskNumber).U16(entry.internalAttributes);
     record.U32(entry.externalAttributes).U32(entry.localOffset);
@@ -92,49 +92,49 @@ Bytes CentralHeader(const ZipEntryRecord& entry) {
 }
 
 Bytes EndRecord(const DirectoryFacts& directory) {
-    RecordBytes record(endSize);
-    record.U32(endSignature).U16(0).U16(0).U16(directory.entryCount).U16(directory.entryCount);
+    RecordBytes record(EndSize);
+    record.U32(EndSignature).U16(0).U16(0).U16(directory.entryCount).U16(directory.entryCount);
     record.U32(directory.sizeBytes).U32(directory.offset).U16(0);
     return record.Take();
 }
 
 Bytes LocalTimeExtra(const platform::FileFacts& facts) {
-    RecordBytes extra(localExtraSize);
-    extra.U16(timeExtraTag).U16(localTimeExtraLength).U8(timeExtraFlags);
+    RecordBytes extra(LocalExtraSize);
+    extra.U16(TimeExtraTag).U16(LocalTimeExtraLength).U8(TimeExtraFlags);
     extra.U32(UnixTime(facts.lastWriteTime)).U32(UnixTime(facts.lastAccessTime)).U32(UnixTime(facts.creationTime));
     return extra.Take();
 }
 
 Bytes CentralTimeExtra(const platform::FileFacts& facts) {
-    RecordBytes extra(centralExtraSize);
-    extra.U16(timeExtraTag).U16(centralTimeExtraLength).U8(timeExtraFlags).U32(UnixTime(facts.lastWriteTime));
+    RecordBytes extra(CentralExtraSize);
+    extra.U16(TimeExtraTag).U16(CentralTimeExtraLength).U8(TimeExtraFlags).U32(UnixTime(facts.lastWriteTime));
     return extra.Take();
 }
 
 std::uint16_t MethodForName(const std::string& name) {
-    static constexpr std::string_view packedExtensions[] = {".Z",   ".zip", ".zoo", ".arc",
+    static constexpr std::string_view PackedExtensions[] = {".Z",   ".zip", ".zoo", ".arc",
                                                             ".lzh", ".arj", ".gz",  ".tgz"};
     const std::size_t dot = name.rfind('.');
-    if (dot == std::string::npos) return deflatedMethod;
+    if (dot == std::string::npos) return DeflatedMethod;
     const std::string_view extension = std::string_view(name).substr(dot);
-    for (const std::string_view packed : packedExtensions) {
-        if (extension == packed) return storedMethod;
+    for (const std::string_view packed : PackedExtensions) {
+        if (extension == packed) return StoredMethod;
     }
-    return deflatedMethod;
+    return DeflatedMethod;
 }
 
 std::uint32_t ExternalAttributes(std::uint32_t attributes, Executable executable) {
     using platform::FileAttribute;
-    static constexpr std::uint32_t kept = FileAttribute::ReadOnly | FileAttribute::Hidden | FileAttribute::System |
+    static constexpr std::uint32_t Kept = FileAttribute::ReadOnly | FileAttribute::Hidden | FileAttribute::System |
                                           FileAttribute::Directory | FileAttribute::Archive;
-    std::uint32_t mode = (attributes & FileAttribute::Directory) != 0 ? directoryMode : regularFileMode;
-    if ((attributes & FileAttribute::ReadOnly) == 0) mode |= ownerWriteMode;
-    if (executable == Executable::Yes) mode |= ownerExecuteMode;
-    return (mode << 16) | (attributes & kept);
+    std::uint32_t mode = (attributes & FileAttribute::Directory) != 0 ? DirectoryMode : RegularFileMode;
+    if ((attributes & FileAttribute::ReadOnly) == 0) mode |= OwnerWriteMode;
+    if (executable == Executable::Yes) mode |= OwnerExecuteMode;
+    return (mode << 16) | (attributes & Kept);
 }
 
 std::uint32_t DosDateTime(std::uint64_t fileTime) {
-    const std::uint64_t seconds = fileTime / ticksPerSecond;
+    const std::uint64_t seconds = fileTime / TicksPerSecond;
     const unsigned ofDay = static_cast<unsigned>(seconds % 86400);
     const CivilDate day = DateOfDay(seconds / 86400);
     const std::uint32_t date = ((day.year - 1980) << 9) | (day.month << 5) | day.day;
@@ -144,7 +144,7 @@ std::uint32_t DosDateTime(std::uint64_t fileTime) {
 
 std::uint32_t UnixTime(std::uint64_t fileTime) {
     const std::int64_t since1970 = static_cast<std::int64_t>(fileTime - 116444736000000000);
-    return static_cast<std::uint32_t>(since1970 / static_cast<std::int64_t>(ticksPerSecond));
+    return static_cast<std::uint32_t>(since1970 / static_cast<std::int64_t>(TicksPerSecond));
 }
 
 } // namespace zip

@@ -14,10 +14,10 @@ using Bytes = std::vector<std::uint8_t>;
 
 /// An entry until it stands in the central directory. Lengths are those of the texts and fields at the end.
 struct ZipEntryRecord {
-    std::uint16_t madeBy = versionMadeBy;
-    std::uint16_t needed = versionNeeded;
+    std::uint16_t madeBy = VersionMadeBy;
+    std::uint16_t needed = VersionNeeded;
     std::uint16_t flags = 0;
-    std::uint16_t method = deflatedMethod;
+    std::uint16_t method = DeflatedMethod;
     std::uint32_t dosDateTime = 0; ///< date in the high 16 bits
     std::uint32_t crc = 0;
     std::uint32_t compressedSize = 0;

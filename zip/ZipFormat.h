@@ -29,39 +29,39 @@
 
 namespace zip {
 
-constexpr std::uint32_t localHeaderSignature = 0x04034B50;
-constexpr std::uint32_t dataDescriptorSignature = 0x08074B50;
-constexpr std::uint32_t centralHeaderSignature = 0x02014B50;
-constexpr std::uint32_t endSignature = 0x06054B50;
+constexpr std::uint32_t LocalHeaderSignature = 0x04034B50;
+constexpr std::uint32_t DataDescriptorSignature = 0x08074B50;
+constexpr std::uint32_t CentralHeaderSignature = 0x02014B50;
+constexpr std::uint32_t EndSignature = 0x06054B50;
 
-constexpr std::size_t localHeaderSize = 30;
-constexpr std::size_t dataDescriptorSize = 16;
-constexpr std::size_t centralHeaderSize = 46;
-constexpr std::size_t endSize = 22;
-constexpr std::uint16_t localExtraSize = 17;
-constexpr std::uint16_t centralExtraSize = 9;
+constexpr std::size_t LocalHeaderSize = 30;
+constexpr std::size_t DataDescriptorSize = 16;
+constexpr std::size_t CentralHeaderSize = 46;
+constexpr std::size_t EndSize = 22;
+constexpr std::uint16_t LocalExtraSize = 17;
+constexpr std::uint16_t CentralExtraSize = 9;
 
-constexpr std::uint16_t versionMadeBy = 0x0B17;
-constexpr std::uint16_t versionNeeded = 20;
-constexpr std::uint16_t sizesFollowFlag = 8;
-constexpr std::uint16_t storedMethod = 0;
-constexpr std::uint16_t deflatedMethod = 8;
+constexpr std::uint16_t VersionMadeBy = 0x0B17;
+constexpr std::uint16_t VersionNeeded = 20;
+constexpr std::uint16_t SizesFollowFlag = 8;
+constexpr std::uint16_t StoredMethod = 0;
+constexpr std::uint16_t DeflatedMethod = 8;
 
-constexpr std::uint16_t timeExtraTag = 0x5455; // "UT"
-constexpr std::uint8_t timeExtraFlags = 7;     // modification, access and creation time
-constexpr std::uint16_t localTimeExtraLength = 13;
-constexpr std::uint16_t centralTimeExtraLength = 5; // with the same flags, although one time follows
+constexpr std::uint16_t TimeExtraTag = 0x5455; // "UT"
+constexpr std::uint8_t TimeExtraFlags = 7;     // modification, access and creation time
+constexpr std::uint16_t LocalTimeExtraLength = 13;
+constexpr std::uint16_t CentralTimeExtraLength = 5; // with the same flags, although one time follows
 
-constexpr std::uint32_t regularFileMode = 0x8100; // readable by its owner
-constexpr std::uint32_t directoryMode = 0x4100;
-constexpr std::uint32_t ownerWriteMode = 0x0080;
-constexpr std::uint32_t ownerExecuteMode = 0x0040;
+constexpr std::uint32_t RegularFileMode = 0x8100; // readable by its owner
+constexpr std::uint32_t DirectoryMode = 0x4100;
+constexpr std::uint32_t OwnerWriteMode = 0x0080;
+constexpr std::uint32_t OwnerExecuteMode = 0x0040;
 
-constexpr std::uint64_t largestOffset = 0xFFFFFFFF;
-constexpr std::size_t mostEntries = 0xFFFF;
-constexpr std::size_t longestName = 0xFFFF;
+constexpr std::uint64_t LargestOffset = 0xFFFFFFFF;
+constexpr std::size_t MostEntries = 0xFFFF;
+constexpr std::size_t LongestName = 0xFFFF;
 
-constexpr std::size_t storedReadSize = 16384;
-constexpr int packLevel = 8;
+constexpr std::size_t StoredReadSize = 16384;
+constexpr int PackLevel = 8;
 
 } // namespace zip

@@ -16,7 +16,7 @@ struct ZipHandle {
     ZipArchiveWriter writer;
 };
 
-/// A handle on a new archive at the path; null when the file cannot be created (LastResult is then FileNotOpened).
+/// A handle on a new archive at the path; null when the file cannot be created (GetLastResult is then FileNotOpened).
 [[nodiscard]] std::unique_ptr<ZipHandle> Create(const std::string& path);
 
 /// As ZipArchiveWriter::AddFile; FaultyArguments without a handle, MixedCreationAndOpening for one of another kind.

@@ -9,7 +9,7 @@ struct ResultText {
     const char* text;
 };
 
-constexpr ResultText texts[] = {
+constexpr ResultText Texts[] = {
     {ZipResult::Success, "Success"},
     {ZipResult::HandleNotDuplicated, "Culdn't duplicate handle"},
     {ZipResult::FileNotOpened, "Couldn't create/open file"},
@@ -36,7 +36,7 @@ constexpr ResultText texts[] = {
 } // namespace
 
 const char* ZipResultText(ZipResult result) {
-    for (const ResultText& entry : texts) {
+    for (const ResultText& entry : Texts) {
         if (entry.result == result) return entry.text;
     }
     return "unknown zip result code";
