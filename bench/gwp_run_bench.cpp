@@ -59,8 +59,11 @@ Arrays Flatten(const workbench::Model& model) {
         }
     }
     for (const host::BuildingMaterial& material : model.GetBuildingMaterials())
-        arrays.values[material.index.value] = {GetGWP(material.index.value, 1.0), GetUnit(material.index.value),
-                                               GetServiceLife(material.index.value), material.densityKgM3};
+        arrays.values[material.index.value] = {GetGWP(material.index.value, 1.0),
+                                               {},
+                                               GetUnit(material.index.value),
+                                               GetServiceLife(material.index.value),
+                                               material.densityKgM3};
     return arrays;
 }
 
@@ -74,8 +77,9 @@ void BareLoop(benchmark::State& state) {
         std::unordered_map<std::int32_t, std::unordered_map<std::int32_t, double>> table;
         double sum = 0.0;
         for (std::size_t i = 0; i < arrays.materials.size(); ++i) {
-            const double gwp = lca::ComputeComponentGWP(arrays.values.find(arrays.materials[i])->second, 1.0,
-                                                        arrays.volumes[i], arrays.areas[i], 50);
+            const double gwp = lca::ComputeContribution(arrays.values.find(arrays.materials[i])->second, 1.0,
+                                                        arrays.volumes[i], arrays.areas[i], 50)
+                                   .gwp;
             sum += gwp;
             table[arrays.layers[i / ComponentsPerElement]][arrays.materials[i]] += gwp;
         }

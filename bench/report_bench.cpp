@@ -66,7 +66,11 @@ void Drawing(benchmark::State& state) {
         static_cast<void>(iteration);
         for (const std::int16_t chart : {PaletteItems::PieChart, PaletteItems::BarChart}) {
             workbench::RecordedContext context;
-            bench.context.mainPalette.DrawChart(chart, context, {0, 0, 520, 230});
+            host::DialogMessageData data;
+            data.area = {0, 0, 520, 230};
+            data.context = &context;
+            bench.context.mainPalette.HandleDialogMessage(host::DialogMessage::UserItemUpdate,
+                                                          bench.context.mainPalette.GetDialog(), chart, data);
             benchmark::DoNotOptimize(context.calls.data());
         }
     }

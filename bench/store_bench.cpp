@@ -21,7 +21,7 @@ public:
         : file(std::filesystem::temp_directory_path() / ("kelvarnix-bench-" + std::to_string(getpid()) + ".kvp")) {
         host.OpenProject(bench::MakeBuilding(Elements), host::ProjectEvent::New);
         bench::GiveMaterialValues(host, 1.0);
-        failure = workbench::SaveProject(*host.GetProject(), file);
+        saved = workbench::SaveProject(*host.GetProject(), file);
     }
     ~ProjectOnDisk() {
         std::error_code ignored;
@@ -30,50 +30,49 @@ public:
 
     const std::filesystem::path file;
     workbench::WorkbenchHost host;
-    std::string failure;
+    workbench::Outcome saved = workbench::Outcome::Done();
 };
 
 const ProjectOnDisk& GetProject() {
-    static const ProjectOnDisk project;
-    return project;
+    static const ProjectOnDisk Project;
+    return Project;
 }
 
 void OpenProject(benchmark::State& state) {
     const ProjectOnDisk& project = GetProject();
     for (auto iteration : state) {
         static_cast<void>(iteration);
-        const workbench::OpenedProject opened =
-            workbench::OpenProjectFile(project.file, workbench::KeepChanges::InMemory);
-        if (!opened.project || opened.project->model.GetElements().size() != Elements)
-            state.SkipWithError(opened.failure.c_str());
+        const auto opened = workbench::OpenProjectFile(project.file, workbench::KeepChanges::InMemory);
+        if (opened.HasFailed() || opened.Get()->model.GetElements().size() != Elements)
+            state.SkipWithError(opened.GetText().c_str());
     }
     state.SetItemsProcessed(static_cast<std::int64_t>(state.iterations() * Elements));
     state.counters["MiB"] = static_cast<double>(std::filesystem::file_size(project.file)) / (1 << 20);
 }
 
 void ChangeAllMaterials(benchmark::State& state) {
-    workbench::OpenedProject opened = workbench::OpenProjectFile(GetProject().file, workbench::KeepChanges::InFile);
-    if (!opened.project) {
-        state.SkipWithError(opened.failure.c_str());
+    auto opened = workbench::OpenProjectFile(GetProject().file, workbench::KeepChanges::InFile);
+    if (opened.HasFailed()) {
+        state.SkipWithError(opened.GetText().c_str());
         return;
     }
     workbench::WorkbenchHost host;
-    host.OpenProject(std::move(opened.project), host::ProjectEvent::Open);
+    host.OpenProject(opened.Take(), host::ProjectEvent::Open);
     static double factor = 1.0; // never a value that the file already has
     for (auto iteration : state) {
         static_cast<void>(iteration);
         factor += 0.5;
         bench::GiveMaterialValues(host, factor);
     }
-    if (!host.GetProject()->GetStoreFailure().empty()) state.SkipWithError("the file did not take the change");
+    if (host.GetProject()->GetStoreOutcome().HasFailed()) state.SkipWithError("the file did not take the change");
 }
 
 void SaveOverOld(benchmark::State& state) {
     const ProjectOnDisk& project = GetProject();
     for (auto iteration : state) {
         static_cast<void>(iteration);
-        const std::string failure = workbench::SaveProject(*project.host.GetProject(), project.file);
-        if (!failure.empty()) state.SkipWithError(failure.c_str());
+        const workbench::Outcome saved = workbench::SaveProject(*project.host.GetProject(), project.file);
+        if (saved.HasFailed()) state.SkipWithError(saved.GetText().c_str());
     }
 }
 
@@ -82,8 +81,8 @@ void SaveAsNew(benchmark::State& state) {
     const std::filesystem::path file = project.file.string() + "-new.kvp";
     for (auto iteration : state) {
         static_cast<void>(iteration);
-        const std::string failure = workbench::SaveProject(*project.host.GetProject(), file);
-        if (!failure.empty()) state.SkipWithError(failure.c_str());
+        const workbench::Outcome saved = workbench::SaveProject(*project.host.GetProject(), file);
+        if (saved.HasFailed()) state.SkipWithError(saved.GetText().c_str());
         state.PauseTiming();
         std::filesystem::remove(file);
         state.ResumeTiming();
@@ -98,8 +97,8 @@ BENCHMARK(SaveAsNew)->Unit(benchmark::kMillisecond)->UseRealTime();
 } // namespace
 
 int main(int argc, char** argv) {
-    if (!GetProject().failure.empty()) {
-        std::cerr << GetProject().failure << "\n";
+    if (GetProject().saved.HasFailed()) {
+        std::cerr << GetProject().saved.GetText() << "\n";
         return 1;
     }
     benchmark::Initialize(&argc, argv);

@@ -117,14 +117,14 @@ private:
             return got;
         }
         bool Seek(std::uint64_t offset) override { return file->Seek(offset); }
-        std::optional<platform::FileFacts> Facts() override { return file->Facts(); }
+        std::optional<platform::FileFacts> GetFacts() override { return file->GetFacts(); }
 
     private:
         TimedFiles& owner;
         std::unique_ptr<platform::InputFile> file;
     };
 
-    platform::FileLayer& files = platform::OperatingSystemFiles();
+    platform::FileLayer& files = platform::GetOperatingSystemFiles();
 };
 
 /// Highest resident memory of this process so far, in kB; 0 where the system does not tell.
@@ -147,7 +147,7 @@ std::vector<std::string> Texts() {
 }
 
 void Measure(const std::string& target, unsigned rows, const std::vector<std::string>& texts) {
-    constexpr unsigned columns = 10;
+    constexpr unsigned Columns = 10;
     TimedFiles files;
     const long memoryBefore = PeakMemory();
     const Clock::time_point start = Clock::now();
@@ -155,7 +155,7 @@ void Measure(const std::string& target, unsigned rows, const std::vector<std::st
     Xlsx::CWorksheet& sheet = workbook.AddSheet("Cells");
     for (unsigned row = 0; row < rows; ++row) {
         sheet.BeginRow();
-        for (unsigned column = 0; column < columns; column += 2) {
+        for (unsigned column = 0; column < Columns; column += 2) {
             sheet.AddCell(texts[(row * 31 + column * 17) % texts.size()]);
             sheet.AddCell(row * 0.37 + column * 11.3);
         }
@@ -171,7 +171,7 @@ void Measure(const std::string& target, unsigned rows, const std::vector<std::st
     const double total = Seconds(saved - start);
     const double inFiles = Seconds(files.spent);
     const double inXml = Seconds(filled - start) - filesWhileFilling; // the other parts take less than a millisecond
-    const double cells = static_cast<double>(rows) * columns;
+    const double cells = static_cast<double>(rows) * Columns;
     std::printf("%8.0f cells: %.3f s, %.0f cells/s, peak memory %ld kB (%ld kB before)\n", cells, total, cells / total,
                 PeakMemory(), memoryBefore);
     std::printf("          XML and texts %4.1f %%, deflate %4.1f %%, files %4.1f %% (%.1f MB written, %.1f MB read)\n",
@@ -188,7 +188,7 @@ double SecondsToRegister(unsigned count) {
         styles[i].font.name = "Font " + number;
         styles[i].fill.foreground = number;
         styles[i].border.bottom.colour = number;
-        styles[i].numberFormat.id = Xlsx::firstCustomFormat;
+        styles[i].numberFormat.id = Xlsx::FirstCustomFormat;
         styles[i].numberFormat.suffix = number;
     }
     const Clock::time_point start = Clock::now();
@@ -199,27 +199,27 @@ double SecondsToRegister(unsigned count) {
         }
     }
     const double seconds = Seconds(Clock::now() - start);
-    if (registry.CellFormats().size() != count + 2) std::abort();
+    if (registry.GetCellFormats().size() != count + 2) std::abort();
     return seconds;
 }
 
 void MeasureStyles() {
-    constexpr unsigned few = 2000;
-    constexpr unsigned many = 20000;
-    double forFew = SecondsToRegister(few);
-    double forMany = SecondsToRegister(many);
+    constexpr unsigned Few = 2000;
+    constexpr unsigned Many = 20000;
+    double forFew = SecondsToRegister(Few);
+    double forMany = SecondsToRegister(Many);
     for (int i = 0; i < 4; ++i) { // the quickest of five has the least disturbance
-        forFew = std::min(forFew, SecondsToRegister(few));
-        forMany = std::min(forMany, SecondsToRegister(many));
+        forFew = std::min(forFew, SecondsToRegister(Few));
+        forMany = std::min(forMany, SecondsToRegister(Many));
     }
-    std::printf("%8u styles: %.4f s; %u styles: %.4f s, %.1f times as long\n", few, forFew, many, forMany,
+    std::printf("%8u styles: %.4f s; %u styles: %.4f s, %.1f times as long\n", Few, forFew, Many, forMany,
                 forMany / forFew);
 }
 
 } // namespace
 
 int main(int argumentCount, char** arguments) {
-    const std::string folder = argumentCount > 1 ? std::string(arguments[1]) + "/" : platform::TemporaryRoot();
+    const std::string folder = argumentCount > 1 ? std::string(arguments[1]) + "/" : platform::GetTemporaryRoot();
     const std::vector<std::string> texts = Texts();
     for (const unsigned rows : {10000U, 100000U}) {
         Measure(folder + "kelvarnix_bench.xlsx", rows, texts);

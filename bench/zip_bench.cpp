@@ -63,7 +63,7 @@ std::string WorksheetPart() {
     for (int row = 1; row <= 60000; ++row) {
         part.append(cell, std::snprintf(cell, sizeof cell, "<row r=\"%d\" x14ac:dyDescent=\"0.25\">", row));
         for (int column = 0; column < 9; ++column) {
-            const double number = random() % 100'000'000 / 1e5;
+            const double number = static_cast<double>(random() % 100'000'000) / 1e5;
             const unsigned string = random() % 4000;
             const int size = column < 2
                                  ? std::snprintf(cell, sizeof cell, "<c r=\"%c%d\" s=\"%d\" t=\"s\"><v>%u</v></c>",
@@ -83,7 +83,8 @@ void PrintSizes(const std::vector<Input>& inputs) {
         std::printf("%s: %zu bytes\n", input.name.c_str(), input.bytes.size());
         for (int level = 1; level <= 9; ++level) {
             const std::size_t size = DeflatedSize(deflater, input.bytes, level);
-            std::printf("  level %d %10zu  %.3f %%\n", level, size, 100.0 * size / input.bytes.size());
+            std::printf("  level %d %10zu  %.3f %%\n", level, size,
+                        100.0 * static_cast<double>(size) / static_cast<double>(input.bytes.size()));
         }
     }
     std::fflush(stdout);
@@ -98,7 +99,7 @@ void Register(const Input& input) {
         zip::Deflater deflater;
         std::size_t size = 0;
         for (auto _ : state) {
-            size = DeflatedSize(deflater, input.bytes, zip::packLevel);
+            size = DeflatedSize(deflater, input.bytes, zip::PackLevel);
         }
         state.counters["size"] = static_cast<double>(size);
         SetSpeed(state, input);

@@ -15,15 +15,15 @@ const Element* FindById(const ConstantList<Element>& table, int id) {
 } // namespace
 
 const StringList* FindStringList(int id) {
-    return FindById(stringListsTable, id);
+    return FindById(StringListsTable, id);
 }
 
 const DialogLayout* FindDialog(int id) {
-    return FindById(dialogsTable, id);
+    return FindById(DialogsTable, id);
 }
 
 const Icon* FindIcon(int id) {
-    return FindById(iconsTable, id);
+    return FindById(IconsTable, id);
 }
 
 std::string_view String(int list, int entry) {
@@ -37,19 +37,19 @@ std::string_view String(ResourceIds::StringId id) {
 }
 
 ModuleId OwnModuleId() {
-    return moduleId;
+    return StoredModuleId;
 }
 
 ConstantList<StringList> AllStringLists() {
-    return stringListsTable;
+    return StringListsTable;
 }
 
 ConstantList<DialogLayout> AllDialogs() {
-    return dialogsTable;
+    return DialogsTable;
 }
 
 ConstantList<Icon> AllIcons() {
-    return iconsTable;
+    return IconsTable;
 }
 
 } // namespace Resources

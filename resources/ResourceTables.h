@@ -5,9 +5,9 @@
 
 namespace Resources {
 
-extern const ConstantList<StringList> stringListsTable;
-extern const ConstantList<DialogLayout> dialogsTable;
-extern const ConstantList<Icon> iconsTable;
-extern const ModuleId moduleId;
+extern const ConstantList<StringList> StringListsTable;
+extern const ConstantList<DialogLayout> DialogsTable;
+extern const ConstantList<Icon> IconsTable;
+extern const ModuleId StoredModuleId;
 
 } // namespace Resources

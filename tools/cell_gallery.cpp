@@ -80,10 +80,10 @@ int main(int argc, char** argv) {
     }
     WorkbenchHost host;
     Module module(host);
-    std::string failure = module.Load(GetModulePath(AddOnFile));
-    if (failure.empty()) failure = module.Start();
-    if (!failure.empty()) {
-        std::fprintf(stderr, "cell_gallery: %s\n", failure.c_str());
+    Outcome started = module.Load(GetModulePath(AddOnFile));
+    if (!started.HasFailed()) started = module.Start();
+    if (started.HasFailed()) {
+        std::fprintf(stderr, "cell_gallery: %s\n", started.GetText().c_str());
         return 3;
     }
     host.OpenProject(MakeProject(), host::ProjectEvent::New);
@@ -95,7 +95,7 @@ int main(int argc, char** argv) {
         DrawColumn(host, picture, Menus::MaterialReport, MaterialReportItems::Table, 4, left);
         left += BarSpacing;
     }
-    if (picture.WritePicture(argv[1])) return 0;
+    if (!picture.WritePicture(argv[1]).HasFailed()) return 0;
     std::fprintf(stderr, "cell_gallery: %s cannot be written\n", argv[1]);
     return 5;
 }

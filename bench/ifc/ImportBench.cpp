@@ -18,8 +18,8 @@ void ImportFile(benchmark::State& state, const char* name) {
     for (auto iteration : state) {
         static_cast<void>(iteration);
         const workbench::ifc::ImportResult result = workbench::ifc::ReadIfcFile(file);
-        if (!result.IsOk()) {
-            state.SkipWithError(result.Sentence().c_str());
+        if (result.HasFailed()) {
+            state.SkipWithError(result.GetText().c_str());
             return;
         }
     }

@@ -119,8 +119,6 @@ inline constexpr StringId Demolition{List, 4};
 inline constexpr StringId WasteProcessing{List, 5};
 inline constexpr StringId Disposal{List, 6};
 inline constexpr StringId ReusePotential{List, 7};
-/// Plus the phase's row, 0 to 7.
-inline constexpr StringId FirstCode{List, 8};
 inline constexpr StringId IdHeader{List, 16};
 inline constexpr StringId NameHeader{List, 17};
 inline constexpr StringId StandardNameHeader{List, 18};

@@ -9,11 +9,11 @@ namespace {
 
 using namespace Xlsx;
 
-constexpr const char* seriesColours[] = {"4F81BD", "C0504D", "9BBB59"};
+constexpr const char* SeriesColours[] = {"4F81BD", "C0504D", "9BBB59"};
 
 void WriteData(CWorksheet& sheet) {
-    static constexpr const char* names[] = {"Walls", "Slabs", "Roof", "Doors", "Windows", "Stairs"};
-    static constexpr double values[][3] = {{12.5, 8, 1}, {9.25, 11, 4}, {6, 3.5, 9},
+    static constexpr const char* Names[] = {"Walls", "Slabs", "Roof", "Doors", "Windows", "Stairs"};
+    static constexpr double Values[][3] = {{12.5, 8, 1}, {9.25, 11, 4}, {6, 3.5, 9},
                                            {2, 4, 16},   {4.75, 1, 25}, {-1.5, 2, 36}};
     sheet.BeginRow();
     for (const char* header : {"Part", "Product", "Use", "End of life"}) {
@@ -21,8 +21,8 @@ void WriteData(CWorksheet& sheet) {
     }
     for (unsigned i = 0; i < 6; ++i) {
         sheet.BeginRow();
-        sheet.AddCell(names[i]);
-        for (const double value : values[i]) {
+        sheet.AddCell(Names[i]);
+        for (const double value : Values[i]) {
             sheet.AddCell(value);
         }
     }
@@ -35,8 +35,8 @@ Series DataSeries(unsigned column) {
     series.nameReference = "Data!$" + letter + "$1";
     series.categories = "Data!$A$2:$A$7";
     series.values = "Data!$" + letter + "$2:$" + letter + "$7";
-    series.fill = SolidFill{seriesColours[column]};
-    series.line.fill = SolidFill{seriesColours[column]};
+    series.fill = SolidFill{SeriesColours[column]};
+    series.line.fill = SolidFill{SeriesColours[column]};
     return series;
 }
 
@@ -70,7 +70,7 @@ void AddLines(ChartPage& page) {
     for (unsigned i = 0; i < 3; ++i) {
         Series& series = chart.main.series[i];
         series.line.dash = dashes[i];
-        series.marker = {symbols[i], 6 + 2 * i, SolidFill{seriesColours[i]}, {SolidFill{"000000"}, LineDash::Solid}};
+        series.marker = {symbols[i], 6 + 2 * i, SolidFill{SeriesColours[i]}, {SolidFill{"000000"}, LineDash::Solid}};
     }
     chart.main.series[1].smoothing = Smoothing::On;
     chart.legend = LegendPosition::Bottom;
@@ -81,7 +81,7 @@ void AddLines(ChartPage& page) {
 
 void AddBars(ChartPage& page) {
     CChart& clustered = page.Add("Columns with a data table", DiagramKind::Bar, 3);
-    clustered.dataTable = DataTable();
+    clustered.dataTable = DataTable{true, false, true, false};
     clustered.legend = LegendPosition::None;
     CChart& stacked = page.Add("Stacked bars", DiagramKind::Bar, 2);
     stacked.main.direction = BarDirection::Bars;
@@ -99,6 +99,7 @@ void AddBars(ChartPage& page) {
                                                GradientPath::Rectangle,
                                                {50000, 50000, 50000, 50000},
                                                {}};
+    percent.dataTable = DataTable{true, true, false, false};
     percent.legend = LegendPosition::Left;
 }
 
@@ -153,6 +154,45 @@ void AddCombination(ChartPage& page) {
     untitled.xAxis.markSkip = 2;
     untitled.xAxis.isDeleted = false;
     untitled.yAxis.crossing = AxisCrossing::Minimum;
+    untitled.additional.kind = DiagramKind::Line; // without series: not drawn
+}
+
+Series FilledSeries(const ShapeFill& fill) {
+    Series series;
+    series.name = "Fill";
+    series.values = "Data!$D$7";
+    series.fill = fill;
+    return series;
+}
+
+void AddFills(ChartPage& page) {
+    CChart& chart = page.Add("Every pattern, gradients along other paths, no fill", DiagramKind::Bar, 0);
+    for (int preset = 0; preset <= static_cast<int>(PatternPreset::ZigZag); ++preset) {
+        chart.main.series.push_back(FilledSeries(PatternFill{static_cast<PatternPreset>(preset), "1F497D", "DCE6F1"}));
+    }
+    const std::vector<GradientStop> stops = {{0, "FFFFFF"}, {100000, "4F6228"}};
+    const RelativeRectangle corner = {10000, 20000, 70000, 80000}, larger = {-5000, 0, 0, -6000};
+    chart.main.series.push_back(FilledSeries(GradientFill{stops, GradientPath::Circle, {}, {}}));
+    chart.main.series.push_back(FilledSeries(GradientFill{stops, GradientPath::Shape, corner, larger}));
+    chart.main.series.push_back(FilledSeries(NoFill()));
+    chart.main.series.back().line.fill = SolidFill{"000000"};
+    chart.additional.series.push_back(DataSeries(0)); // without a kind: not drawn
+    chart.xAxis.isDeleted = true;
+    chart.xAxis.labelOffset = 50;
+    chart.yAxis.position = AxisPosition::Right;
+    chart.yAxis.crossing = AxisCrossing::Maximum;
+    chart.legend = LegendPosition::None;
+}
+
+// Points above points, the second ones on axes at the other sides.
+void AddScatterOverScatter(ChartPage& page) {
+    CChart& chart = page.Add("Two clouds", DiagramKind::Scatter, 1);
+    chart.additional.kind = DiagramKind::Scatter;
+    chart.additional.series = {DataSeries(1), DataSeries(2)};
+    chart.x2Axis.position = AxisPosition::Top;
+    chart.x2Axis.isDeleted = false;
+    chart.x2Axis.minimum = -0.5;
+    chart.y2Axis.maximum = 1e7;
 }
 
 } // namespace
@@ -166,7 +206,9 @@ void FillCharts(CWorkbook& workbook) {
     AddScatters(page);
     AddRounds(page);
     AddCombination(page);
-    CChart& chart = workbook.AddChartsheet("Chart sheet").Chart();
+    AddFills(page);
+    AddScatterOverScatter(page);
+    CChart& chart = workbook.AddChartsheet("Chart sheet").GetChart();
     chart.title = "On a sheet of its own <&>";
     chart.main.kind = DiagramKind::Bar;
     chart.main.series = {DataSeries(0), DataSeries(1)};

@@ -89,7 +89,7 @@ void FillGallery(CWorkbook& workbook, const std::wstring& pictureFolder) {
     series.values = "Values!$B$9:$B$10";
     line.main.series.push_back(series);
     workbook.AddPicture(values, pictureFolder + L"fields.png", ImageKind::Png, TwoCellAnchor{{3, 18}, {6, 24}});
-    CChart& chart = workbook.AddChartsheet("Diagram").Chart();
+    CChart& chart = workbook.AddChartsheet("Diagram").GetChart();
     chart.main.kind = DiagramKind::Pie;
     chart.main.series.push_back(series);
     WritePages(workbook);
@@ -132,13 +132,13 @@ void FillPictures(CWorkbook& workbook, const std::wstring& pictureFolder) {
     CWorksheet& sheet = workbook.AddSheet("Pictures");
     sheet.BeginRow();
     sheet.AddCell("two cells, one cell, absolute, and once more");
-    const AnchorSize size = {2 * emuPerInch, emuPerInch + emuPerInch / 2};
+    const AnchorSize size = {2 * EmuPerInch, EmuPerInch + EmuPerInch / 2};
     workbook.AddPicture(sheet, pictureFolder + L"fields.png", ImageKind::Png,
                         TwoCellAnchor{{0, 2, 100000, 50000}, {3, 10, 0, 0}});
     workbook.AddPicture(sheet, pictureFolder + L"fields.gif", ImageKind::Gif, OneCellAnchor{{4, 2}, size});
-    workbook.AddPicture(sheet, pictureFolder + L"fields.jpg", ImageKind::Jpeg, AbsoluteAnchor{0, 3 * emuPerInch, size});
+    workbook.AddPicture(sheet, pictureFolder + L"fields.jpg", ImageKind::Jpeg, AbsoluteAnchor{0, 3 * EmuPerInch, size});
     workbook.AddPicture(sheet, pictureFolder + L"fields.jpeg", ImageKind::Jpeg,
-                        AbsoluteAnchor{3 * emuPerInch, 3 * emuPerInch, size});
+                        AbsoluteAnchor{3 * EmuPerInch, 3 * EmuPerInch, size});
     workbook.AddPicture(sheet, pictureFolder + L"fields.tiff", ImageKind::Tiff, OneCellAnchor{{0, 24}, size});
     workbook.AddPicture(sheet, pictureFolder + L"fields.png", ImageKind::Png, OneCellAnchor{{4, 24}, size});
     workbook.AddPicture(workbook.AddSheet("Second"), pictureFolder + L"fields.gif", ImageKind::Gif,
@@ -146,13 +146,13 @@ void FillPictures(CWorkbook& workbook, const std::wstring& pictureFolder) {
 }
 
 void FillCells(CWorkbook& workbook) {
-    constexpr unsigned rows = 100000;
-    constexpr unsigned texts = 10000;
+    constexpr unsigned Rows = 100000;
+    constexpr unsigned DistinctTexts = 10000;
     CWorksheet& sheet = workbook.AddSheet("Cells");
-    for (unsigned row = 0; row < rows; ++row) {
+    for (unsigned row = 0; row < Rows; ++row) {
         sheet.BeginRow();
         for (unsigned column = 0; column < 5; ++column) {
-            sheet.AddCell("Component " + std::to_string((row * 5 + column) % texts));
+            sheet.AddCell("Component " + std::to_string((row * 5 + column) % DistinctTexts));
             sheet.AddCell(row * 0.37 + column);
         }
     }

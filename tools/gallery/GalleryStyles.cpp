@@ -9,19 +9,19 @@ using namespace Xlsx;
 
 NumberFormat Custom(NumberKind kind, unsigned decimals) {
     NumberFormat format;
-    format.id = firstCustomFormat;
+    format.id = FirstCustomFormat;
     format.kind = kind;
     format.decimals = decimals;
     return format;
 }
 
 void WriteFonts(CWorkbook& workbook, CWorksheet& sheet) {
-    static constexpr std::pair<unsigned, const char*> fonts[] = {
+    static constexpr std::pair<unsigned, const char*> Fonts[] = {
         {Bold, "bold"},       {Italic, "italic"}, {Underline, "underlined"}, {Strike, "struck"},
         {Outline, "outline"}, {Shadow, "shadow"}, {Condense, "condensed"},   {Extend, "extended"}};
     sheet.BeginRow(30);
     unsigned size = 9;
-    for (const auto& [attribute, name] : fonts) {
+    for (const auto& [attribute, name] : Fonts) {
         Style style;
         style.font.attributes = attribute;
         style.font.name = size % 2 == 0 ? "Arial" : "Times New Roman";
@@ -34,6 +34,10 @@ void WriteFonts(CWorkbook& workbook, CWorksheet& sheet) {
     plain.font.colourSource = FontColour::Given;
     plain.font.colour = "0070C0";
     sheet.AddCell("six digits", workbook.AddStyle(plain));
+    Style all;
+    all.font = {"A & B", 14, FontColour::Given, "", // without a colour: the theme's
+                Bold | Italic | Underline | Strike | Outline | Shadow | Condense | Extend};
+    sheet.AddCell("everything", workbook.AddStyle(all));
 }
 
 void WriteFills(CWorkbook& workbook, CWorksheet& sheet) {
@@ -63,6 +67,18 @@ void WriteBorders(CWorkbook& workbook, CWorksheet& sheet) {
     crossed.border.hasDiagonalUp = true;
     crossed.border.hasDiagonalDown = true;
     sheet.AddCell("", workbook.AddStyle(crossed));
+    Style sides;
+    sides.border = {{BorderLine::Thin, "FF111111"},
+                    {BorderLine::Medium, "FF222222"},
+                    {BorderLine::Thick, "FF333333"},
+                    {BorderLine::Double, "FF444444"},
+                    {BorderLine::Hair, ""},
+                    true,
+                    false};
+    sheet.AddCell("", workbook.AddStyle(sides));
+    sides.border.hasDiagonalUp = false;
+    sides.border.hasDiagonalDown = true;
+    sheet.AddCell("", workbook.AddStyle(sides));
 }
 
 void WriteNumbers(CWorkbook& workbook, CWorksheet& sheet) {
@@ -78,16 +94,25 @@ void WriteNumbers(CWorkbook& workbook, CWorksheet& sheet) {
     accounting.hasThousandsSeparator = true;
     NumberFormat builtIn;
     builtIn.id = 14;
-    const std::pair<NumberFormat, double> rows[] = {{red, -1234.5},
-                                                    {black, -17},
-                                                    {Custom(NumberKind::Percent, 1), 0.125},
-                                                    {Custom(NumberKind::Scientific, 2), 123456},
-                                                    {accounting, 1234.5},
-                                                    {suffixed, 42.25},
-                                                    {Custom(NumberKind::Date, 0), 45000},
-                                                    {Custom(NumberKind::Time, 0), 0.75},
-                                                    {Custom(NumberKind::DateTime, 0), 45000.5},
-                                                    {builtIn, 45000}};
+    NumberFormat date = red; // which shows nothing of the rest
+    date.kind = NumberKind::Date;
+    std::vector<std::pair<NumberFormat, double>> rows = {{red, -1234.5},
+                                                         {black, -17},
+                                                         {Custom(NumberKind::Percent, 1), 0.125},
+                                                         {Custom(NumberKind::Scientific, 2), 123456},
+                                                         {accounting, 1234.5},
+                                                         {suffixed, 42.25},
+                                                         {Custom(NumberKind::Date, 0), 45000},
+                                                         {Custom(NumberKind::Time, 0), 0.75},
+                                                         {Custom(NumberKind::DateTime, 0), 45000.5},
+                                                         {builtIn, 45000},
+                                                         {Custom(NumberKind::General, 0), -17},
+                                                         {date, 45000}};
+    for (const auto colour : {NegativeColour::Green, NegativeColour::White, NegativeColour::Blue,
+                              NegativeColour::Magenta, NegativeColour::Yellow, NegativeColour::Cyan}) {
+        black.negativeColour = colour;
+        rows.emplace_back(black, -17);
+    }
     for (const auto& [format, value] : rows) {
         Style style;
         style.numberFormat = format;
@@ -97,14 +122,14 @@ void WriteNumbers(CWorkbook& workbook, CWorksheet& sheet) {
 }
 
 void WriteAlignments(CWorkbook& workbook, CWorksheet& sheet) {
-    static constexpr const char* horizontalNames[] = {"none", "left", "centre", "right"};
+    static constexpr const char* HorizontalNames[] = {"none", "left", "centre", "right"};
     for (const auto vertical : {VerticalAlignment::Top, VerticalAlignment::Centre, VerticalAlignment::Bottom}) {
         sheet.BeginRow(40);
         for (unsigned horizontal = 0; horizontal < 4; ++horizontal) {
             Style style;
             style.alignment.horizontal = static_cast<HorizontalAlignment>(horizontal);
             style.alignment.vertical = vertical;
-            sheet.AddCell(horizontalNames[horizontal], workbook.AddStyle(style));
+            sheet.AddCell(HorizontalNames[horizontal], workbook.AddStyle(style));
         }
     }
     sheet.BeginRow(60);

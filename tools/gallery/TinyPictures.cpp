@@ -11,19 +11,19 @@ namespace gallery {
 
 namespace {
 
-constexpr unsigned width = 32;
-constexpr unsigned height = 24;
-constexpr unsigned field = 8;
-constexpr unsigned fieldsAcross = width / field;
-constexpr unsigned fieldCount = fieldsAcross * (height / field);
+constexpr unsigned Width = 32;
+constexpr unsigned Height = 24;
+constexpr unsigned Field = 8;
+constexpr unsigned FieldsAcross = Width / Field;
+constexpr unsigned FieldCount = FieldsAcross * (Height / Field);
 
 using Colour = std::array<std::uint8_t, 3>;
-constexpr Colour colours[fieldCount] = {{200, 40, 40},  {240, 140, 20}, {240, 220, 60},  {120, 190, 60},
+constexpr Colour Colours[FieldCount] = {{200, 40, 40},  {240, 140, 20}, {240, 220, 60},  {120, 190, 60},
                                         {30, 140, 80},  {40, 170, 190}, {50, 110, 200},  {90, 70, 170},
                                         {170, 60, 150}, {90, 60, 40},   {150, 150, 150}, {30, 30, 30}};
 
 unsigned FieldAt(unsigned x, unsigned y) {
-    return y / field * fieldsAcross + x / field;
+    return y / Field * FieldsAcross + x / Field;
 }
 
 enum class ByteOrder { LittleEndian, BigEndian };
@@ -55,10 +55,10 @@ void AppendColour(std::string& bytes, const Colour& colour) {
 // Rows of red, green and blue, each row after `lead`.
 std::string Pixels(const std::string& lead) {
     std::string bytes;
-    for (unsigned y = 0; y < height; ++y) {
+    for (unsigned y = 0; y < Height; ++y) {
         bytes += lead;
-        for (unsigned x = 0; x < width; ++x) {
-            AppendColour(bytes, colours[FieldAt(x, y)]);
+        for (unsigned x = 0; x < Width; ++x) {
+            AppendColour(bytes, Colours[FieldAt(x, y)]);
         }
     }
     return bytes;
@@ -133,7 +133,7 @@ void AddMean(ScanBits& scan, int change) {
 std::string Scan() {
     ScanBits scan;
     std::array<int, 3> last = {0, 0, 0};
-    for (const Colour& colour : colours) {
+    for (const Colour& colour : Colours) {
         const std::array<int, 3> now = Differences(colour);
         for (unsigned i = 0; i < 3; ++i) {
             AddMean(scan, now[i] - last[i]);
@@ -148,8 +148,8 @@ std::string Scan() {
 std::string PngPicture() {
     std::string png = "\x89PNG\r\n\x1A\n";
     std::string header;
-    AppendBig(header, width, 4);
-    AppendBig(header, height, 4);
+    AppendBig(header, Width, 4);
+    AppendBig(header, Height, 4);
     Append(header, {8, 2, 0, 0, 0});
     AppendChunk(png, "IHDR", header);
     const std::string rows = Pixels(std::string(1, '\0'));
@@ -164,26 +164,26 @@ std::string PngPicture() {
 }
 
 std::string GifPicture() {
-    constexpr unsigned clearCode = 0x80;
-    constexpr unsigned codesBetweenClears = 100; // before the codes grow beyond eight bits
+    constexpr unsigned ClearCode = 0x80;
+    constexpr unsigned CodesBetweenClears = 100; // before the codes grow beyond eight bits
     std::string gif = "GIF89a";
-    AppendLittle(gif, width, 2);
-    AppendLittle(gif, height, 2);
+    AppendLittle(gif, Width, 2);
+    AppendLittle(gif, Height, 2);
     Append(gif, {0xF3, 0, 0}); // 16 colours
     for (unsigned i = 0; i < 16; ++i) {
-        AppendColour(gif, colours[i % fieldCount]);
+        AppendColour(gif, Colours[i % FieldCount]);
     }
     gif += ',';
     AppendLittle(gif, 0, 4);
-    AppendLittle(gif, width, 2);
-    AppendLittle(gif, height, 2);
+    AppendLittle(gif, Width, 2);
+    AppendLittle(gif, Height, 2);
     Append(gif, {0, 7});
     std::string codes;
-    for (unsigned i = 0; i < width * height; ++i) {
-        if (i % codesBetweenClears == 0) Append(codes, {clearCode});
-        Append(codes, {FieldAt(i % width, i / width)});
+    for (unsigned i = 0; i < Width * Height; ++i) {
+        if (i % CodesBetweenClears == 0) Append(codes, {ClearCode});
+        Append(codes, {FieldAt(i % Width, i / Width)});
     }
-    Append(codes, {clearCode + 1});
+    Append(codes, {ClearCode + 1});
     for (std::size_t at = 0; at < codes.size(); at += 255) {
         const std::string block = codes.substr(at, 255);
         Append(gif, {static_cast<unsigned>(block.size())});
@@ -200,7 +200,7 @@ std::string JpegPicture() {
     Append(jpeg, {0, 1, 1, 1, 0, 72, 0, 72, 0, 0});
     Append(jpeg, {0xFF, 0xDB, 0, 67, 0});
     jpeg += std::string(64, '\x08'); // a mean counts eight times its value
-    Append(jpeg, {0xFF, 0xC0, 0, 17, 8, 0, height, 0, width, 3, 1, 0x11, 0, 2, 0x11, 0, 3, 0x11, 0});
+    Append(jpeg, {0xFF, 0xC0, 0, 17, 8, 0, Height, 0, Width, 3, 1, 0x11, 0, 2, 0x11, 0, 3, 0x11, 0});
     // Sizes 0 to 11 of a mean as codes of four bits; of the rest only "end of block", as one bit.
     Append(jpeg, {0xFF, 0xC4, 0, 31, 0x00, 0, 0, 0, 12, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0, 0});
     Append(jpeg, {0, 1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11});
@@ -212,27 +212,27 @@ std::string JpegPicture() {
 }
 
 std::string TiffPicture() {
-    constexpr unsigned shortType = 3;
-    constexpr unsigned longType = 4;
-    constexpr unsigned bitsOffset = 8;
-    constexpr unsigned pixelsOffset = 16;
+    constexpr unsigned ShortType = 3;
+    constexpr unsigned LongType = 4;
+    constexpr unsigned BitsOffset = 8;
+    constexpr unsigned PixelsOffset = 16;
     const std::string pixels = Pixels("");
     std::string tiff = "II*";
     Append(tiff, {0});
-    AppendLittle(tiff, pixelsOffset + static_cast<unsigned>(pixels.size()), 4);
+    AppendLittle(tiff, PixelsOffset + static_cast<unsigned>(pixels.size()), 4);
     for (unsigned i = 0; i < 4; ++i) {
         AppendLittle(tiff, i < 3 ? 8 : 0, 2); // bits of each colour
     }
     tiff += pixels;
-    const unsigned fields[][4] = {{256, shortType, 1, width},
-                                  {257, shortType, 1, height},
-                                  {258, shortType, 3, bitsOffset},
-                                  {259, shortType, 1, 1},
-                                  {262, shortType, 1, 2},
-                                  {273, longType, 1, pixelsOffset},
-                                  {277, shortType, 1, 3},
-                                  {278, shortType, 1, height},
-                                  {279, longType, 1, static_cast<unsigned>(pixels.size())}};
+    const unsigned fields[][4] = {{256, ShortType, 1, Width},
+                                  {257, ShortType, 1, Height},
+                                  {258, ShortType, 3, BitsOffset},
+                                  {259, ShortType, 1, 1},
+                                  {262, ShortType, 1, 2},
+                                  {273, LongType, 1, PixelsOffset},
+                                  {277, ShortType, 1, 3},
+                                  {278, ShortType, 1, Height},
+                                  {279, LongType, 1, static_cast<unsigned>(pixels.size())}};
     AppendLittle(tiff, sizeof fields / sizeof *fields, 2);
     for (const auto& [tag, type, count, value] : fields) {
         AppendLittle(tiff, tag, 2);

@@ -31,7 +31,7 @@ CompileResult CompileChecked(const CompileOptions& options) {
     Resources resources = ParseResources(preprocessor.Run(options.input));
     const std::filesystem::path imageFolder =
         options.imageFolder.empty() ? options.input.parent_path() / "RFIX" / "Images" : options.imageFolder;
-    std::vector<std::filesystem::path> inputs = preprocessor.FilesRead();
+    std::vector<std::filesystem::path> inputs = preprocessor.GetFilesRead();
     const std::vector<std::filesystem::path> images = LoadImages(resources.icons, imageFolder);
     inputs.insert(inputs.end(), images.begin(), images.end());
 

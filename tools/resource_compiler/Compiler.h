@@ -27,7 +27,7 @@ public:
 
     bool IsSuccess() const { return text.empty(); }
     /// "file:line: what is wrong" for the source, a sentence naming the file for what cannot be written.
-    const std::string& ErrorText() const { return text; }
+    const std::string& GetErrorText() const { return text; }
 
 private:
     std::string text;

@@ -7,7 +7,7 @@
 namespace ResourceCompiler {
 namespace {
 
-constexpr std::int64_t largestLength = 32767;
+constexpr std::int64_t LargestLength = 32767;
 
 // Words of one group exclude each other.
 struct FlagWord {
@@ -16,7 +16,7 @@ struct FlagWord {
     bool modal, modeless, palette;
 };
 
-constexpr FlagWord flagWords[] = {
+constexpr FlagWord FlagWords[] = {
     {"noGrow", "grow", true, true, true},
     {"hGrow", "grow", true, true, true},
     {"vGrow", "grow", true, true, true},
@@ -43,9 +43,9 @@ void ReadFlags(TokenStream& tokens, DialogLayout& dialog) {
     std::set<std::string_view> groups;
     while (tokens.SkipMark("|")) {
         const Token word = tokens.Take(TokenKind::Word, "a flag");
-        const auto flag = std::find_if(std::begin(flagWords), std::end(flagWords),
+        const auto flag = std::find_if(std::begin(FlagWords), std::end(FlagWords),
                                        [&](const FlagWord& known) { return known.word == word.text; });
-        if (flag == std::end(flagWords) || !Takes(*flag, dialog.kind))
+        if (flag == std::end(FlagWords) || !Takes(*flag, dialog.kind))
             throw SourceError(word.position, "a " + dialog.kind + " dialog takes no flag \"" + word.text + "\"");
         if (!groups.insert(flag->group).second)
             throw SourceError(word.position, "the flag \"" + word.text + "\" contradicts or repeats an earlier one");
@@ -99,7 +99,7 @@ void ReadEditStyles(TokenStream& tokens, DialogItem& item) {
 
 void ReadTextEdit(TokenStream& tokens, DialogItem& item) {
     ReadEditStyles(tokens, item);
-    item.maxLength = static_cast<int>(tokens.TakeNumber("the maximum number of characters", 1, largestLength));
+    item.maxLength = static_cast<int>(tokens.TakeNumber("the maximum number of characters", 1, LargestLength));
 }
 
 void ReadNumberEdit(TokenStream& tokens, DialogItem& item) {
@@ -109,12 +109,12 @@ void ReadNumberEdit(TokenStream& tokens, DialogItem& item) {
 }
 
 void ReadPopup(TokenStream& tokens, DialogItem& item) {
-    tokens.TakeNumber("the list's height", 0, largestLength);
-    tokens.TakeNumber("the text offset", 0, largestLength);
+    tokens.TakeNumber("the list's height", 0, LargestLength);
+    tokens.TakeNumber("the text offset", 0, LargestLength);
     while (tokens.Peek().kind == TokenKind::Number || tokens.IsWord("NoIcon")) {
         PopupEntry entry;
         if (!tokens.SkipOneOf({"NoIcon"}))
-            entry.iconId = static_cast<int>(tokens.TakeNumber("an icon id", 1, largestLength));
+            entry.iconId = static_cast<int>(tokens.TakeNumber("an icon id", 1, LargestLength));
         entry.text = tokens.TakeText("the entry's text");
         item.entries.push_back(entry);
     }
@@ -124,9 +124,9 @@ void ReadList(TokenStream& tokens, DialogItem& item) {
     ReadFont(tokens, item);
     tokens.TakeOneOf({"PartialItems", "NoPartialItems"});
     ReadScroll(tokens, item);
-    item.rowHeight = static_cast<int>(tokens.TakeNumber("the row height", 1, largestLength));
+    item.rowHeight = static_cast<int>(tokens.TakeNumber("the row height", 1, LargestLength));
     if (tokens.SkipOneOf({"HasHeader"}))
-        item.headerHeight = static_cast<int>(tokens.TakeNumber("the header height", 1, largestLength));
+        item.headerHeight = static_cast<int>(tokens.TakeNumber("the header height", 1, LargestLength));
     item.framed = tokens.SkipOneOf({"HasFrame"}).has_value();
 }
 
@@ -135,7 +135,7 @@ void TakeEdge(TokenStream& tokens) {
 }
 
 void ReadIcon(TokenStream& tokens, DialogItem& item) {
-    item.iconId = static_cast<int>(tokens.TakeNumber("the icon id", 1, largestLength));
+    item.iconId = static_cast<int>(tokens.TakeNumber("the icon id", 1, LargestLength));
     TakeEdge(tokens);
 }
 
@@ -151,7 +151,7 @@ struct ItemSyntax {
     void (*readArguments)(TokenStream&, DialogItem&);
 };
 
-constexpr ItemSyntax itemSyntax[] = {
+constexpr ItemSyntax ItemSyntaxes[] = {
     {"Button", ReadButton},
     {"CheckBox", ReadCheckBox},
     {"LeftText", ReadStaticText},
@@ -171,9 +171,9 @@ constexpr ItemSyntax itemSyntax[] = {
 
 DialogItem ReadItem(TokenStream& tokens) {
     const Token keyword = tokens.Take(TokenKind::Word, "an item keyword or \"}\"");
-    const auto syntax = std::find_if(std::begin(itemSyntax), std::end(itemSyntax),
+    const auto syntax = std::find_if(std::begin(ItemSyntaxes), std::end(ItemSyntaxes),
                                      [&](const ItemSyntax& known) { return known.keyword == keyword.text; });
-    if (syntax == std::end(itemSyntax))
+    if (syntax == std::end(ItemSyntaxes))
         throw SourceError(keyword.position, "unknown item keyword \"" + keyword.text + "\"");
     DialogItem item;
     item.kind = keyword.text;

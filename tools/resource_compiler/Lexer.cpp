@@ -8,8 +8,8 @@
 namespace ResourceCompiler {
 namespace {
 
-constexpr std::int64_t smallestNumber = -2147483648LL;
-constexpr std::int64_t largestNumber = 4294967295LL;
+constexpr std::int64_t SmallestNumber = -2147483648LL;
+constexpr std::int64_t LargestNumber = 4294967295LL;
 
 bool IsDigit(char character) {
     return character >= '0' && character <= '9';
@@ -184,7 +184,7 @@ private:
         const char* end = digits.data() + digits.size();
         const auto parsed = std::from_chars(digits.data(), end, token.number, hexadecimal ? 16 : 10);
         if (negative) token.number = -token.number;
-        const bool inRange = token.number >= smallestNumber && token.number <= largestNumber;
+        const bool inRange = token.number >= SmallestNumber && token.number <= LargestNumber;
         if (parsed.ec != std::errc() || parsed.ptr != end || !inRange)
             throw SourceError(token.position, "\"" + token.text + "\" is not a 32-bit number");
     }

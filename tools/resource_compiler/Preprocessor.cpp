@@ -10,9 +10,9 @@
 namespace ResourceCompiler {
 namespace {
 
-constexpr int deepestInclude = 32;
+constexpr int DeepestInclude = 32;
 // Defines the dialog words for the vendor's compiler; this compiler knows them itself.
-constexpr std::string_view dialogWordsHeader = "DGDefs.h";
+constexpr std::string_view DialogWordsHeader = "DGDefs.h";
 
 const Token& OnlyWord(const Token& name, const std::vector<Token>& line) {
     if (line.size() != 1 || line[0].kind != TokenKind::Word)
@@ -50,7 +50,7 @@ std::string Preprocessor::LoadText(const std::filesystem::path& file, const Posi
 }
 
 void Preprocessor::ReadFile(const std::filesystem::path& file, const Position& wantedAt) {
-    if (includeDepth >= deepestInclude) throw SourceError(wantedAt, "files include one another more than 32 deep");
+    if (includeDepth >= DeepestInclude) throw SourceError(wantedAt, "files include one another more than 32 deep");
     ++includeDepth;
     const std::vector<Token> tokens = Tokenize(LoadText(file, wantedAt), file.string());
     const std::size_t outerConditionals = std::exchange(conditionalsOutside, conditionals.size());
@@ -155,7 +155,7 @@ bool Preprocessor::Condition(const Token& name, const Line& line) const {
 void Preprocessor::Include(const Token& name, const Line& line, const std::filesystem::path& includingFile) {
     if (line.size() != 1 || line[0].kind != TokenKind::Text)
         throw SourceError(name.position, "#include takes a file name in double quotes");
-    if (line[0].text == dialogWordsHeader) return;
+    if (line[0].text == DialogWordsHeader) return;
     std::vector<std::filesystem::path> folders{includingFile.parent_path()};
     folders.insert(folders.end(), includeFolders.begin(), includeFolders.end());
     for (const std::filesystem::path& folder : folders) {

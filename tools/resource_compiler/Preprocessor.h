@@ -23,7 +23,7 @@ public:
     [[nodiscard]] std::vector<Token> Run(const std::filesystem::path& file);
 
     /// Every file that was read, in order of first reading.
-    [[nodiscard]] const std::vector<std::filesystem::path>& FilesRead() const { return filesRead; }
+    [[nodiscard]] const std::vector<std::filesystem::path>& GetFilesRead() const { return filesRead; }
 
 private:
     /// One open #if: of its branches at most one is taken, and none when the surrounding text is left out.

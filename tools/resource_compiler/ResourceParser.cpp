@@ -9,8 +9,8 @@
 namespace ResourceCompiler {
 namespace {
 
-constexpr std::int64_t largestId = 32767;
-constexpr std::int64_t largestUnsigned = 4294967295LL;
+constexpr std::int64_t LargestId = 32767;
+constexpr std::int64_t LargestUnsigned = 4294967295LL;
 
 class ResourceParser {
 public:
@@ -32,7 +32,7 @@ private:
 
     void ReadResource() {
         const Token type = tokens.Take(TokenKind::ResourceType, "a resource type such as 'STR#'");
-        const int id = static_cast<int>(tokens.TakeNumber("the resource id", 1, largestId));
+        const int id = static_cast<int>(tokens.TakeNumber("the resource id", 1, LargestId));
         if (!usedIds.insert({type.text, id}).second)
             throw SourceError(type.position,
                               "'" + type.text + "' " + std::to_string(id) + " stands in the source twice");
@@ -90,8 +90,8 @@ private:
         if (resources.moduleId) throw SourceError(position, "a module has one 'MDID' only");
         OpenBody();
         ModuleId moduleId;
-        moduleId.developerId = static_cast<std::uint32_t>(tokens.TakeNumber("the developer id", 0, largestUnsigned));
-        moduleId.localId = static_cast<std::uint32_t>(tokens.TakeNumber("the local id", 0, largestUnsigned));
+        moduleId.developerId = static_cast<std::uint32_t>(tokens.TakeNumber("the developer id", 0, LargestUnsigned));
+        moduleId.localId = static_cast<std::uint32_t>(tokens.TakeNumber("the local id", 0, LargestUnsigned));
         tokens.TakeMark("}");
         resources.moduleId = moduleId;
     }

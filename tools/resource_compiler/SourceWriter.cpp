@@ -70,11 +70,11 @@ public:
         WriteDialogs();
         WriteIcons();
         out << "} // namespace\n\n";
-        WriteTable("StringList", "stringLists", resources.stringLists.size());
-        WriteTable("DialogLayout", "dialogs", resources.dialogs.size());
-        WriteTable("Icon", "icons", resources.icons.size());
+        WriteTable("StringList", "StringListsTable", "stringLists", resources.stringLists.size());
+        WriteTable("DialogLayout", "DialogsTable", "dialogs", resources.dialogs.size());
+        WriteTable("Icon", "IconsTable", "icons", resources.icons.size());
         const ModuleId moduleId = resources.moduleId.value_or(ModuleId{});
-        out << "const ModuleId moduleId" << Braced(moduleId.developerId, moduleId.localId) << ";\n\n"
+        out << "const ModuleId StoredModuleId" << Braced(moduleId.developerId, moduleId.localId) << ";\n\n"
             << "} // namespace Resources\n";
         return out.str();
     }
@@ -92,8 +92,8 @@ private:
         out << "};\n\n";
     }
 
-    void WriteTable(const char* type, const std::string& name, std::size_t count) {
-        out << "const ConstantList<" << type << "> " << name << "Table" << ListOf(name, count) << ";\n";
+    void WriteTable(const char* type, const char* table, const std::string& name, std::size_t count) {
+        out << "const ConstantList<" << type << "> " << table << ListOf(name, count) << ";\n";
     }
 
     void WriteStringLists() {

@@ -8,7 +8,7 @@
 
 namespace {
 
-constexpr std::string_view usage =
+constexpr std::string_view Usage =
     "Usage: kelvarnix-resource-compiler [-I FOLDER]... [-D NAME]... [-p IMAGES] IN.grc OUT.cpp [--depend FILE]\n"
     "  -I FOLDER      search included files there, after the including file's own folder\n"
     "  -D NAME        count NAME as defined, such as WINDOWS\n"
@@ -52,11 +52,11 @@ std::optional<ResourceCompiler::CompileOptions> ParseArguments(const std::vector
 int main(int argumentCount, char** arguments) {
     const auto options = ParseArguments({arguments + 1, arguments + argumentCount});
     if (!options) {
-        std::cerr << usage;
+        std::cerr << Usage;
         return 2;
     }
     const auto result = ResourceCompiler::Compile(*options);
     if (result.IsSuccess()) return 0;
-    std::cerr << result.ErrorText() << "\n";
+    std::cerr << result.GetErrorText() << "\n";
     return 1;
 }

@@ -23,9 +23,9 @@ constexpr std::size_t None = SIZE_MAX;
 /// A program that never reads a document needs no reader: it is taken from the system when it is first asked for.
 HRESULT CreateReader(IXmlReader** reader) {
     using Create = HRESULT(WINAPI*)(REFIID, void**, IMalloc*);
-    static const HMODULE library = LoadLibraryExW(L"xmllite.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
-    if (library == nullptr) return E_FAIL;
-    const auto create = reinterpret_cast<Create>(reinterpret_cast<void*>(GetProcAddress(library, "CreateXmlReader")));
+    static const HMODULE Library = LoadLibraryExW(L"xmllite.dll", nullptr, LOAD_LIBRARY_SEARCH_SYSTEM32);
+    if (Library == nullptr) return E_FAIL;
+    const auto create = reinterpret_cast<Create>(reinterpret_cast<void*>(GetProcAddress(Library, "CreateXmlReader")));
     return create == nullptr ? E_FAIL : create(ReaderId, reinterpret_cast<void**>(reader), nullptr);
 }
 

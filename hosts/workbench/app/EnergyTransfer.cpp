@@ -1,6 +1,5 @@
 #include "workbench/app/EnergyTransfer.h"
 
-#include "workbench/app/ModelSettings.h"
 #include "workbench/app/SchemaView.h"
 #include "workbench/app/Text.h"
 
@@ -18,31 +17,18 @@ namespace Exchange = host::EnergyExchange;
 using lca::FloorQuantity;
 
 constexpr char TooLarge[] = ": the document is too large to be read; nothing was taken; export less";
-constexpr char NotInstalled[] = "the energy evaluation is not there; build it anew";
 
 constexpr const char* Names[] = {"Gross floor area", "Operational emission",   "Reference floor area",
                                  "Solar panels",     "Max solar contribution", "Electricity factor"};
 constexpr const char* Units[] = {"m2", "kg CO2eq/a", "m2", "kWh/a", "kWh/m2/a", "kg CO2eq/kWh"};
+static_assert(std::size(Names) == lca::FloorQuantityCount && std::size(Units) == lca::FloorQuantityCount);
 
-Outcome ChooseTarget(Session& session, const std::string& wanted, std::string& target) {
-    std::vector<std::string> targets;
-    if (Outcome failure = ListExportTargets(session, targets)) return failure;
-    std::string list;
-    for (const std::string& one : targets) {
-        list.append(list.empty() ? "" : ", ").append(one);
-        if (one == wanted || (wanted.empty() && targets.size() == 1)) target = one;
-    }
-    if (!target.empty()) return {};
-    if (targets.empty()) return Failure{InputUnreadable, "no add-on takes energy data; build the add-on anew"};
-    return Failure{UsageError, "--target \"" + wanted + "\": there is no such export; choose one of: " + list};
-}
-
-Failure DescribeRefusal(const Project& project, const std::string& file, host::ErrorCode code) {
+Failure DescribeRefusal(const Session& session, const std::string& file, host::ErrorCode code) {
     if (code == host::Errors::BadValue)
-        return {InputUnreadable, file + ": this is no whole XML document with the root element <" +
-                                     Exchange::RootElement + ">; nothing was taken; export it anew, as UTF-8"};
-    if (code == host::Errors::OutOfMemory) return {InputUnreadable, file + TooLarge};
-    return DescribeWriteRefusal(code, project);
+        return Failure::Input(file + ": this is no whole XML document with the root element <" + Exchange::RootElement +
+                              ">; nothing was taken; export it anew, as UTF-8");
+    if (code == host::Errors::OutOfMemory) return Failure::Input(file + TooLarge);
+    return session.DescribeWriteRefusal(code);
 }
 
 const char* DescribeSource(const lca::LCAProjectData& record, FloorQuantity quantity) {
@@ -56,29 +42,28 @@ bool IsChanged(const EnergyTransfer& transfer, FloorQuantity quantity) {
 
 } // namespace
 
-Outcome ListExportTargets(Session& session, std::vector<std::string>& menuTexts) {
+Result<std::vector<std::string>> ListExportTargets(Session& session) {
+    std::vector<std::string> menuTexts;
     if (energy::ListTargets(session.GetHost().addOnCommands, menuTexts) != host::NoError)
-        return Failure{InputUnreadable, NotInstalled};
-    return {};
+        return Failure::Input("the energy evaluation is not there; build it anew");
+    return menuTexts;
 }
 
-Outcome ExportEnergyData(Session& session, const std::string& file, const std::string& target,
-                         EnergyTransfer& transfer) {
-    std::string document, menuText;
-    if (Outcome failure = ChooseTarget(session, target, menuText)) return failure;
+Result<EnergyTransfer> ExportEnergyData(Session& session, const std::string& file, const std::string& target) {
     std::error_code unknown; // a size that cannot be told shows when the file is read
     if (const auto size = std::filesystem::file_size(file, unknown); !unknown && size > XmlMemoryLimit)
-        return Failure{InputUnreadable, file + TooLarge};
-    if (!ReadFile(file, document))
-        return Failure{InputUnreadable, file + ": the file cannot be read; check that it exists and may be read"};
-    if (const host::ErrorCode error = ConvertXmlToUtf8(document))
-        return DescribeRefusal(session.GetProject(), file, error);
+        return Failure::Input(file + TooLarge);
+    Result<std::string> document = ReadFile(file, "the file cannot be read; check that it exists and may be read");
+    if (document.HasFailed()) return document.GetFailure();
+    if (const host::ErrorCode error = ConvertXmlToUtf8(document.Get())) return DescribeRefusal(session, file, error);
+    EnergyTransfer transfer;
     transfer.before = ReadRecord(session.GetProject().model);
     WorkbenchHost& host = session.GetHost();
     const host::ErrorCode code =
-        energy::ExportDocument(host.addOnCommands, host.registration, menuText, document, transfer.request);
+        energy::ExportDocument(host.addOnCommands, host.registration, target, document.Get(), transfer.request);
+    if (code != host::NoError) return DescribeRefusal(session, file, code);
     transfer.after = ReadRecord(session.GetProject().model);
-    return code == host::NoError ? Outcome() : DescribeRefusal(session.GetProject(), file, code);
+    return transfer;
 }
 
 std::vector<QuantityChange> ListQuantities(const EnergyTransfer& transfer) {

@@ -10,7 +10,7 @@
 namespace workbench {
 
 /// Menu texts of the registered export targets. A failure when the energy evaluation is not there.
-Outcome ListExportTargets(Session& session, std::vector<std::string>& menuTexts);
+Result<std::vector<std::string>> ListExportTargets(Session& session);
 
 struct EnergyTransfer {
     lca::LCAProjectData before; ///< the record as the project had it
@@ -18,9 +18,8 @@ struct EnergyTransfer {
     host::ObjectState request; ///< the export settings that the target asked for
 };
 
-/// Exports the file to the target of this menu text; an empty text is the only target.
-Outcome ExportEnergyData(Session& session, const std::string& file, const std::string& target,
-                         EnergyTransfer& transfer);
+/// Exports the file to the target of this menu text.
+Result<EnergyTransfer> ExportEnergyData(Session& session, const std::string& file, const std::string& target);
 
 /// What counts of a floor quantity before and after.
 struct QuantityChange {

@@ -2,7 +2,9 @@
 
 #include "workbench/app/Text.h"
 
+#include "lca/LifeCycleModules.h"
 #include "lca/Numbers.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <array>
@@ -12,18 +14,12 @@ namespace workbench {
 
 namespace {
 
-constexpr std::array<std::string_view, 8> PhaseColumns = {"A1-A3", "A4", "B1", "C1", "C2", "C3", "C4", "D"};
 constexpr std::array<std::string_view, 6> PlainColumns = {"applies_to", "name",         "unit",
                                                           "gwp",        "service_life", "density"};
 
 bool IsPhase(const std::string& column) {
-    return std::find(PhaseColumns.begin(), PhaseColumns.end(), column) != PhaseColumns.end();
-}
-
-std::string Trim(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(" \t\r");
-    if (first == std::string_view::npos) return {};
-    return std::string(text.substr(first, text.find_last_not_of(" \t\r") - first + 1));
+    return std::any_of(lca::LifeCycleModules.begin(), lca::LifeCycleModules.end(),
+                       [&](const lca::LifeCycleModule& module) { return module.code == column; });
 }
 
 /// Text of a cell that opens with a quote, without the quotes; the position moves behind the closing one. None when it
@@ -56,7 +52,7 @@ std::optional<std::vector<std::string>> SplitCells(std::string_view line) {
             quoted = std::move(*taken);
         }
         const std::size_t end = std::min(line.find(';', position), line.size());
-        cells.push_back(quoted + Trim(line.substr(position, end - position)));
+        cells.push_back(quoted + utf8::Trim(line.substr(position, end - position)));
         if (end == line.size()) return cells;
         position = end;
     }
@@ -78,23 +74,23 @@ public:
         while (!text.empty()) {
             const std::size_t end = text.find('\n');
             ++line;
-            if (Outcome failure = ParseLine(text.substr(0, end))) return failure;
+            if (Outcome outcome = ParseLine(text.substr(0, end)); outcome.HasFailed()) return outcome;
             if (end == std::string_view::npos) break;
             text.remove_prefix(end + 1);
         }
-        return columns.empty() ? Fail("the table is empty; its first line is " + std::string(MaterialTableHeader))
-                               : Outcome();
+        if (columns.empty()) return Fail("the table is empty; its first line is " + std::string(MaterialTableHeader));
+        return Outcome::Done();
     }
 
 private:
-    Outcome Fail(const std::string& reason) const {
-        return Failure{InputUnreadable, path + ":" + std::to_string(std::max<std::size_t>(line, 1)) + ": " + reason};
+    Failure Fail(const std::string& reason) const {
+        return Failure::Input(path + ":" + std::to_string(std::max<std::size_t>(line, 1)) + ": " + reason);
     }
 
     Outcome ParseLine(std::string_view text) {
-        if (!IsUtf8(text)) return Fail("the text is not UTF-8; save the table as UTF-8");
+        if (!utf8::IsUtf8(text)) return Fail("the text is not UTF-8; save the table as UTF-8");
         if (text.find('\0') != std::string_view::npos) return Fail("the text is not UTF-8; save the table as UTF-8");
-        if (Trim(text).empty()) return {};
+        if (utf8::Trim(text).empty()) return Outcome::Done();
         const std::optional<std::vector<std::string>> cells = SplitCells(text);
         if (!cells) return Fail("a quote is not closed");
         return columns.empty() ? TakeHeader(*cells) : TakeRow(*cells);
@@ -113,7 +109,7 @@ private:
             if (columns.count(needed) == 0) return Fail("column \"" + std::string(needed) + "\" is missing");
         if (hasPhases == (columns.count("gwp") > 0))
             return Fail("the table needs either column \"gwp\" or columns by phase such as \"A1-A3\"");
-        return {};
+        return Outcome::Done();
     }
 
     Outcome TakeRow(const std::vector<std::string>& cells) {
@@ -128,12 +124,12 @@ private:
         row.name = cell("name");
         row.unit = cell("unit");
         if (row.name.empty()) return Fail("the name is empty");
-        if (Outcome failure = TakeKind(cell("applies_to"), row)) return failure;
-        if (Outcome failure = TakeGWP(cells, row)) return failure;
-        if (Outcome failure = TakeServiceLife(cell("service_life"), row)) return failure;
-        if (Outcome failure = TakeDensity(cell("density"), row)) return failure;
+        if (Outcome outcome = TakeKind(cell("applies_to"), row); outcome.HasFailed()) return outcome;
+        if (Outcome outcome = TakeGWP(cells, row); outcome.HasFailed()) return outcome;
+        if (Outcome outcome = TakeServiceLife(cell("service_life"), row); outcome.HasFailed()) return outcome;
+        if (Outcome outcome = TakeDensity(cell("density"), row); outcome.HasFailed()) return outcome;
         rows.push_back(std::move(row));
-        return {};
+        return Outcome::Done();
     }
 
     Outcome TakeKind(const std::string& text, MaterialRow& row) const {
@@ -148,7 +144,7 @@ private:
                                         : row.unit == "piece" || row.unit == "m2";
         if (!isKnown)
             return Fail("the unit is \"" + row.unit + "\"; it is " + (isMaterial ? "m3, m2 or kg" : "piece or m2"));
-        return {};
+        return Outcome::Done();
     }
 
     Outcome TakeGWP(const std::vector<std::string>& cells, MaterialRow& row) const {
@@ -162,24 +158,24 @@ private:
             else
                 row.gwp.byPhase.emplace_back(name, *value);
         }
-        return {};
+        return Outcome::Done();
     }
 
     Outcome TakeServiceLife(const std::string& text, MaterialRow& row) const {
-        if (text.empty()) return {};
+        if (text.empty()) return Outcome::Done();
         const std::optional<double> years = lca::ParseDecimal(text);
         row.serviceLifeYears = lca::ParseWholeNumber(text);
         if (!years || !row.serviceLifeYears || *years != *row.serviceLifeYears || *years < 0)
             return Fail("service_life is \"" + text + "\"; it is whole years, 0 or more");
-        return {};
+        return Outcome::Done();
     }
 
     Outcome TakeDensity(const std::string& text, MaterialRow& row) const {
-        if (text.empty()) return {};
+        if (text.empty()) return Outcome::Done();
         row.densityKgM3 = lca::ParseDecimal(text);
         if (!row.densityKgM3 || *row.densityKgM3 < 0)
             return Fail("density is \"" + text + "\"; it is kg/m3, 0 or more");
-        return {};
+        return Outcome::Done();
     }
 
     const std::string& path;
@@ -191,21 +187,18 @@ private:
 
 } // namespace
 
-Outcome MaterialTable::Read(const std::string& path, MaterialTable& table) {
-    std::string text;
-    if (!ReadFile(path, text))
-        return Failure{InputUnreadable, path + ": the material table cannot be read; check the name"};
-    return Parse(path, text, table);
+Result<MaterialTable> MaterialTable::Read(const std::string& path) {
+    const Result<std::string> text = ReadFile(path, "the material table cannot be read; check the name");
+    if (text.HasFailed()) return text.GetFailure();
+    return Parse(path, text.Get());
 }
 
-Outcome MaterialTable::Parse(const std::string& path, std::string_view text, MaterialTable& table) {
-    table = {};
-    std::vector<MaterialRow> rows;
-    if (Outcome failure = Parser(path, rows).Parse(text)) return failure;
-    for (const MaterialRow& row : rows)
+Result<MaterialTable> MaterialTable::Parse(const std::string& path, std::string_view text) {
+    MaterialTable table;
+    if (const Outcome outcome = Parser(path, table.rows).Parse(text); outcome.HasFailed()) return outcome.GetFailure();
+    for (const MaterialRow& row : table.rows)
         table.foldedNames.push_back(FoldCase(row.name));
-    table.rows = std::move(rows);
-    return {};
+    return table;
 }
 
 const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& name) const {
@@ -220,8 +213,8 @@ const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& n
 }
 
 std::string QuoteCell(const std::string& text) {
-    const std::string cell = PutOnOneLine(text);
-    if (cell.find_first_of(";\"") == std::string::npos && Trim(cell) == cell) return cell;
+    std::string cell = PutOnOneLine(text);
+    if (cell.find_first_of(";\"") == std::string::npos && utf8::Trim(cell) == cell) return cell;
     std::string quoted = "\"";
     for (const char letter : cell)
         quoted += letter == '"' ? std::string("\"\"") : std::string(1, letter);

@@ -1,7 +1,7 @@
 // The material table: a CSV file with the GWP of materials, doors and windows. docs/material-table.md describes it.
 #pragma once
 
-#include "workbench/app/Outcome.h"
+#include "workbench/result/Result.h"
 
 #include "lca/MaterialGWP.h"
 
@@ -27,9 +27,9 @@ struct MaterialRow {
 class MaterialTable {
 public:
     /// Reads the whole file before anything is used; a bad row is told with file, line and reason.
-    static Outcome Read(const std::string& path, MaterialTable& table);
+    static Result<MaterialTable> Read(const std::string& path);
     /// The same from a text; `path` is for messages.
-    static Outcome Parse(const std::string& path, std::string_view text, MaterialTable& table);
+    static Result<MaterialTable> Parse(const std::string& path, std::string_view text);
 
     /// The first filled-in row whose name matches exactly, ignoring case, else the first whose pattern matches; null
     /// where none does.

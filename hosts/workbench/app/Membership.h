@@ -1,20 +1,31 @@
-// As which member of a shared project the program acts.
+// As which member of a shared project somebody acts.
 #pragma once
 
-#include "workbench/app/Outcome.h"
-#include "workbench/model/Project.h"
+#include "workbench/model/Model.h"
 
-#include <optional>
 #include <string>
 
 namespace workbench {
 
-/// Whether the command changes what members reserve.
+/// Whether what is done changes what members reserve.
 enum class Purpose { Reading, Changing };
 
-/// User id of the login, which is found whatever its case; 0 for nobody. Changing a shared project needs a login, and a
-/// project that is not shared takes none.
-Outcome SelectMember(const Model& model, const std::string& file, const std::string& login, Purpose purpose,
-                     std::int16_t& userId);
+struct MemberChoice {
+    enum class Finding {
+        Found,
+        NotShared, ///< the project is not shared and takes no login
+        Unknown,   ///< no member has this login
+        Needed     ///< changing a shared project needs a login
+    };
+
+    Finding finding = Finding::Found;
+    std::int16_t userId = 0; ///< 0: nobody
+};
+
+/// The member of the login, which is found whatever its case; an empty one is nobody.
+MemberChoice ChooseMember(const Model& model, const std::string& login, Purpose purpose);
+
+/// "anna, bert"
+std::string ListLogins(const Model& model);
 
 } // namespace workbench

@@ -5,8 +5,6 @@
 #include "workbench/app/SchemaView.h"
 #include "workbench/app/Text.h"
 
-#include "lca/RecordEncodings.h"
-
 #include <map>
 
 namespace workbench {
@@ -16,10 +14,10 @@ namespace {
 using lca::PropertyKey;
 
 /// Runs a command that may find nothing to change.
-Outcome RunCommand(WorkbenchHost& host, const char* name, const std::function<host::ErrorCode()>& command) {
-    const host::ErrorCode code = host.commands.Call(name, command);
-    if (code == host::NoError || code == host::Errors::UndoEmpty) return {};
-    return DescribeWriteRefusal(code, *host.GetProject());
+Outcome RunCommand(Session& session, const char* name, const std::function<host::ErrorCode()>& command) {
+    const host::ErrorCode code = session.GetHost().commands.Call(name, command);
+    if (code == host::NoError || code == host::Errors::UndoEmpty) return Outcome::Done();
+    return session.DescribeWriteRefusal(code);
 }
 
 host::PropertyValue MakeValue(const host::PropertyDefinition& definition, host::Variant value) {
@@ -71,37 +69,25 @@ bool IsOpening(const Element& element) {
 }
 
 host::ErrorCode WriteStoredRecord(WorkbenchHost& host, const lca::LCAProjectData& record) {
-    for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i) {
-        const auto key = static_cast<PropertyKey>(i);
-        const host::PropertyDefinition* found = FindLCADefinition(host.GetProject()->model, key);
+    for (const lca::PropertyKeyRow& row : lca::GetPropertyKeys()) {
+        if (!lca::IsProjectKey(row.key)) continue;
+        const host::PropertyDefinition* found = FindLCADefinition(host.GetProject()->model, row.key);
         if (found == nullptr) return host::Errors::BadProperty;
         host::PropertyDefinition definition = *found;
-        lca::StoredValue stored = GetStoredValue(definition);
-        lca::WriteStoredValue(key, record, stored);
-        definition.description = stored.description;
-        switch (lca::GetStoredKind(key)) {
-        case lca::StoredKind::Integer:
-            definition.defaultValue = host::Variant::OfInteger(stored.integer);
-            break;
-        case lca::StoredKind::Real:
-            definition.defaultValue = host::Variant::OfReal(stored.real);
-            break;
-        case lca::StoredKind::Text:
-            definition.defaultValue = host::Variant::OfText(stored.text);
-            break;
-        }
+        definition.description = lca::WriteDescription(row.key, record, definition.description);
+        definition.defaultValue = host::Variant::OfPlain(row.encode(record));
         if (const host::ErrorCode code = host.properties.ChangeDefinition(definition)) return code;
     }
     return host::NoError;
 }
 
-void OfferFloorArea(lca::FloorQuantity quantity, const char* name, double areaM2, const std::string& source,
+void OfferFloorArea(lca::FloorQuantity quantity, const char* name, const StatedFloorArea& stated,
                     lca::LCAProjectData& record, std::vector<std::string>& notes) {
     if (record.GetFloorValue(quantity) != 0.0) return;
-    record.SetFloorValue(quantity, lca::FloorSource::ByHand, areaM2);
+    record.SetFloorValue(quantity, lca::FloorSource::ByHand, stated.areaM2);
     record.SetFloorChoice(quantity, lca::FloorSource::ByHand);
-    notes.push_back(std::string(name) + " floor area taken from the model (" + source + "): " + FormatShort(areaM2, 2) +
-                    " m2");
+    notes.push_back(std::string(name) + " floor area taken from the model (" + stated.source +
+                    "): " + FormatShort(stated.areaM2, 2) + " m2");
 }
 
 /// What keeps a material's quantities from being counted, and what to do; empty where nothing does.
@@ -124,18 +110,10 @@ std::string FindMissingValue(const Model& model, const host::BuildingMaterial& m
 
 } // namespace
 
-Failure DescribeWriteRefusal(host::ErrorCode code, const Project& project) {
-    if (!project.GetStoreFailure().empty()) return {OutputUnwritable, project.GetStoreFailure()};
-    if (code == host::Errors::NoAccessRight)
-        return {OutputUnwritable,
-                "the project is shared and its settings are not reserved by this member; reserve them with kelvarnix "
-                "teamwork and try again"};
-    return {OutputUnwritable, "the project did not take the values (host error " + host::WriteErrorCode(code) + ")"};
-}
-
-Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {
+Outcome ApplyMaterialTable(Session& session, const MaterialTable& table) {
+    WorkbenchHost& host = session.GetHost();
     const std::vector<std::string> usedPhases = ReadRecord(host.GetProject()->model).usedPhases;
-    return RunCommand(host, "Set LCA values from a table", [&] {
+    return RunCommand(session, "Set LCA values from a table", [&] {
         // A copy: filling in densities replaces attributes.
         const std::vector<host::BuildingMaterial> materials = host.GetProject()->model.GetBuildingMaterials();
         for (const host::BuildingMaterial& material : materials)
@@ -152,15 +130,15 @@ Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table) {
     });
 }
 
-Outcome CheckElementSettings(const Model& model, const std::vector<ElementSetting>& settings) {
+const ElementSetting* FindMissingElement(const Model& model, const std::vector<ElementSetting>& settings) {
     for (const ElementSetting& setting : settings)
-        if (model.FindElement(setting.element) == ElementIndex::NotFound)
-            return Failure{UsageError, "--element " + setting.argument + ": the model has no such element"};
-    return {};
+        if (model.FindElement(setting.element) == ElementIndex::NotFound) return &setting;
+    return nullptr;
 }
 
-Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings) {
-    return RunCommand(host, "Set element values", [&] {
+Outcome ApplyElementSettings(Session& session, const std::vector<ElementSetting>& settings) {
+    WorkbenchHost& host = session.GetHost();
+    return RunCommand(session, "Set element values", [&] {
         for (const ElementSetting& setting : settings) {
             const host::PropertyDefinition* definition = FindLCADefinition(host.GetProject()->model, setting.key);
             if (definition == nullptr) return host::Errors::BadProperty;
@@ -171,17 +149,21 @@ Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetti
     });
 }
 
-Outcome ApplyRecordSettings(WorkbenchHost& host, const RecordSettings& settings, std::optional<double> floorAreaM2,
-                            const std::string& floorAreaSource, std::vector<std::string>& notes) {
+Result<std::vector<std::string>> ApplyRecordSettings(Session& session, const RecordSettings& settings,
+                                                     const std::optional<StatedFloorArea>& stated) {
+    std::vector<std::string> notes;
+    WorkbenchHost& host = session.GetHost();
     lca::LCAProjectData record = ReadRecord(host.GetProject()->model);
     settings.Apply(record);
-    if (floorAreaM2) {
-        OfferFloorArea(lca::FloorQuantity::GrossFloorArea, "gross", *floorAreaM2, floorAreaSource, record, notes);
-        OfferFloorArea(lca::FloorQuantity::ReferenceFloorArea, "reference", *floorAreaM2, floorAreaSource, record,
-                       notes);
+    if (stated) {
+        OfferFloorArea(lca::FloorQuantity::GrossFloorArea, "gross", *stated, record, notes);
+        OfferFloorArea(lca::FloorQuantity::ReferenceFloorArea, "reference", *stated, record, notes);
     }
-    if (settings.IsEmpty() && notes.empty()) return {};
-    return RunCommand(host, "Set project settings", [&] { return WriteStoredRecord(host, record); });
+    if (settings.IsEmpty() && notes.empty()) return notes;
+    const Outcome outcome =
+        RunCommand(session, "Set project settings", [&] { return WriteStoredRecord(host, record); });
+    if (outcome.HasFailed()) return outcome.GetFailure();
+    return notes;
 }
 
 std::vector<std::string> ListMissingValues(const Model& model) {

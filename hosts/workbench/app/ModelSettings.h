@@ -4,26 +4,29 @@
 
 #include "workbench/app/ElementSettings.h"
 #include "workbench/app/MaterialTable.h"
-#include "workbench/app/Outcome.h"
 #include "workbench/app/RecordSettings.h"
-#include "workbench/host/WorkbenchHost.h"
+#include "workbench/app/Session.h"
 
 namespace workbench {
 
-/// Why the open project answered this code to a write.
-Failure DescribeWriteRefusal(host::ErrorCode code, const Project& project);
-
 /// The rows' values go to the building materials, doors and windows that they match.
-Outcome ApplyMaterialTable(WorkbenchHost& host, const MaterialTable& table);
+Outcome ApplyMaterialTable(Session& session, const MaterialTable& table);
 
-/// A usage error where the model has no such element; asked before anything is written.
-Outcome CheckElementSettings(const Model& model, const std::vector<ElementSetting>& settings);
-Outcome ApplyElementSettings(WorkbenchHost& host, const std::vector<ElementSetting>& settings);
+/// The first setting of an element that the model does not have, to be asked before anything is written; null where
+/// there is none.
+const ElementSetting* FindMissingElement(const Model& model, const std::vector<ElementSetting>& settings);
+Outcome ApplyElementSettings(Session& session, const std::vector<ElementSetting>& settings);
 
-/// floorAreaM2 is offered by the model; it becomes the gross and the reference floor area where neither the settings
-/// nor the project give one. notes gets a sentence when it does.
-Outcome ApplyRecordSettings(WorkbenchHost& host, const RecordSettings& settings, std::optional<double> floorAreaM2,
-                            const std::string& floorAreaSource, std::vector<std::string>& notes);
+/// A floor area that the model states.
+struct StatedFloorArea {
+    double areaM2 = 0.0;
+    std::string source; ///< as people read it
+};
+
+/// The stated area becomes the gross and the reference floor area where neither the settings nor the project give one;
+/// the value is a sentence for each.
+Result<std::vector<std::string>> ApplyRecordSettings(Session& session, const RecordSettings& settings,
+                                                     const std::optional<StatedFloorArea>& stated);
 
 /// Materials with a quantity and without GWP, kg materials without density, materials whose components lack the
 /// quantity of their unit, doors and windows without GWP: one sentence each.

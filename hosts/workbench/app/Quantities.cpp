@@ -1,5 +1,8 @@
 #include "workbench/app/Quantities.h"
 
+#include "workbench/model/NewProject.h"
+#include "workbench/text/Letters.h"
+
 namespace workbench {
 
 std::vector<MaterialQuantity> SumMaterialQuantities(const Model& model) {
@@ -16,42 +19,9 @@ std::vector<MaterialQuantity> SumMaterialQuantities(const Model& model) {
     return sums;
 }
 
-const char* GetTypeName(host::ElementType type) {
-    switch (type) {
-    case host::ElementType::All:
-        break;
-    case host::ElementType::Wall:
-        return "wall";
-    case host::ElementType::Column:
-        return "column";
-    case host::ElementType::Beam:
-        return "beam";
-    case host::ElementType::Window:
-        return "window";
-    case host::ElementType::Door:
-        return "door";
-    case host::ElementType::Object:
-        return "object";
-    case host::ElementType::Slab:
-        return "slab";
-    case host::ElementType::Roof:
-        return "roof";
-    case host::ElementType::Mesh:
-        return "mesh";
-    case host::ElementType::CurtainWall:
-        return "curtain wall";
-    case host::ElementType::Shell:
-        return "shell";
-    case host::ElementType::Skylight:
-        return "skylight";
-    case host::ElementType::Morph:
-        return "morph";
-    case host::ElementType::Stair:
-        return "stair";
-    case host::ElementType::Railing:
-        return "railing";
-    }
-    return "other";
+std::string GetTypeName(host::ElementType type) {
+    const char* name = FindElementKindName(type);
+    return name == nullptr ? "other" : ToLowerCase(name);
 }
 
 } // namespace workbench

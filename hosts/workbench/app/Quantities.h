@@ -3,6 +3,7 @@
 
 #include "workbench/model/Model.h"
 
+#include <string>
 #include <vector>
 
 namespace workbench {
@@ -19,6 +20,6 @@ struct MaterialQuantity {
 std::vector<MaterialQuantity> SumMaterialQuantities(const Model& model);
 
 /// What people call a kind of element.
-const char* GetTypeName(host::ElementType type);
+std::string GetTypeName(host::ElementType type);
 
 } // namespace workbench

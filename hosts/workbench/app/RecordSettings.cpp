@@ -4,6 +4,7 @@
 
 #include "lca/Numbers.h"
 #include "lca/RecordEncodings.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 
@@ -11,36 +12,31 @@ namespace workbench {
 
 namespace {
 
-constexpr char PerAreaAndYearText[] = "GWP_KG_M2_A";
-
-std::string Trim(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(" \t\r");
-    return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(" \t\r") - first + 1);
-}
-
 std::string ListKeys() {
     std::string keys;
-    for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i)
-        keys.append(lca::GetKeyText(static_cast<lca::PropertyKey>(i))).append(", ");
+    for (const lca::PropertyKeyRow& row : lca::GetPropertyKeys())
+        if (lca::IsProjectKey(row.key)) keys.append(row.text).append(", ");
     return keys + StandardsUnitKey;
 }
 
+std::string ListUnits() {
+    const auto& [total, perArea, perAreaAndYear] = lca::UnitTypeKeys;
+    return std::string(total).append(", ").append(perArea).append(" or ").append(perAreaAndYear);
+}
+
 /// Every entry must be readable: decoding and encoding again keeps as many entries as were given.
-bool IsWholeText(lca::PropertyKey key, const std::string& text) {
-    if (key == lca::PropertyKey::Phases) return true;
+bool IsWholeText(const lca::PropertyKeyRow& row, const std::string& text) {
+    if (row.key == lca::PropertyKey::Phases) return true;
     lca::LCAProjectData record;
     lca::BeginLoad(record);
-    lca::StoredValue stored;
-    stored.text = text;
-    lca::ReadStoredValue(key, stored, record);
-    lca::WriteStoredValue(key, record, stored);
-    return lca::SplitEntries(stored.text).size() == lca::SplitEntries(text).size();
+    row.decode(text, record);
+    return lca::SplitEntries(lca::WriteStoredText(row.encode(record))).size() == lca::SplitEntries(text).size();
 }
 
 constexpr char NegativeArea[] = "an area is 0 or more";
 
-bool IsArea(lca::PropertyKey key) {
-    return key == lca::PropertyKey::GrossFloorArea || key == lca::PropertyKey::ReferenceFloorArea;
+bool IsArea(const lca::PropertyKeyRow& row) {
+    return row.quantity == lca::FloorQuantity::GrossFloorArea || row.quantity == lca::FloorQuantity::ReferenceFloorArea;
 }
 
 bool HasNegativeArea(const std::string& floorSettings) {
@@ -55,13 +51,10 @@ bool HasNegativeArea(const std::string& floorSettings) {
 
 /// What is wrong with a value; empty when it fits.
 std::string FindFault(const std::string& keyText, const std::string& value) {
-    if (keyText == StandardsUnitKey)
-        return value == "GWP_KG" || value == "GWP_KG_M2" || value == PerAreaAndYearText
-                   ? ""
-                   : "the unit is GWP_KG, GWP_KG_M2 or GWP_KG_M2_A";
-    const std::optional<lca::PropertyKey> key = lca::FindPropertyKey(keyText);
-    if (!key || !lca::IsProjectKey(*key)) return "the key is unknown; keys are " + ListKeys();
-    switch (lca::GetStoredKind(*key)) {
+    if (keyText == StandardsUnitKey) return lca::FindUnitType(value) ? "" : "the unit is " + ListUnits();
+    const lca::PropertyKeyRow* row = lca::FindPropertyKey(keyText);
+    if (row == nullptr || !lca::IsProjectKey(row->key)) return "the key is unknown; keys are " + ListKeys();
+    switch (row->kind) {
     case lca::StoredKind::Integer: {
         const std::optional<double> number = lca::ParseDecimal(value);
         const std::optional<std::int32_t> whole = lca::ParseWholeNumber(value);
@@ -70,13 +63,13 @@ std::string FindFault(const std::string& keyText, const std::string& value) {
     case lca::StoredKind::Real: {
         const std::optional<double> number = lca::ParseDecimal(value);
         if (!number) return "the value is a number";
-        return *number < 0.0 && IsArea(*key) ? NegativeArea : "";
+        return *number < 0.0 && IsArea(*row) ? NegativeArea : "";
     }
-    case lca::StoredKind::Text:
+    default:
         break;
     }
-    if (*key == lca::PropertyKey::FloorSettings && HasNegativeArea(value)) return NegativeArea;
-    return IsWholeText(*key, value) ? "" : "the value has an entry that cannot be read; write key=number;key=number";
+    if (row->key == lca::PropertyKey::FloorSettings && HasNegativeArea(value)) return NegativeArea;
+    return IsWholeText(*row, value) ? "" : "the value has an entry that cannot be read; write key=number;key=number";
 }
 
 void SetQuantity(lca::FloorQuantity quantity, double value, lca::LCAProjectData& record) {
@@ -93,58 +86,49 @@ void SetQuantity(lca::FloorQuantity quantity, double value, lca::LCAProjectData&
 
 void ApplyOne(const std::string& keyText, const std::string& value, lca::LCAProjectData& record) {
     if (keyText == StandardsUnitKey) {
-        record.standardsUnit = lca::ReadUnitType(value);
+        record.standardsUnit = *lca::FindUnitType(value);
         return;
     }
-    const lca::PropertyKey key = *lca::FindPropertyKey(keyText);
-    if (const std::optional<lca::FloorQuantity> quantity = lca::GetFloorQuantity(key)) {
-        SetQuantity(*quantity, *lca::ParseDecimal(value), record);
-        return;
-    }
-    const lca::GWPUnitType unit = record.standardsUnit;
-    lca::StoredValue stored;
-    stored.text = value;
-    stored.integer = lca::ParseWholeNumber(value).value_or(0);
-    lca::ReadStoredValue(key, stored, record);
-    record.standardsUnit = unit; // has a key of its own
+    const lca::PropertyKeyRow& row = *lca::FindPropertyKey(keyText);
+    if (row.quantity)
+        SetQuantity(*row.quantity, *lca::ParseDecimal(value), record);
+    else if (row.kind == lca::StoredKind::Integer)
+        row.decode(*lca::ParseWholeNumber(value), record);
+    else
+        row.decode(value, record);
 }
 
 } // namespace
 
 Outcome RecordSettings::AddArgument(const std::string& argument) {
-    const std::size_t equals = argument.find('=');
-    if (equals == std::string::npos) return Failure{UsageError, "--set " + argument + ": write KEY=VALUE"};
-    return Add(argument.substr(0, equals), argument.substr(equals + 1), "--set " + argument, UsageError);
+    return Add(argument, "write KEY=VALUE");
 }
 
 Outcome RecordSettings::AddFile(const std::string& path) {
-    std::string text;
-    if (!ReadFile(path, text))
-        return Failure{InputUnreadable, path + ": the settings file cannot be read; check the name"};
-    if (!IsUtf8(text)) return Failure{InputUnreadable, path + ": the text is not UTF-8; save the settings as UTF-8"};
-    if (text.compare(0, 3, "\xEF\xBB\xBF") == 0) text.erase(0, 3);
-    std::size_t number = 0;
-    for (std::size_t begin = 0; begin < text.size();) {
-        const std::size_t end = std::min(text.find('\n', begin), text.size());
-        const std::string line = Trim(text.substr(begin, end - begin));
-        begin = end + 1;
-        ++number;
-        if (line.empty() || line[0] == '#') continue;
-        const std::string where = path + ":" + std::to_string(number);
-        const std::size_t equals = line.find('=');
-        if (equals == std::string::npos) return Failure{InputUnreadable, where + ": write KEY = VALUE"};
-        if (Outcome failure = Add(line.substr(0, equals), line.substr(equals + 1), where, InputUnreadable))
-            return failure;
+    Result<std::string> content = ReadFile(path, "the settings file cannot be read; check the name");
+    if (content.HasFailed()) return content;
+    if (!utf8::IsUtf8(content.Get()))
+        return Failure::Input(path + ": the text is not UTF-8; save the settings as UTF-8");
+    std::string_view text = content.Get();
+    if (text.starts_with("\xEF\xBB\xBF")) text.remove_prefix(3);
+    for (std::size_t number = 1; !text.empty(); ++number) {
+        const std::size_t end = std::min(text.find('\n'), text.size());
+        const std::string line = utf8::Trim(text.substr(0, end));
+        text.remove_prefix(std::min(end + 1, text.size()));
+        if (line.empty() || line.front() == '#') continue;
+        const Outcome added = Add(line, "write KEY = VALUE");
+        if (added.HasFailed()) return Failure::Input(path + ":" + std::to_string(number) + ": " + added.GetText());
     }
-    return {};
+    return Outcome::Done();
 }
 
-Outcome RecordSettings::Add(std::string key, std::string value, const std::string& where, ExitCode code) {
-    key = Trim(key);
-    value = Trim(value);
-    if (const std::string fault = FindFault(key, value); !fault.empty()) return Failure{code, where + ": " + fault};
+Outcome RecordSettings::Add(std::string_view setting, const char* form) {
+    const std::size_t equals = setting.find('=');
+    if (equals == std::string_view::npos) return Failure::Usage(form);
+    std::string key = utf8::Trim(setting.substr(0, equals)), value = utf8::Trim(setting.substr(equals + 1));
+    if (const std::string fault = FindFault(key, value); !fault.empty()) return Failure::Usage(fault);
     settings.emplace_back(std::move(key), std::move(value));
-    return {};
+    return Outcome::Done();
 }
 
 bool RecordSettings::Has(lca::PropertyKey key) const {

@@ -1,12 +1,13 @@
-// Settings of the project record from the command line: --set KEY=VALUE and settings files.
+// Settings of the project record as texts KEY=VALUE, one by one or in a settings file.
 #pragma once
 
-#include "workbench/app/Outcome.h"
+#include "workbench/result/Result.h"
 
 #include "lca/LCAProjectData.h"
 #include "lca/PropertyKeys.h"
 
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -14,7 +15,7 @@ namespace workbench {
 
 class RecordSettings {
 public:
-    /// One KEY=VALUE; a bad one is a usage error.
+    /// One KEY=VALUE. The failure is about the text alone.
     Outcome AddArgument(const std::string& argument);
     /// Lines KEY = VALUE and # comments.
     Outcome AddFile(const std::string& path);
@@ -26,7 +27,8 @@ public:
     void Apply(lca::LCAProjectData& record) const;
 
 private:
-    Outcome Add(std::string key, std::string value, const std::string& where, ExitCode code);
+    /// form  how a setting is written, for one without "="
+    Outcome Add(std::string_view setting, const char* form);
 
     std::vector<std::pair<std::string, std::string>> settings; ///< checked, in the order given
 };

@@ -3,7 +3,6 @@
 
 #include "lca/LCAProjectData.h"
 #include "lca/PropertyKeys.h"
-#include "lca/RecordEncodings.h"
 #include "workbench/model/Model.h"
 
 #include <optional>
@@ -16,14 +15,11 @@ const host::PropertyDefinition* FindLCADefinition(const Model& model, lca::Prope
 /// Key of the option with this text; null where there is none.
 host::Guid FindOption(const host::PropertyDefinition& definition, const std::string& text);
 
-/// What a project definition stores.
-lca::StoredValue GetStoredValue(const host::PropertyDefinition& definition);
-/// The stored value as text, in the record's own forms.
-std::string WriteStoredText(lca::PropertyKey key, const host::PropertyDefinition& definition);
-
 /// The record as it stands in the model.
 lca::LCAProjectData ReadRecord(const Model& model);
 
+/// Own value of a material; null where it was never given one.
+const host::Variant* FindMaterialValue(const Model& model, host::AttributeIndex material, lca::PropertyKey key);
 /// Own text of a material's GWP per unit; empty where it was never given one.
 std::string GetMaterialGWPText(const Model& model, host::AttributeIndex material);
 /// Text of a material's unit; "m3" where it was never given one.

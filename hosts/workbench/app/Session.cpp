@@ -4,8 +4,8 @@
 
 namespace workbench {
 
-Session::Session()
-    : host(std::make_unique<WorkbenchHost>()), module(std::make_unique<Module>(*host)),
+Session::Session(Actor actor)
+    : actor(std::move(actor)), host(std::make_unique<WorkbenchHost>()), module(std::make_unique<Module>(*host)),
       energyModule(std::make_unique<Module>(*host)) {
     host->dialogManager.reportSink = [this](const std::string& line) { messages.push_back(line); };
     host->dialogManager.alertAnswer = [this](const host::Alert& alert) {
@@ -24,21 +24,24 @@ Session::~Session() {
 }
 
 Outcome Session::Start(std::unique_ptr<Project> project, host::ProjectEvent event) {
-    std::string failure = module->Load(GetModulePath(AddOnFile));
-    if (failure.empty()) failure = module->Start();
-    if (const auto file = GetModulePath(EnergyEvaluationFile); failure.empty() && std::filesystem::exists(file)) {
-        failure = energyModule->Load(file);
-        if (failure.empty()) failure = energyModule->Start();
-    }
-    if (!failure.empty()) return Failure{InputUnreadable, failure};
+    const auto loadAndStart = [](Module& loaded, const std::filesystem::path& file) {
+        const Outcome outcome = loaded.Load(file);
+        return outcome.HasFailed() ? outcome : loaded.Start();
+    };
+    if (Outcome outcome = loadAndStart(*module, GetModulePath(AddOnFile)); outcome.HasFailed()) return outcome;
+    if (const auto file = GetModulePath(EnergyEvaluationFile); std::filesystem::exists(file))
+        if (Outcome outcome = loadAndStart(*energyModule, file); outcome.HasFailed()) return outcome;
+    host->access.userId = actor.userId;
     host->OpenProject(std::move(project), event);
-    return {};
+    return Outcome::Done();
 }
 
-Outcome Session::StartAs(std::unique_ptr<Project> project, host::ProjectEvent event, const std::string& file,
-                         const std::string& login, Purpose purpose) {
-    if (Outcome failure = SelectMember(project->model, file, login, purpose, host->access.userId)) return failure;
-    return Start(std::move(project), event);
+Failure Session::DescribeWriteRefusal(host::ErrorCode code) const {
+    if (const Outcome& stored = GetProject().GetStoreOutcome(); stored.HasFailed()) return stored.GetFailure();
+    if (code == host::Errors::NoAccessRight)
+        return Failure::Output("the project is shared and its settings are not reserved by this member; reserve them " +
+                               (actor.howToReserve.empty() ? "" : actor.howToReserve + " ") + "and try again");
+    return Failure::Output("the project did not take the values (host error " + host::WriteErrorCode(code) + ")");
 }
 
 } // namespace workbench

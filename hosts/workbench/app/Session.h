@@ -2,8 +2,6 @@
 // reads what a person sees.
 #pragma once
 
-#include "workbench/app/Membership.h"
-#include "workbench/app/Outcome.h"
 #include "workbench/app/ProgressObserver.h"
 #include "workbench/host/Module.h"
 
@@ -56,26 +54,31 @@ struct MaterialReportPlacing {
     std::string favourite; ///< empty: default settings
 };
 
+/// As whom a session acts.
+struct Actor {
+    std::int16_t userId = 0;  ///< 0: nobody
+    std::string howToReserve; ///< "with ...": by what this program's user reserves settings; empty: not said
+};
+
 class Session {
 public:
-    Session();
+    explicit Session(Actor actor);
     ~Session();
 
     /// Loads and starts the add-on, and the energy evaluation where it is there; then opens the project as a host does.
     Outcome Start(std::unique_ptr<Project> project, host::ProjectEvent event);
-    /// The same as the member with this login.
-    Outcome StartAs(std::unique_ptr<Project> project, host::ProjectEvent event, const std::string& file,
-                    const std::string& login, Purpose purpose);
+    /// Why the project answered this code to a write.
+    Failure DescribeWriteRefusal(host::ErrorCode code) const;
     /// Presses the button that reserves, requests or releases a set of settings, in the dialog that guards it.
     Outcome PressTeamworkButton(const std::string& setName);
     /// What that dialog says of the set, in one line.
     std::string ReadTeamworkStatus(const std::string& setName);
     /// Chooses "Show palette" and presses "Update results"; the observer hears how far the calculation is.
     Outcome UpdateResults(const ProgressObserver& observer);
-    Outcome ReadPalette(PaletteContent& content);
+    Result<PaletteContent> ReadPalette();
     /// Opens the material report from the palette, after UpdateResults, and reads its table; places the report object
-    /// when told where.
-    Outcome ReadMaterialReport(MaterialReportContent& content, const MaterialReportPlacing* placing = nullptr);
+    /// when told where. A usage failure is about the name of the favourite.
+    Result<MaterialReportContent> ReadMaterialReport(const MaterialReportPlacing* placing = nullptr);
 
     /// Presses "Place" in the palette and clicks at the point.
     Outcome PlaceResultReport(const host::Point& point);
@@ -85,15 +88,15 @@ public:
     Outcome WriteCharts(const std::string& folder);
 
     WorkbenchHost& GetHost() { return *host; }
-    Project& GetProject() { return *host->GetProject(); }
+    Project& GetProject() const { return *host->GetProject(); }
     /// Alerts that were shown and lines of the add-on's report, as sentences.
     const std::vector<std::string>& GetMessages() const { return messages; }
 
 private:
     void UseModal(std::int16_t menu, const std::function<void(host::DialogId)>& use);
-    Outcome UseMaterialReport(host::DialogId dialog, MaterialReportContent& content,
-                              const MaterialReportPlacing* placing);
+    Result<MaterialReportContent> UseMaterialReport(host::DialogId dialog, const MaterialReportPlacing* placing);
 
+    Actor actor;
     std::unique_ptr<WorkbenchHost> host;
     std::unique_ptr<Module> module;
     std::unique_ptr<Module> energyModule; ///< the energy evaluation, which need not be there

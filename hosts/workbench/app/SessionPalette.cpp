@@ -2,6 +2,7 @@
 #include "workbench/app/Session.h"
 
 #include "lca/Numbers.h"
+#include "lca/ResultTable.h"
 #include "resources/ResourceData.h"
 
 namespace workbench {
@@ -12,8 +13,6 @@ using namespace ResourceIds;
 
 /// List columns of the palette's table that a reader wants to see: type, service life, contribution and the three GWPs.
 constexpr std::int16_t ShownColumns[] = {2, 3, 5, 6, 7, 8};
-constexpr std::int32_t UnitRow = 1;
-constexpr std::int32_t TotalRow = 9;
 
 std::vector<std::string> ReadCells(const RowState& row) {
     std::vector<std::string> cells;
@@ -44,26 +43,27 @@ Outcome Session::UpdateResults(const ProgressObserver& observer) {
     const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
     const bool isPressed = palette != nullptr && host->dialogManager.Press(palette->id, PaletteItems::UpdateButton);
     host->progress.observer = nullptr;
-    if (!isPressed) return Failure{InputUnreadable, "the add-on did not open its palette; build it anew"};
-    return {};
+    if (!isPressed) return Failure::Input("the add-on did not open its palette; build it anew");
+    return Outcome::Done();
 }
 
-Outcome Session::ReadPalette(PaletteContent& content) {
-    const Failure failure{InputUnreadable, "the add-on's palette shows no table; build it anew"};
+Result<PaletteContent> Session::ReadPalette() {
+    const Failure failure = Failure::Input("the add-on's palette shows no table; build it anew");
     DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
     if (palette == nullptr) return failure;
     const ListState& list = host->openDialogs.FindItem(palette->id, PaletteItems::Table)->list;
-    if (list.rows.size() != static_cast<std::size_t>(TotalRow) || list.columns.size() < 8) return failure;
+    if (list.rows.size() != lca::TotalRow || list.columns.size() < 8) return failure;
+    PaletteContent content;
     for (const std::int16_t column : ShownColumns)
         content.headers.push_back(list.columns[static_cast<std::size_t>(column - 1)].header.text);
-    content.units = ReadCells(list.rows[UnitRow - 1]);
-    for (std::int32_t row = UnitRow + 1; row < TotalRow; ++row)
-        content.categories.push_back(ReadRow(list.rows[static_cast<std::size_t>(row - 1)]));
-    content.total = ReadRow(list.rows[TotalRow - 1]);
+    content.units = ReadCells(list.rows[lca::UnitRow - 1]);
+    for (std::size_t row = lca::FirstCategoryRow; row < lca::TotalRow; ++row)
+        content.categories.push_back(ReadRow(list.rows[row - 1]));
+    content.total = ReadRow(list.rows[lca::TotalRow - 1]);
     content.lastUpdate = host->openDialogs.FindItem(palette->id, PaletteItems::LastUpdateTime)->text;
     const std::string_view mark = Resources::String(OwnTexts::Incomplete);
     content.isIncomplete = std::string_view(content.lastUpdate).ends_with(mark);
-    return {};
+    return content;
 }
 
 } // namespace workbench

@@ -41,14 +41,17 @@ bool PaintPicture(const std::string& path, int width, int height, double scale,
                   const std::function<void(host::NativeContext&)>& draw) {
     PaintedContext context(width, height, scale);
     draw(context);
-    return context.WritePicture(path);
+    return !context.WritePicture(path).HasFailed();
 }
+
+constexpr char CannotPlace[] = "the report cannot be placed in the window that is open; open the floor plan";
 
 constexpr double ChartScale = 2.0; ///< pixels of a picture a pixel of the palette, so that it prints sharply
 
 constexpr std::int16_t LayerColumn = 1, NameColumn = 2, GwpColumn = 3;
 
-void ReadReportRows(const ListState& list, MaterialReportContent& content) {
+MaterialReportContent ReadReportRows(const ListState& list) {
+    MaterialReportContent content;
     for (const std::int16_t column : {LayerColumn, NameColumn, GwpColumn})
         content.headers.push_back(list.columns[static_cast<std::size_t>(column - 1)].header.text);
     std::string layer;
@@ -68,6 +71,7 @@ void ReadReportRows(const ListState& list, MaterialReportContent& content) {
         row.gwp = lca::ParseDecimal(row.cells[2]);
         content.rows.push_back(std::move(row));
     }
+    return content;
 }
 
 /// Entry of the pop-up that stands for the settings; 0 where there is none of this name.
@@ -81,17 +85,16 @@ std::int16_t FindFavourite(const ItemState& popUp, const std::string& favourite)
 
 } // namespace
 
-Outcome Session::ReadMaterialReport(MaterialReportContent& content, const MaterialReportPlacing* placing) {
-    Outcome outcome = Failure{InputUnreadable, "the add-on did not open its material report; build it anew"};
+Result<MaterialReportContent> Session::ReadMaterialReport(const MaterialReportPlacing* placing) {
+    Result<MaterialReportContent> content =
+        Failure::Input("the add-on did not open its material report; build it anew");
     const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
-    host->dialogManager.modalUser = [&](host::DialogId dialog) {
-        outcome = UseMaterialReport(dialog, content, placing);
-    };
+    host->dialogManager.modalUser = [&](host::DialogId dialog) { content = UseMaterialReport(dialog, placing); };
     if (placing != nullptr) host->userInput.pointAnswer = [placing](const std::string&) { return placing->point; };
     if (palette != nullptr) host->dialogManager.Press(palette->id, PaletteItems::MaterialReportButton);
     host->dialogManager.modalUser = nullptr;
     host->userInput.pointAnswer = nullptr;
-    return outcome;
+    return content;
 }
 
 Outcome Session::PlaceResultReport(const host::Point& point) {
@@ -100,15 +103,14 @@ Outcome Session::PlaceResultReport(const host::Point& point) {
     host->userInput.pointAnswer = [&](const std::string&) { return std::optional(point); };
     const bool isPressed = palette != nullptr && host->dialogManager.Press(palette->id, PaletteItems::PlaceButton);
     host->userInput.pointAnswer = nullptr;
-    if (!isPressed)
-        return Failure{InputUnreadable, "the report cannot be placed in the window that is open; open the floor plan"};
-    if (messages.size() > formerMessages) return Failure{InputUnreadable, messages.back()};
-    return {};
+    if (!isPressed) return Failure::Input(CannotPlace);
+    if (messages.size() > formerMessages) return Failure::Input(messages.back());
+    return Outcome::Done();
 }
 
 Outcome Session::GenerateReport(const std::string& path) {
     const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
-    if (palette == nullptr) return Failure{InputUnreadable, "the add-on did not open its palette; build it anew"};
+    if (palette == nullptr) return Failure::Input("the add-on did not open its palette; build it anew");
     const PictureFolder pictures;
     static PaintedFont font;
     host->pictures.temporaryFolder = pictures.GetPath();
@@ -121,20 +123,20 @@ Outcome Session::GenerateReport(const std::string& path) {
     host->textMeasuring.painter = nullptr;
     host->pictures.painter = nullptr;
     const std::vector<host::Alert>& alerts = host->dialogManager.shownAlerts;
-    if (!alerts.empty() && alerts.back().type == host::AlertType::Information) return {};
+    if (!alerts.empty() && alerts.back().type == host::AlertType::Information) return Outcome::Done();
     const std::string reason = messages.size() > formerMessages ? messages.back() : "no report";
-    return Failure{OutputUnwritable, path + ": the report cannot be written (" + reason +
-                                         "); check the folder, its rights and the disk, and close the file elsewhere"};
+    return Failure::Output(path + ": the report cannot be written (" + reason +
+                           "); check the folder, its rights and the disk, and close the file elsewhere");
 }
 
 Outcome Session::WriteCharts(const std::string& folder) {
     std::error_code ignored; // a folder that cannot be made shows when a picture is written
     std::filesystem::create_directories(folder, ignored);
     const DialogState* palette = host->openDialogs.FindByResource(PaletteDialog);
-    if (palette == nullptr) return Failure{InputUnreadable, "the add-on did not open its palette; build it anew"};
+    if (palette == nullptr) return Failure::Input("the add-on did not open its palette; build it anew");
     static PaintedFont font;
     host->textMeasuring.painter = &font;
-    Outcome outcome;
+    Outcome outcome = Outcome::Done();
     for (const auto& [item, picture] : {std::pair{PaletteItems::PieChart, Report::PieChartFile},
                                         std::pair{PaletteItems::BarChart, Report::BarChartFile}}) {
         const host::Rectangle place = host->openDialogs.FindItem(palette->id, item)->rectangle;
@@ -142,32 +144,25 @@ Outcome Session::WriteCharts(const std::string& folder) {
         host->dialogManager.DrawUserItem(palette->id, item, context);
         std::filesystem::path file = std::filesystem::path(folder) / std::string(Resources::String(picture));
         for (const char* extension : {".jpg", ".png"})
-            if (!outcome && !context.WritePicture(file.replace_extension(extension).string()))
-                outcome =
-                    Failure{OutputUnwritable, file.string() + ": the picture cannot be written; check the folder, "
-                                                              "its rights and the disk"};
+            if (!outcome.HasFailed()) outcome = context.WritePicture(file.replace_extension(extension).string());
     }
     host->textMeasuring.painter = nullptr;
     return outcome;
 }
 
-Outcome Session::UseMaterialReport(host::DialogId dialog, MaterialReportContent& content,
-                                   const MaterialReportPlacing* placing) {
+Result<MaterialReportContent> Session::UseMaterialReport(host::DialogId dialog, const MaterialReportPlacing* placing) {
     using namespace MaterialReportItems;
     DialogManager& user = host->dialogManager;
-    ReadReportRows(host->openDialogs.FindItem(dialog, Table)->list, content);
+    MaterialReportContent content = ReadReportRows(host->openDialogs.FindItem(dialog, Table)->list);
     if (placing == nullptr) {
         user.Press(dialog, CloseButton);
-        return {};
+        return content;
     }
     const std::int16_t entry = FindFavourite(*host->openDialogs.FindItem(dialog, FavoritePopup), placing->favourite);
-    if (entry == 0)
-        return Failure{UsageError, "--favorite " + placing->favourite +
-                                       ": the project has no favourite of the material report of this name"};
+    if (entry == 0) return Failure::Usage("the project has no favourite of the material report of this name");
     user.Choose(dialog, FavoritePopup, entry);
-    if (!user.Press(dialog, PlaceButton))
-        return Failure{InputUnreadable, "the report cannot be placed in the window that is open; open the floor plan"};
-    return {};
+    if (!user.Press(dialog, PlaceButton)) return Failure::Input(CannotPlace);
+    return content;
 }
 
 } // namespace workbench

@@ -34,11 +34,10 @@ const GuardingDialog* FindGuardingDialog(const std::string& setName) {
 Outcome Session::PressTeamworkButton(const std::string& setName) {
     const GuardingDialog* guarding = FindGuardingDialog(setName);
     if (guarding == nullptr)
-        return Failure{UsageError, setName + ": the settings to reserve are " + host::BuildingMaterialsSet + " and " +
-                                       host::ClassificationsAndPropertiesSet};
+        return Failure::Usage(setName + ": the settings to reserve are " + host::BuildingMaterialsSet + " and " +
+                              host::ClassificationsAndPropertiesSet);
     UseModal(guarding->menu, [&](host::DialogId dialog) { host->dialogManager.Press(dialog, guarding->button); });
-    const std::string& failure = GetProject().GetStoreFailure();
-    return failure.empty() ? Outcome() : Failure{OutputUnwritable, failure};
+    return GetProject().GetStoreOutcome();
 }
 
 std::string Session::ReadTeamworkStatus(const std::string& setName) {

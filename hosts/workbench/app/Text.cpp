@@ -1,8 +1,9 @@
 #include "workbench/app/Text.h"
 
+#include "lca/Numbers.h"
+
 #include <unistd.h>
 
-#include <charconv>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -24,6 +25,20 @@ bool WriteBytes(const std::filesystem::path& path, const std::string& content) {
     if (file == nullptr) return false;
     const bool isWritten = std::fwrite(content.data(), 1, content.size(), file) == content.size();
     return std::fclose(file) == 0 && isWritten;
+}
+
+bool TryWriteFile(const std::string& path, const std::string& content) {
+    std::error_code error;
+    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
+        return WriteBytes(path, content);
+    const std::filesystem::path target = ResolveTarget(path);
+    const std::filesystem::path unfinished = target.string() + ".new-" + std::to_string(getpid());
+    if (WriteBytes(unfinished, content)) {
+        std::filesystem::rename(unfinished, target, error);
+        if (!error) return true;
+    }
+    std::filesystem::remove(unfinished, error);
+    return false;
 }
 
 } // namespace
@@ -49,37 +64,28 @@ bool MatchesPattern(std::string_view text, std::string_view pattern) {
     return p == pattern.size();
 }
 
-bool ReadFile(const std::string& path, std::string& content) {
+Result<std::string> ReadFile(const std::string& path, const std::string& advice) {
     std::error_code error;
     std::ifstream file(path, std::ios::binary);
-    if (!file || std::filesystem::is_directory(path, error)) return false;
-    content.assign(std::istreambuf_iterator<char>(file), {});
-    return !file.bad();
+    if (file && !std::filesystem::is_directory(path, error)) {
+        std::string content{std::istreambuf_iterator<char>(file), {}};
+        if (!file.bad()) return content;
+    }
+    return Failure::Input(path + ": " + advice);
 }
 
-bool WriteFile(const std::string& path, const std::string& content) {
-    std::error_code error;
-    if (std::filesystem::exists(path, error) && !std::filesystem::is_regular_file(path, error))
-        return WriteBytes(path, content);
-    const std::filesystem::path target = ResolveTarget(path);
-    const std::filesystem::path unfinished = target.string() + ".new-" + std::to_string(getpid());
-    if (WriteBytes(unfinished, content)) {
-        std::filesystem::rename(unfinished, target, error);
-        if (!error) return true;
-    }
-    std::filesystem::remove(unfinished, error);
-    return false;
+Outcome WriteFile(const std::string& path, const std::string& content) {
+    if (TryWriteFile(path, content)) return Outcome::Done();
+    return Failure::Output(path + ": the file cannot be written; check the folder, its rights and the disk");
 }
 
 std::string FormatShort(double value, int decimals) {
-    char buffer[400];
-    const auto result = std::to_chars(buffer, buffer + sizeof buffer, value, std::chars_format::fixed, decimals);
-    std::string text(buffer, result.ptr);
+    std::string text = lca::WriteFixed(value, decimals);
     if (text.find('.') != std::string::npos) {
         text.erase(text.find_last_not_of('0') + 1);
         if (text.back() == '.') text.pop_back();
     }
-    return text == "-0" ? "0" : text;
+    return text;
 }
 
 } // namespace workbench

@@ -1,6 +1,7 @@
 // Texts as people write and read them: patterns, files, numbers.
 #pragma once
 
+#include "workbench/result/Result.h"
 #include "workbench/text/Letters.h"
 
 #include <string>
@@ -11,11 +12,10 @@ namespace workbench {
 /// Whole-text match where "*" stands for any run of letters. Both texts folded by the caller.
 bool MatchesPattern(std::string_view text, std::string_view pattern);
 
-/// A file's bytes; none when it cannot be read.
-bool ReadFile(const std::string& path, std::string& content);
+/// A file's bytes. The failure is the file's name with the advice.
+Result<std::string> ReadFile(const std::string& path, const std::string& advice);
 /// Writes beside the target and renames, so that an older file stays whole; devices and pipes are written as they are.
-/// False when it cannot be written.
-bool WriteFile(const std::string& path, const std::string& content);
+Outcome WriteFile(const std::string& path, const std::string& content);
 
 /// A number for people: at most `decimals` places, no trailing zeros.
 std::string FormatShort(double value, int decimals);

@@ -1,7 +1,7 @@
 // The commands of the program. Each prints its result on standard output and notes on standard error.
 #pragma once
 
-#include "workbench/app/Outcome.h"
+#include "workbench/result/Result.h"
 
 #include <nlohmann/json_fwd.hpp>
 

@@ -1,8 +1,7 @@
 // drawing: a picture of a database with its placed objects.
-#include "workbench/app/ModelInput.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Placing.h"
-#include "workbench/cli/Waiting.h"
+#include "workbench/cli/Opening.h"
+#include "workbench/cli/Options.h"
 #include "workbench/images/DatabaseDrawing.h"
 
 #include <algorithm>
@@ -10,18 +9,17 @@
 namespace workbench::cli {
 
 Outcome RunDrawing(const std::string& path, const std::string& name, const std::string& png) {
-    ModelInput input;
-    host::Database database;
-    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
-    const Model& model = input.project->model;
-    if (Outcome failure = FindDatabase(model, "--database", name, database)) return failure;
+    const Result<OpenedModel> opened = OpenModel(path);
+    if (opened.HasFailed()) return opened;
+    const Model& model = opened.Get().GetModel();
+    Result<host::Database> database = FindDatabase(model, "--database", name);
+    if (database.HasFailed()) return database;
+    const host::Guid& id = database.Get().id;
     const bool isEmpty = std::none_of(model.GetPlacedObjects().begin(), model.GetPlacedObjects().end(),
-                                      [&](const PlacedObject& object) { return object.database == database.id; });
+                                      [&](const PlacedObject& object) { return object.database == id; });
     if (isEmpty) PrintNote("nothing is placed there; the picture is empty");
-    if (DrawDatabase(model, database.id, png)) return {};
-    return Failure{OutputUnwritable, png +
-                                         ": the picture cannot be written; check the folder, its rights and the disk, "
-                                         "and that the name ends in .png"};
+    const Outcome drawn = DrawDatabase(model, id, png);
+    return drawn.HasFailed() ? Failure::Output(drawn.GetText() + ", and that the name ends in .png") : drawn;
 }
 
 } // namespace workbench::cli

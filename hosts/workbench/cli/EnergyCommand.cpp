@@ -1,10 +1,9 @@
 // energy: the export targets of the energy evaluation, and sending its results to one of them.
 #include "workbench/app/EnergyTransfer.h"
-#include "workbench/app/ModelInput.h"
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Placing.h"
-#include "workbench/cli/Waiting.h"
+#include "workbench/cli/Opening.h"
+#include "workbench/cli/Options.h"
 #include "workbench/trees/TreeJson.h"
 #include "workbench/trees/TreeXml.h"
 
@@ -15,17 +14,17 @@ namespace workbench::cli {
 namespace {
 
 Outcome CheckOptions(const EnergyOptions& options) {
-    if (Outcome failure = CheckSave(options.save)) return failure;
+    if (Outcome outcome = CheckSave(options.save); outcome.HasFailed()) return outcome;
     if (options.data.empty() && !(options.target + options.save + options.request).empty())
-        return Failure{UsageError, "--target, --save and --request tell how data are sent; give --export DATA.xml too"};
-    return {};
+        return Failure::Usage("--target, --save and --request tell how data are sent; give --export DATA.xml too");
+    return Outcome::Done();
 }
 
 Outcome WriteRequest(const std::string& path, const host::ObjectState& request) {
     std::string text;
     const bool isXml = std::filesystem::path(path).extension() == ".xml";
     const host::ErrorCode error = isXml ? WriteTreeXml(request, text) : WriteTreeJson(request, text);
-    if (error != host::NoError) return Failure{OutputUnwritable, path + ": the export settings cannot be written"};
+    if (error != host::NoError) return Failure::Output(path + ": the export settings cannot be written");
     return WriteOutput(path, text);
 }
 
@@ -38,44 +37,41 @@ std::string WriteQuantities(const EnergyTransfer& transfer) {
 }
 
 Outcome PrintTargets(Session& session) {
-    std::vector<std::string> targets;
-    if (Outcome failure = ListExportTargets(session, targets)) return failure;
+    Result<std::vector<std::string>> targets = ListExportTargets(session);
+    if (targets.HasFailed()) return targets;
     std::string text;
-    for (const std::string& target : targets)
+    for (const std::string& target : targets.Get())
         text.append(target).append("\n");
     return WriteOutput({}, text);
+}
+
+/// Which file keeps the data: without --save the model itself, where it is a project; empty where none does.
+std::string ChooseSavePath(const EnergyOptions& options) {
+    if (options.data.empty()) return {};
+    return options.save.empty() && IsProjectFile(options.model) ? options.model : options.save;
 }
 
 } // namespace
 
 Outcome RunEnergy(const EnergyOptions& options) {
-    if (Outcome failure = CheckOptions(options)) return failure;
-    const bool changesModel = !options.data.empty() && IsProjectFile(options.model) &&
-                              (options.save.empty() || IsSameFile(options.model, options.save));
-    const KeepChanges keep = changesModel ? KeepChanges::InFile : KeepChanges::InMemory;
-    ModelInput input;
-    if (Outcome failure = ReadModel(options.model, keep, input)) return failure;
-    const host::ProjectEvent event = input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
+    if (Outcome outcome = CheckOptions(options); outcome.HasFailed()) return outcome;
+    const std::string savePath = ChooseSavePath(options);
+    Result<OpenedModel> opened = OpenModel(options.model, savePath);
+    if (opened.HasFailed()) return opened;
+    OpenedModel& model = opened.Get();
     const Purpose purpose = options.data.empty() ? Purpose::Reading : Purpose::Changing;
-    Session session;
-    if (Outcome failure = session.StartAs(std::move(input.project), event, options.model, options.as, purpose))
-        return failure;
-    if (const std::string& failure = session.GetProject().GetStoreFailure(); !failure.empty())
-        return Failure{OutputUnwritable, failure};
-    if (options.data.empty()) return PrintTargets(session);
-    EnergyTransfer transfer;
-    if (Outcome failure = ExportEnergyData(session, options.data, options.target, transfer)) return failure;
-    if (options.save.empty() && !changesModel)
-        PrintNote(options.model + " cannot keep the data; name with --save a .kvp file that does");
-    if (!options.save.empty() && !changesModel) {
-        const std::string failure = SaveProject(session.GetProject(), options.save);
-        if (!failure.empty()) return Failure{OutputUnwritable, failure};
-    }
-    for (const std::string& message : session.GetMessages())
+    if (Outcome outcome = StartAs(model, options.as, purpose); outcome.HasFailed()) return outcome;
+    if (options.data.empty()) return PrintTargets(model.GetSession());
+    Result<EnergyTransfer> transfer = SendEnergyData(model.GetSession(), options.data, options.target);
+    if (transfer.HasFailed()) return transfer;
+    if (savePath.empty()) PrintNote(options.model + " cannot keep the data; name with --save a .kvp file that does");
+    if (Outcome outcome = model.Save(); outcome.HasFailed()) return outcome;
+    for (const std::string& message : model.GetSession().GetMessages())
         PrintWarning(message);
     if (!options.request.empty())
-        if (Outcome failure = WriteRequest(options.request, transfer.request)) return failure;
-    return options.request == "-" ? Outcome() : WriteOutput({}, WriteQuantities(transfer));
+        if (Outcome outcome = WriteRequest(options.request, transfer.Get().request); outcome.HasFailed())
+            return outcome;
+    return options.request == "-" ? Outcome::Done() : WriteOutput({}, WriteQuantities(transfer.Get()));
 }
 
 } // namespace workbench::cli

@@ -1,10 +1,9 @@
 // report-materials: the embodied carbon by layer and building material, and placing its report object.
-#include "workbench/app/ModelInput.h"
-#include "workbench/app/Session.h"
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Placing.h"
-#include "workbench/cli/Waiting.h"
+#include "workbench/cli/JsonText.h"
+#include "workbench/cli/Opening.h"
+#include "workbench/cli/Options.h"
 
 #include <nlohmann/json.hpp>
 
@@ -12,22 +11,20 @@ namespace workbench::cli {
 
 namespace {
 
-Outcome CheckOptions(const MaterialReportOptions& options) {
-    if (Outcome failure = CheckSave(options.save)) return failure;
-    if (Outcome failure = CheckPlacing("--place", options.place, options.save)) return failure;
-    if (options.place.empty() && !options.favorite.empty())
-        return Failure{UsageError, "--favorite tells how the report is placed; give --place X,Y too"};
-    return {};
+/// Where the report is placed; none where it is not.
+Result<std::optional<host::Point>> CheckOptions(const MaterialReportOptions& options) {
+    if (const Outcome outcome = CheckSave(options.save); outcome.HasFailed()) return outcome.GetFailure();
+    Result<std::optional<host::Point>> place = ParsePlace("--place", options.place, options.save);
+    if (!place.HasFailed() && options.place.empty() && !options.favorite.empty())
+        return Failure::Usage("--favorite tells how the report is placed; give --place X,Y too");
+    return place;
 }
 
 std::string WriteTable(const MaterialReportContent& content) {
     std::vector<std::vector<std::string>> rows = {content.headers};
     for (const MaterialSumRow& row : content.rows)
         rows.push_back(row.cells);
-    std::string text = AlignColumns(rows, {Align::Left, Align::Left, Align::Right});
-    const std::size_t lastLine = text.rfind('\n', text.size() - 2) + 1;
-    text.insert(lastLine, std::string(text.find('\n'), '-') + "\n");
-    return text;
+    return AlignColumnsWithTotal(rows, {Align::Left, Align::Left, Align::Right});
 }
 
 std::string WriteJson(const MaterialReportOptions& options, const MaterialReportContent& content,
@@ -37,17 +34,19 @@ std::string WriteJson(const MaterialReportOptions& options, const MaterialReport
     json["materials"] = DescribeMaterials(content);
     json["total"] = content.rows.back().gwp.value_or(0.0);
     json["warnings"] = warnings;
-    return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+    return WriteJsonText(json);
 }
 
-Outcome Place(Session& session, const MaterialReportOptions& options, MaterialReportContent& content) {
-    MaterialReportPlacing placing{{}, options.favorite};
-    if (options.place.empty()) return session.ReadMaterialReport(content);
-    if (Outcome failure = ParsePoint("--place", options.place, placing.point)) return failure;
+Result<MaterialReportContent> ReadReport(Session& session, const std::optional<host::Point>& place,
+                                         const std::string& favorite) {
+    if (!place) return session.ReadMaterialReport();
+    const MaterialReportPlacing placing{*place, favorite};
     const std::size_t formerMessages = session.GetMessages().size();
-    if (Outcome failure = session.ReadMaterialReport(content, &placing)) return failure;
-    if (session.GetMessages().size() == formerMessages) return {};
-    return Failure{InputUnreadable, session.GetMessages().back()};
+    Result<MaterialReportContent> content = session.ReadMaterialReport(&placing);
+    if (content.GetCode() == ExitCode::Usage) return content.GetFailure().Named("--favorite " + favorite);
+    if (!content.HasFailed() && session.GetMessages().size() > formerMessages)
+        return Failure::Input(session.GetMessages().back());
+    return content;
 }
 
 } // namespace
@@ -61,30 +60,26 @@ nlohmann::ordered_json DescribeMaterials(const MaterialReportContent& content) {
 }
 
 Outcome RunMaterialReport(const MaterialReportOptions& options) {
-    if (Outcome failure = CheckOptions(options)) return failure;
-    const KeepChanges keep = IsSameFile(options.model, options.save) ? KeepChanges::InFile : KeepChanges::InMemory;
-    ModelInput input;
-    if (Outcome failure = ReadModel(options.model, keep, input)) return failure;
-    const host::ProjectEvent event = input.building ? host::ProjectEvent::New : host::ProjectEvent::Open;
-    Session session;
-    if (Outcome failure = session.StartAs(std::move(input.project), event, options.model, options.as, Purpose::Reading))
-        return failure;
-    if (Outcome failure = Calculate(session)) return failure;
-    MaterialReportContent content;
-    if (Outcome failure = Place(session, options, content)) return failure;
-    if (const std::string& failure = session.GetProject().GetStoreFailure(); !failure.empty())
-        return Failure{OutputUnwritable, failure};
-    if (!options.save.empty() && keep == KeepChanges::InMemory) {
-        const std::string failure = SaveProject(session.GetProject(), options.save);
-        if (!failure.empty()) return Failure{OutputUnwritable, failure};
-    }
-    std::vector<std::string> warnings = input.warnings;
+    Result<std::optional<host::Point>> place = CheckOptions(options);
+    if (place.HasFailed()) return place;
+    Result<OpenedModel> opened = OpenModel(options.model, options.save);
+    if (opened.HasFailed()) return opened;
+    OpenedModel& model = opened.Get();
+    if (Outcome outcome = StartAs(model, options.as, Purpose::Reading); outcome.HasFailed()) return outcome;
+    Session& session = model.GetSession();
+    if (Outcome outcome = Calculate(session); outcome.HasFailed()) return outcome;
+    Result<MaterialReportContent> content = ReadReport(session, place.Get(), options.favorite);
+    if (const Outcome& stored = model.GetProject().GetStoreOutcome(); stored.HasFailed()) return stored;
+    if (content.HasFailed()) return content;
+    if (Outcome outcome = model.Save(); outcome.HasFailed()) return outcome;
+    std::vector<std::string> warnings = model.GetWarnings();
     warnings.insert(warnings.end(), session.GetMessages().begin(), session.GetMessages().end());
     for (const std::string& warning : warnings)
         PrintWarning(warning);
     if (options.json != "-")
-        if (Outcome failure = WriteOutput({}, WriteTable(content))) return failure;
-    return options.json.empty() ? Outcome() : WriteOutput(options.json, WriteJson(options, content, warnings));
+        if (Outcome outcome = WriteOutput({}, WriteTable(content.Get())); outcome.HasFailed()) return outcome;
+    if (options.json.empty()) return Outcome::Done();
+    return WriteOutput(options.json, WriteJson(options, content.Get(), warnings));
 }
 
 } // namespace workbench::cli

@@ -1,14 +1,16 @@
 // info, materials and record: looking at a model without assessing it.
 #include "workbench/app/MaterialTable.h"
-#include "workbench/app/ModelInput.h"
 #include "workbench/app/Quantities.h"
 #include "workbench/app/SchemaView.h"
 #include "workbench/app/Text.h"
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Waiting.h"
+#include "workbench/cli/JsonText.h"
+#include "workbench/cli/Opening.h"
 
+#include "lca/LifeCycleModules.h"
 #include "lca/Numbers.h"
+#include "lca/RecordEncodings.h"
 
 #include <nlohmann/json.hpp>
 
@@ -76,11 +78,8 @@ MaterialCells ReadMaterialCells(const Model& model, const host::BuildingMaterial
     cells.gwp = lca::DecodeMaterialGWP(GetMaterialGWPText(model, material.index));
     if (material.densityKgM3 > 0.0) cells.density = lca::WriteDecimal(material.densityKgM3);
     cells.unit = GetMaterialUnit(model, material.index);
-    const Model::Values* values = model.FindMaterialValues(material.index);
-    const host::PropertyDefinition* life = FindLCADefinition(model, lca::PropertyKey::ServiceYear);
-    if (values == nullptr || life == nullptr) return cells;
-    if (const auto value = values->find(life->guid); value != values->end() && value->second.integer > 0)
-        cells.serviceLife = std::to_string(value->second.integer);
+    const host::Variant* life = FindMaterialValue(model, material.index, lca::PropertyKey::ServiceYear);
+    if (life != nullptr && life->integer > 0) cells.serviceLife = std::to_string(life->integer);
     return cells;
 }
 
@@ -110,14 +109,17 @@ std::vector<MaterialCells> ListMaterialCells(const Model& model) {
 
 /// Empty where every material has one number or none: the table then has one GWP column.
 std::vector<std::string> ListPhaseColumns(const std::vector<MaterialCells>& materials) {
-    for (const MaterialCells& cells : materials)
-        if (!cells.gwp.byPhase.empty()) return {"A1-A3", "A4", "B1", "C1", "C2", "C3", "C4", "D"};
-    return {};
+    std::vector<std::string> columns;
+    if (std::any_of(materials.begin(), materials.end(), [](const auto& cells) { return !cells.gwp.byPhase.empty(); }))
+        for (const lca::LifeCycleModule& module : lca::LifeCycleModules)
+            columns.emplace_back(module.code);
+    return columns;
 }
 
 std::string GetFirstUsedPhase(const Model& model) {
     std::vector<std::string> phases = ReadRecord(model).usedPhases;
-    return phases.empty() ? "A1-A3" : *std::min_element(phases.begin(), phases.end());
+    return phases.empty() ? std::string(lca::LifeCycleModules.front().code)
+                          : *std::min_element(phases.begin(), phases.end());
 }
 
 void AddOpenings(const Model& model, host::ElementType type, const char* appliesTo, const std::string& noGWP,
@@ -134,38 +136,30 @@ void AddOpenings(const Model& model, host::ElementType type, const char* applies
             .append(";;\n");
 }
 
-std::string DescribeReading(lca::PropertyKey key, const lca::StoredValue& stored) {
+/// The stored value as the add-on reads it.
+std::string DescribeReading(const lca::PropertyKeyRow& row, const std::optional<lca::StoredValue>& stored,
+                            const std::string& description) {
     lca::LCAProjectData record;
     lca::BeginLoad(record);
-    lca::ReadStoredValue(key, stored, record);
-    lca::StoredValue again = stored;
-    lca::WriteStoredValue(key, record, again);
-    switch (lca::GetStoredKind(key)) {
-    case lca::StoredKind::Integer:
-        return std::to_string(again.integer);
-    case lca::StoredKind::Real:
-        return lca::WriteDecimal(again.real);
-    case lca::StoredKind::Text:
-        break;
-    }
-    if (key != lca::PropertyKey::GWPStandards) return again.text;
-    const std::string_view unit = lca::GetKeyText(record.standardsUnit);
-    return again.text + " [" + (unit.empty() ? "GWP_KG_M2_A" : std::string(unit)) + "]";
+    if (stored) lca::ReadStoredValue(row.key, *stored, description, record);
+    const std::string reading = lca::WriteStoredText(row.encode(record));
+    return row.key == lca::PropertyKey::GWPStandards
+               ? reading + " [" + std::string(lca::GetKeyText(record.standardsUnit)) + "]"
+               : reading;
 }
 
 } // namespace
 
 Outcome RunInfo(const std::string& path) {
-    ModelInput input;
-    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
-    const Model& model = input.project->model;
+    const Result<OpenedModel> opened = OpenModel(path);
+    if (opened.HasFailed()) return opened;
+    const Model& model = opened.Get().GetModel();
     std::string text = path + "\n";
-    if (input.building) text += DescribeBuilding(*input.building);
+    if (const auto& building = opened.Get().GetBuilding()) text += DescribeBuilding(*building);
     text.append("\n").append(ListElements(model)).append("\n").append(ListMaterials(model));
-    std::vector<std::string> missing = input.warnings;
-    if (input.building)
-        for (std::string& finding : ListFindings(*input.building))
-            missing.push_back(std::move(finding));
+    std::vector<std::string> missing = opened.Get().GetWarnings();
+    for (std::string& finding : opened.Get().ListFindings())
+        missing.push_back(std::move(finding));
     if (!missing.empty()) text += "\nMissing or doubtful:\n";
     for (const std::string& finding : missing)
         text += "  " + finding + "\n";
@@ -173,9 +167,9 @@ Outcome RunInfo(const std::string& path) {
 }
 
 Outcome RunMaterials(const std::string& path, const std::string& output) {
-    ModelInput input;
-    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
-    const Model& model = input.project->model;
+    const Result<OpenedModel> opened = OpenModel(path);
+    if (opened.HasFailed()) return opened;
+    const Model& model = opened.Get().GetModel();
     const std::vector<MaterialCells> materials = ListMaterialCells(model);
     const std::vector<std::string> phases = ListPhaseColumns(materials);
     std::string gwpColumns = phases.empty() ? "gwp" : "";
@@ -202,32 +196,33 @@ Outcome RunMaterials(const std::string& path, const std::string& output) {
 }
 
 Outcome RunRecord(const std::string& path, const std::string& jsonPath) {
-    if (!IsProjectFile(path)) return Failure{UsageError, path + ": a record is kept in a project file (.kvp)"};
-    ModelInput input;
-    if (Outcome failure = ReadModel(path, KeepChanges::InMemory, input)) return failure;
+    if (!IsProjectFile(path)) return Failure::Usage(path + ": a record is kept in a project file (.kvp)");
+    const Result<OpenedModel> opened = OpenModel(path);
+    if (opened.HasFailed()) return opened;
     Rows rows = {{"Key", "Property", "Stored", "Read as"}};
     nlohmann::ordered_json json = nlohmann::ordered_json::array();
-    for (std::size_t i = lca::FirstProjectKey; i < lca::PropertyKeyCount; ++i) {
-        const auto key = static_cast<lca::PropertyKey>(i);
-        const host::PropertyDefinition* definition = FindLCADefinition(input.project->model, key);
-        const std::string name(lca::GetKeyText(key));
+    for (const lca::PropertyKeyRow& row : lca::GetPropertyKeys()) {
+        if (!lca::IsProjectKey(row.key)) continue;
+        const host::PropertyDefinition* definition = FindLCADefinition(opened.Get().GetModel(), row.key);
+        const std::string name(row.text);
         if (definition == nullptr) {
             rows.push_back({name, "-", "-", "-"});
             json.push_back({{"key", name}, {"stored", nullptr}, {"read_as", nullptr}});
             continue;
         }
-        const std::string stored = WriteStoredText(key, *definition);
-        const std::string reading = DescribeReading(key, GetStoredValue(*definition));
-        rows.push_back({name, definition->name, stored, reading});
+        const std::optional<lca::StoredValue> value = definition->defaultValue.GetPlain();
+        const std::optional<std::string> stored = value ? std::optional(lca::WriteStoredText(*value)) : std::nullopt;
+        const std::string reading = DescribeReading(row, value, definition->description);
+        rows.push_back({name, definition->name, stored.value_or("-"), reading});
         json.push_back({{"key", name},
                         {"property", definition->name},
                         {"description", definition->description},
-                        {"stored", stored},
+                        {"stored", stored ? nlohmann::ordered_json(*stored) : nlohmann::ordered_json()},
                         {"read_as", reading}});
     }
     if (jsonPath.empty())
         return WriteOutput({}, AlignColumns(rows, {Align::Left, Align::Left, Align::Left, Align::Left}));
-    return WriteOutput(jsonPath, json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n");
+    return WriteOutput(jsonPath, WriteJsonText(json));
 }
 
 } // namespace workbench::cli

@@ -1,10 +1,9 @@
 // share and teamwork: members of a project, and who holds its settings.
-#include "workbench/app/Membership.h"
-#include "workbench/app/ModelInput.h"
-#include "workbench/app/Session.h"
+#include "text/Utf8.h"
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
-#include "workbench/cli/Waiting.h"
+#include "workbench/cli/Opening.h"
+#include "workbench/cli/Options.h"
 #include "workbench/text/Letters.h"
 
 #include <algorithm>
@@ -13,21 +12,17 @@ namespace workbench::cli {
 
 namespace {
 
-std::string Trim(const std::string& text) {
-    const std::size_t first = text.find_first_not_of(" \t");
-    return first == std::string::npos ? std::string() : text.substr(first, text.find_last_not_of(" \t") + 1 - first);
-}
-
-Outcome ParseMember(const std::string& argument, Member& member) {
+Result<Member> ParseMember(const std::string& argument) {
     const std::size_t separator = argument.find(';');
-    member.login = Trim(argument.substr(0, separator));
-    member.fullName = separator == std::string::npos ? std::string() : Trim(argument.substr(separator + 1));
-    const std::string start = "--member \"" + argument + "\": ";
-    if (!IsUtf8(argument)) return Failure{UsageError, start + "the text is not UTF-8"};
-    if (member.login.empty()) return Failure{UsageError, start + "a member is \"login;Full Name\""};
+    Member member;
+    member.login = utf8::Trim(std::string_view(argument).substr(0, separator));
+    if (separator != std::string::npos) member.fullName = utf8::Trim(std::string_view(argument).substr(separator + 1));
+    const auto fail = [&](const char* reason) { return Failure::Usage("--member \"" + argument + "\": " + reason); };
+    if (!utf8::IsUtf8(argument)) return fail("the text is not UTF-8");
+    if (member.login.empty()) return fail("a member is \"login;Full Name\"");
     if (member.fullName.find(';') != std::string::npos)
-        return Failure{UsageError, start + "a member has one \";\", between login and full name"};
-    return {};
+        return fail("a member has one \";\", between login and full name");
+    return member;
 }
 
 /// Adds the members whose logins are new; a login that is there already, or comes twice, is refused.
@@ -38,11 +33,11 @@ Outcome AddMembers(const std::vector<Member>& added, Model& model) {
     for (Member member : added) {
         for (const Member& other : model.members)
             if (FoldCase(other.login) == FoldCase(member.login))
-                return Failure{UsageError, "--member \"" + member.login + "\": the project has a member of this login"};
+                return Failure::Usage("--member \"" + member.login + "\": the project has a member of this login");
         member.userId = ++lastId;
         model.members.push_back(std::move(member));
     }
-    return {};
+    return Outcome::Done();
 }
 
 std::string ListMembers(const Model& model) {
@@ -52,42 +47,45 @@ std::string ListMembers(const Model& model) {
     return AlignColumns(rows, {Align::Left, Align::Left});
 }
 
-Outcome OpenShared(const std::string& file, ModelInput& input) {
-    if (!IsProjectFile(file)) return Failure{UsageError, file + ": members are kept in a project file (.kvp)"};
-    return ReadModel(file, KeepChanges::InFile, input);
+Result<OpenedModel> OpenShared(const std::string& file) {
+    if (!IsProjectFile(file)) return Failure::Usage(file + ": members are kept in a project file (.kvp)");
+    return OpenModel(file, file);
 }
 
 } // namespace
 
 Outcome RunShare(const std::string& file, const std::vector<std::string>& arguments) {
-    std::vector<Member> members(arguments.size());
-    for (std::size_t i = 0; i < arguments.size(); ++i)
-        if (Outcome failure = ParseMember(arguments[i], members[i])) return failure;
-    ModelInput input;
-    if (Outcome failure = OpenShared(file, input)) return failure;
-    Outcome refusal;
-    const bool isKept = input.project->ChangeTeamwork([&] {
-        refusal = AddMembers(members, input.project->model);
-        return !refusal;
+    std::vector<Member> members;
+    for (const std::string& argument : arguments) {
+        Result<Member> member = ParseMember(argument);
+        if (member.HasFailed()) return member;
+        members.push_back(member.Take());
+    }
+    const Result<OpenedModel> opened = OpenShared(file);
+    if (opened.HasFailed()) return opened;
+    Project& project = opened.Get().GetProject();
+    Outcome added = Outcome::Done();
+    Outcome kept = project.ChangeTeamwork([&] {
+        added = AddMembers(members, project.model);
+        return !added.HasFailed();
     });
-    if (refusal) return refusal;
-    if (!isKept) return Failure{OutputUnwritable, input.project->GetStoreFailure()};
-    return WriteOutput({}, ListMembers(input.project->model));
+    if (added.HasFailed()) return added;
+    if (kept.HasFailed()) return kept;
+    return WriteOutput({}, ListMembers(project.model));
 }
 
 Outcome RunTeamwork(const TeamworkOptions& options) {
-    ModelInput input;
-    if (Outcome failure = OpenShared(options.project, input)) return failure;
-    if (!input.project->model.IsShared())
-        return Failure{UsageError, options.project + " is not shared; share it with kelvarnix share"};
-    Session session;
+    Result<OpenedModel> opened = OpenShared(options.project);
+    if (opened.HasFailed()) return opened;
+    OpenedModel& model = opened.Get();
+    if (!model.GetModel().IsShared())
+        return Failure::Usage(options.project + " is not shared; share it with kelvarnix share");
     const Purpose purpose = options.sets.empty() ? Purpose::Reading : Purpose::Changing;
-    if (Outcome failure =
-            session.StartAs(std::move(input.project), host::ProjectEvent::Open, options.project, options.as, purpose))
-        return failure;
+    if (Outcome outcome = StartAs(model, options.as, purpose); outcome.HasFailed()) return outcome;
+    Session& session = model.GetSession();
     session.GetHost().TurnEventLoop();
     for (const std::string& set : options.sets)
-        if (Outcome failure = session.PressTeamworkButton(set)) return failure;
+        if (Outcome outcome = session.PressTeamworkButton(set); outcome.HasFailed()) return outcome;
     std::vector<std::vector<std::string>> rows = {{"Settings", "Status"}};
     for (const char* set : {host::BuildingMaterialsSet, host::ClassificationsAndPropertiesSet})
         rows.push_back({set, session.ReadTeamworkStatus(set)});

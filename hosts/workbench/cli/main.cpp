@@ -11,13 +11,11 @@ namespace workbench::cli {
 
 Outcome WriteOutput(const std::string& path, const std::string& text) {
     if (path.empty() || path == "-") {
-        const bool isWritten =
-            std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0;
-        return isWritten ? Outcome()
-                         : Failure{OutputUnwritable, "standard output cannot be written; check where it goes"};
+        if (std::fwrite(text.data(), 1, text.size(), stdout) == text.size() && std::fflush(stdout) == 0)
+            return Outcome::Done();
+        return Failure::Output("standard output cannot be written; check where it goes");
     }
-    if (WriteFile(path, text)) return {};
-    return Failure{OutputUnwritable, path + ": the file cannot be written; check the folder, its rights and the disk"};
+    return WriteFile(path, text);
 }
 
 void PrintNote(const std::string& sentence) {
@@ -43,10 +41,14 @@ struct Arguments {
     std::string json;
 };
 
+void AddModel(CLI::App& command, std::string& path) {
+    command.add_option("MODEL", path, "The building: an .ifc or a .kvp file")->required();
+}
+
 void AddAssess(CLI::App& app, Arguments& arguments) {
     AssessOptions& options = arguments.assess;
     CLI::App* command = app.add_subcommand("assess", "Assess a building and print its category table");
-    command->add_option("MODEL", options.model, "The building: an .ifc or a .kvp file")->required();
+    AddModel(*command, options.model);
     command->add_option("--materials", options.materials, "Material table (CSV): GWP of materials, doors and windows");
     command->add_option("--set", options.sets, "KEY=VALUE: a setting of the project record")->allow_extra_args(false);
     command->add_option("--settings", options.settings, "Settings file: lines KEY = VALUE, # comments");
@@ -69,7 +71,7 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
 
 void AddEnergy(CLI::App& app, EnergyOptions& options) {
     CLI::App* command = app.add_subcommand("energy", "Send an energy evaluation's results to the project");
-    command->add_option("MODEL", options.model, "The building: an .ifc or a .kvp file")->required();
+    AddModel(*command, options.model);
     command->add_option("--export", options.data, "Send this XML document; without it the export targets are listed");
     command->add_option("--target", options.target, "Menu text of the export, such as \"Export to Kelvarnix\"");
     command->add_option("--save", options.save, "Save to this .kvp file instead of changing the model's own");
@@ -81,7 +83,7 @@ void AddEnergy(CLI::App& app, EnergyOptions& options) {
 
 void AddMaterialReport(CLI::App& app, MaterialReportOptions& options) {
     CLI::App* command = app.add_subcommand("report-materials", "Embodied carbon by layer and building material");
-    command->add_option("MODEL", options.model, "The building: an .ifc or a .kvp file")->required();
+    AddModel(*command, options.model);
     command->add_option("--place", options.place, "X,Y: place the report object there on the floor plan (metres)");
     command->add_option("--favorite", options.favorite, "Settings of this favourite for the placed object");
     command->add_option("--save", options.save, "Save the project to this .kvp file");
@@ -113,12 +115,9 @@ void AddDrawing(CLI::App& app, Arguments& arguments) {
 }
 
 void AddOverviews(CLI::App& app, Arguments& arguments) {
-    const auto addModel = [&](CLI::App* command) {
-        command->add_option("MODEL", arguments.model, "The building: an .ifc or a .kvp file")->required();
-    };
-    addModel(app.add_subcommand("info", "Elements, materials and what is missing"));
+    AddModel(*app.add_subcommand("info", "Elements, materials and what is missing"), arguments.model);
     CLI::App* materials = app.add_subcommand("materials", "A material table of this model to fill in");
-    addModel(materials);
+    AddModel(*materials, arguments.model);
     materials->add_option("--out", arguments.output, "Write the table to this file");
     CLI::App* record = app.add_subcommand("record", "Every stored setting of a project and what it is read as");
     record->add_option("PROJECT", arguments.model, "A .kvp file")->required();
@@ -155,12 +154,11 @@ int Run(int argc, char** argv) {
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);
         std::fprintf(stderr, "kelvarnix: %s; see kelvarnix --help\n", error.what());
-        return UsageError;
+        return static_cast<int>(ExitCode::Usage);
     }
-    const Outcome failure = RunCommand(app, arguments);
-    if (!failure) return Done;
-    std::fprintf(stderr, "kelvarnix: %s\n", failure->sentence.c_str());
-    return failure->code;
+    const Outcome outcome = RunCommand(app, arguments);
+    if (outcome.HasFailed()) std::fprintf(stderr, "kelvarnix: %s\n", outcome.GetText().c_str());
+    return static_cast<int>(outcome.GetCode());
 }
 
 } // namespace
@@ -173,5 +171,5 @@ int main(int argc, char** argv) {
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "kelvarnix: the program cannot go on (%s); free memory and try again\n", failure.what());
     }
-    return workbench::InputUnreadable;
+    return static_cast<int>(workbench::ExitCode::Input);
 }

@@ -1,6 +1,7 @@
 #include "workbench/dialogs/DialogManager.h"
 
 #include "lca/Numbers.h"
+#include "text/Utf8.h"
 
 #include <algorithm>
 #include <cmath>
@@ -10,17 +11,6 @@ namespace workbench {
 namespace {
 
 constexpr std::int16_t CancelItem = 2;
-
-/// limit 0 is without limit; never splits a character of several bytes.
-std::string CutToCharacters(const std::string& text, std::size_t limit) {
-    if (limit == 0) return text;
-    std::size_t characters = 0;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        const bool startsCharacter = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
-        if (startsCharacter && ++characters > limit) return text.substr(0, i);
-    }
-    return text;
-}
 
 bool IsWholeNumber(const std::string& text) {
     const std::optional<double> value = lca::ParseDecimal(text);
@@ -120,7 +110,7 @@ bool DialogManager::Press(host::DialogId dialog, std::int16_t item) {
     if (FindUsable(dialog, item) == nullptr) return false;
     const std::int16_t answer = Send(host::DialogMessage::Click, dialog, item);
     DialogState* state = dialogs.Find(dialog);
-    if (state != nullptr && state->isModal && answer == item) state->closedBy = item;
+    if (state != nullptr && state->isModal && answer != 0) state->closedBy = answer;
     return true;
 }
 
@@ -231,7 +221,7 @@ ItemState* DialogManager::FindUsable(host::DialogId dialog, std::int16_t item) {
 bool DialogManager::TypeInto(host::DialogId dialog, std::int16_t item, ItemState& state, const std::string& text) {
     switch (state.kind) {
     case Resources::ItemKind::TextEdit:
-        state.text = CutToCharacters(text, state.maximumLength);
+        state.text = state.maximumLength == 0 ? text : std::string(utf8::CutToCharacters(text, state.maximumLength));
         break;
     case Resources::ItemKind::RealEdit:
         if (!lca::ParseDecimal(text)) return false;

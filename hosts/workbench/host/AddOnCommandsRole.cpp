@@ -19,7 +19,7 @@ host::ErrorCode AddOnCommandsRole::ReadParameter(host::ParameterListId list, con
                                                  host::CommandParameter& parameter) {
     host::CommandParameter::Value* value = nullptr;
     const host::ErrorCode error = Find(list, name, value);
-    if (error == host::NoError) parameter = {name, *value};
+    if (value != nullptr) parameter = {name, *value};
     return error;
 }
 
@@ -27,7 +27,7 @@ host::ErrorCode AddOnCommandsRole::ChangeParameter(host::ParameterListId list,
                                                    const host::CommandParameter& parameter) {
     host::CommandParameter::Value* value = nullptr;
     const host::ErrorCode error = Find(list, parameter.name, value);
-    if (error == host::NoError) *value = parameter.value;
+    if (value != nullptr) *value = parameter.value;
     return error;
 }
 

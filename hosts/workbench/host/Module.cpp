@@ -13,32 +13,32 @@ Function FindExport(void* library, const char* name) {
 
 } // namespace
 
-std::string Module::Load(const std::filesystem::path& file) {
+Outcome Module::Load(const std::filesystem::path& file) {
     Unload();
     name = file.string();
     library = dlopen(name.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (library == nullptr)
-        return name + ": the add-on cannot be loaded (" + dlerror() + "); build it or name another one";
+        return Failure::Input(name + ": the add-on cannot be loaded (" + dlerror() + "); build it or name another one");
     const auto setImported = FindExport<host::SetImportedFunctions>(library, host::SetImportedFunctionsName);
     const auto getExported = FindExport<host::GetExportedFunctions>(library, host::GetExportedFunctionsName);
     if (setImported == nullptr || getExported == nullptr)
-        return name + ": this library is no add-on: it lacks the exports of one";
+        return Failure::Input(name + ": this library is no add-on: it lacks the exports of one");
     imported = {};
     imported.host = &host;
     exported = {};
     host::ErrorCode error(setImported(&imported));
     if (error == host::NoError) error = host::ErrorCode(getExported(&exported));
     if (error != host::NoError)
-        return name + ": the add-on was built for another version of the host (" + host::WriteErrorCode(error) +
-               "); build both anew";
-    return {};
+        return Failure::Input(name + ": the add-on was built for another version of the host (" +
+                              host::WriteErrorCode(error) + "); build both anew");
+    return Outcome::Done();
 }
 
-std::string Module::Start() {
+Outcome Module::Start() {
     environment = {};
     environment.applicationCode = host::ArchiCADApplicationCode;
     if (exported.checkEnvironment(environment) == host::AddOnType::DoNotRegister)
-        return name + ": the add-on does not want to run in this host";
+        return Failure::Input(name + ": the add-on does not want to run in this host");
     host.registration.SetPhase(RegistrationRole::Phase::Registering, exported.moduleId);
     host::ErrorCode error = exported.registerInterface();
     if (error == host::NoError) {
@@ -46,9 +46,10 @@ std::string Module::Start() {
         error = exported.initialise();
     }
     host.registration.SetPhase(RegistrationRole::Phase::Closed);
-    if (error != host::NoError) return name + ": the add-on could not be started (" + host::WriteErrorCode(error) + ")";
+    if (error != host::NoError)
+        return Failure::Input(name + ": the add-on could not be started (" + host::WriteErrorCode(error) + ")");
     isStarted = true;
-    return {};
+    return Outcome::Done();
 }
 
 void Module::Unload() {

@@ -3,6 +3,7 @@
 
 #include "host/Entry.h"
 #include "workbench/host/WorkbenchHost.h"
+#include "workbench/result/Result.h"
 
 #include <filesystem>
 #include <string>
@@ -16,10 +17,10 @@ public:
     Module(const Module&) = delete;
     Module& operator=(const Module&) = delete;
 
-    /// Loads the library and exchanges the tables. Empty on success, else one plain sentence.
-    [[nodiscard]] std::string Load(const std::filesystem::path& file);
-    /// Environment check, registration and initialisation in this order. Empty on success, else one plain sentence.
-    [[nodiscard]] std::string Start();
+    /// Loads the library and exchanges the tables.
+    Outcome Load(const std::filesystem::path& file);
+    /// Environment check, registration and initialisation in this order.
+    Outcome Start();
     /// Frees and unloads; harmless when nothing is loaded.
     void Unload();
 

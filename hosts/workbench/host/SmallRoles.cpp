@@ -1,6 +1,7 @@
 #include "workbench/host/SmallRoles.h"
 
 #include "resources/ResourceData.h"
+#include "text/Utf8.h"
 #include "workbench/text/Letters.h"
 
 #include <charconv>
@@ -53,7 +54,7 @@ std::string ResourcesRole::FormatCurrentTime(std::uint32_t) {
 }
 
 std::string ResourcesRole::ToLowerCase(const std::string& text) {
-    return FoldCase(text);
+    return workbench::ToLowerCase(text);
 }
 
 host::ErrorCode ModelRole::ListElements(host::ElementType type, host::ElementScope scope,
@@ -136,7 +137,7 @@ host::ErrorCode AttributesRole::ReadSurfaceColour(host::AttributeIndex index, ho
 }
 
 double TextMeasuringRole::MeasureWidth(const std::string& text) {
-    return painter == nullptr ? PlainLetterWidth * static_cast<double>(CountLetters(text))
+    return painter == nullptr ? PlainLetterWidth * static_cast<double>(utf8::CountCharacters(text))
                               : painter->MeasureWidth(text);
 }
 

@@ -60,7 +60,7 @@ host::ErrorCode TeamworkRole::Reserve(const host::Guid& lockableSet, host::HostD
     std::string setName;
     if (const host::ErrorCode error = CheckChange(lockableSet, setName)) return error;
     bool isMine = false;
-    const bool isKept = project->ChangeTeamwork([&] {
+    const Outcome kept = project->ChangeTeamwork([&] {
         Model& model = project->model;
         const std::int16_t holder = FindHolder(setName);
         isMine = holder == 0 || holder == access.userId;
@@ -75,7 +75,7 @@ host::ErrorCode TeamworkRole::Reserve(const host::Guid& lockableSet, host::HostD
         model.requests.push_back(request);
         return true;
     });
-    if (!isKept) return host::Errors::General;
+    if (kept.HasFailed()) return host::Errors::General;
     if (!isMine) return host::Errors::NoAccessRight;
     project->ReceiveChanges(); // from here on nobody else changes what the set guards
     return host::NoError;
@@ -85,14 +85,14 @@ host::ErrorCode TeamworkRole::Release(const host::Guid& lockableSet, host::HostD
     std::string setName;
     if (const host::ErrorCode error = CheckChange(lockableSet, setName)) return error;
     bool wasMine = false;
-    const bool isKept = project->ChangeTeamwork([&] {
+    const Outcome kept = project->ChangeTeamwork([&] {
         wasMine = FindHolder(setName) == access.userId;
         if (wasMine)
             std::erase_if(project->model.reservations,
                           [&](const Reservation& one) { return one.lockableSet == setName; });
         return wasMine;
     });
-    if (!isKept) return host::Errors::General;
+    if (kept.HasFailed()) return host::Errors::General;
     return wasMine ? host::NoError : host::Errors::NoAccessRight;
 }
 
@@ -130,7 +130,8 @@ void TeamworkRole::AnswerRequests() {
         if (access.userId == 0 || FindHolder(request.lockableSet) != access.userId) continue;
         const host::Guid guid = FindLockableSet(request.lockableSet);
         const LockableSet* set = FindSet(guid, opening);
-        project->ChangeTeamwork([&] { return std::erase(project->model.requests, request) > 0; });
+        // Not kept: the next turn asks again.
+        std::ignore = project->ChangeTeamwork([&] { return std::erase(project->model.requests, request) > 0; });
         const std::string question = GetMemberName(request.userId) + " asks you to release the " +
                                      (set == nullptr ? request.lockableSet : std::string(set->title)) + ".";
         if (alerts.Show({host::AlertType::Information, RequestAlertTitle, question, {}, {"Release", "Keep"}}) ==

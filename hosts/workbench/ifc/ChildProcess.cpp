@@ -16,7 +16,7 @@ extern char** environ;
 namespace workbench::ifc {
 namespace {
 
-constexpr int exitNotExecuted = 127;
+constexpr int ExitNotExecuted = 127;
 using Clock = std::chrono::steady_clock;
 
 void Limit(int resource, rlim_t value) {
@@ -31,22 +31,22 @@ void Limit(int resource, rlim_t value) {
 [[noreturn]] void BecomeChild(const ChildCommand& command, char* const* arguments, char* const* environment, int answer,
                               int nowhere, pid_t parent) {
     prctl(PR_SET_PDEATHSIG, SIGKILL);
-    if (getppid() != parent) _exit(exitNotExecuted);
+    if (getppid() != parent) _exit(ExitNotExecuted);
     sigset_t none;
     sigemptyset(&none);
     sigprocmask(SIG_SETMASK, &none, nullptr);
-    if (answer == answerDescriptor) {
+    if (answer == AnswerDescriptor) {
         fcntl(answer, F_SETFD, 0);
     } else {
-        dup2(answer, answerDescriptor);
+        dup2(answer, AnswerDescriptor);
     }
     for (int standard = 0; standard < 3; ++standard)
         dup2(nowhere, standard);
-    close_range(answerDescriptor + 1, ~0U, 0);
+    close_range(AnswerDescriptor + 1, ~0U, 0);
     Limit(RLIMIT_CORE, 0);
-    if (limitsAddressSpace && command.memoryBytes != 0) Limit(RLIMIT_AS, command.memoryBytes);
+    if (LimitsAddressSpace && command.memoryBytes != 0) Limit(RLIMIT_AS, command.memoryBytes);
     execve(arguments[0], arguments, environment);
-    _exit(exitNotExecuted);
+    _exit(ExitNotExecuted);
 }
 
 /// The child allocates millions of small objects and frees none: large pages and few requests halve its time.
@@ -111,7 +111,7 @@ public:
 
     [[nodiscard]] ChildReport Report() const {
         if (WIFSIGNALED(status)) return {ChildEnding::Killed, 0, WTERMSIG(status)};
-        if (WEXITSTATUS(status) == exitNotExecuted) return {ChildEnding::NotStarted, exitNotExecuted, 0};
+        if (WEXITSTATUS(status) == ExitNotExecuted) return {ChildEnding::NotStarted, ExitNotExecuted, 0};
         return {ChildEnding::Exited, WEXITSTATUS(status), 0};
     }
 

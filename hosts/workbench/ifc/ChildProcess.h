@@ -20,13 +20,13 @@
 namespace workbench::ifc {
 
 /// The file descriptor on which the child writes its answer.
-inline constexpr int answerDescriptor = 3;
+inline constexpr int AnswerDescriptor = 3;
 
 /// The address sanitizer maps terabytes, so a program that carries it gets no limit on its address space.
 #if defined(KELVARNIX_ADDRESS_SANITIZER)
-inline constexpr bool limitsAddressSpace = false;
+inline constexpr bool LimitsAddressSpace = false;
 #else
-inline constexpr bool limitsAddressSpace = true;
+inline constexpr bool LimitsAddressSpace = true;
 #endif
 
 struct ChildCommand {

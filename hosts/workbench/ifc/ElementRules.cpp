@@ -6,8 +6,8 @@
 namespace workbench::ifc {
 namespace {
 
-constexpr double largestQuantity = 1e7;
-constexpr double smallestVolumeM3 = 1e-12;
+constexpr double LargestQuantity = 1e7;
+constexpr double SmallestVolumeM3 = 1e-12;
 
 struct Sourced {
     double value = 0.0;
@@ -33,9 +33,9 @@ Sourced AreaStated(AreaRule rule, const StatedQuantities& stated) {
 }
 
 Sourced MeshVolume(const MeshQuantities& meshes, double totalThicknessM) {
-    if (meshes.closedVolumeM3 > smallestVolumeM3) return {meshes.closedVolumeM3, QuantitySource::Geometry};
+    if (meshes.closedVolumeM3 > SmallestVolumeM3) return {meshes.closedVolumeM3, QuantitySource::Geometry};
     const double shell = meshes.openSurfaceM2 * totalThicknessM;
-    if (shell > smallestVolumeM3) return {shell, QuantitySource::ShellThickness};
+    if (shell > SmallestVolumeM3) return {shell, QuantitySource::ShellThickness};
     return {};
 }
 
@@ -60,7 +60,7 @@ std::optional<double> StatedArea(AreaRule rule, const StatedQuantities& stated) 
 }
 
 std::optional<double> PlausibleQuantity(double value) {
-    return std::isfinite(value) && value > 0.0 && value <= largestQuantity ? std::optional(value) : std::nullopt;
+    return std::isfinite(value) && value > 0.0 && value <= LargestQuantity ? std::optional(value) : std::nullopt;
 }
 
 double TotalThicknessM(const MaterialUse& use) {
@@ -80,7 +80,7 @@ bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantiti
 
     const bool comparable = said.value > 0.0 && computed.source == QuantitySource::Geometry;
     const bool corrected =
-        comparable && (said.value > mostOff * computed.value || computed.value > mostOff * said.value);
+        comparable && (said.value > MostOff * computed.value || computed.value > MostOff * said.value);
     const Sourced volume = said.source != QuantitySource::None && !corrected ? said : computed;
     element.volumeM3 = volume.value;
     element.volumeSource = volume.source;

@@ -41,7 +41,7 @@ struct MaterialUse {
 };
 
 /// A stated volume may be off from the geometry's by this factor before it is believed to be in a wrong unit.
-inline constexpr double mostOff = 2.0;
+inline constexpr double MostOff = 2.0;
 
 /// The stated volume or area that counts, net before gross.
 [[nodiscard]] std::optional<double> StatedVolume(const StatedQuantities& stated);

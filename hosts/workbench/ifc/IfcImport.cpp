@@ -15,7 +15,7 @@ namespace {
 
 /// So often a reader that dies over one element's geometry is started again without it, before all geometry is given
 /// up.
-constexpr std::size_t mostSkipped = 12;
+constexpr std::size_t MostSkipped = 12;
 
 /// One import: the reader program, started again where an element's geometry kills it.
 class Import {
@@ -37,9 +37,9 @@ public:
                 return Finish(std::move(*answer.Building()));
             }
             const bool died = report.ending == ChildEnding::Killed ||
-                              (report.ending == ChildEnding::Exited && report.exitCode != exitDone);
+                              (report.ending == ChildEnding::Exited && report.exitCode != ExitDone);
             if (!died || !answer.Working() || withoutGeometry) return Explain(report, answer);
-            withoutGeometry = skipped.size() == mostSkipped;
+            withoutGeometry = skipped.size() == MostSkipped;
             skipped.push_back(*answer.Working());
         }
     }
@@ -56,7 +56,7 @@ private:
             return StepProblem{ImportError::NotReadable, "is a folder", "Give the .ifc file in it."};
         }
         std::ifstream stream(file, std::ios::binary);
-        std::string start(headerLimit, '\0');
+        std::string start(HeaderLimit, '\0');
         stream.read(start.data(), static_cast<std::streamsize>(start.size()));
         if (stream.bad() || (stream.gcount() == 0 && !stream.eof())) {
             return StepProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
@@ -85,7 +85,7 @@ private:
                 "The geometry of too many elements cannot be computed; only stated quantities are used.");
         }
         if (progress && !progress(1.0)) cancelled = true;
-        return cancelled ? Cancel() : ImportResult::Success(std::move(building));
+        return cancelled ? Cancel() : ImportResult(std::move(building));
     }
 
     ImportResult Explain(const ChildReport& report, const AnswerReader& answer) {
@@ -97,7 +97,7 @@ private:
             return Fail(ImportError::OutOfTime, "could not be read within " + std::to_string(Seconds()) + " seconds",
                         "Export a smaller part of the model, or allow more time.");
         case ChildEnding::Exited:
-            if (report.exitCode == exitOutOfMemory) return OutOfMemory();
+            if (report.exitCode == ExitOutOfMemory) return OutOfMemory();
             break;
         case ChildEnding::Killed:
             if (report.signal == SIGKILL) return OutOfMemory();
@@ -120,9 +120,9 @@ private:
     }
 
     ImportResult NoReader() {
-        return ImportResult::Failure(ImportError::ReaderMissing,
-                                     file.string() + " could not be read: the program " + reader.string() +
-                                         " cannot be started; build or install it beside the calling program");
+        return ImportResult(ImportError::ReaderMissing,
+                            file.string() + " could not be read: the program " + reader.string() +
+                                " cannot be started; build or install it beside the calling program");
     }
 
     ImportResult Cancel() { return Fail(ImportError::Cancelled, "was not read", "The import was stopped."); }
@@ -132,7 +132,7 @@ private:
     ImportResult Fail(ImportError code, const std::string& what, std::string advice) {
         if (!advice.empty() && advice.front() >= 'A' && advice.front() <= 'Z') advice.front() += 'a' - 'A';
         if (!advice.empty() && advice.back() == '.') advice.pop_back();
-        return ImportResult::Failure(code, file.string() + " " + what + "; " + advice);
+        return ImportResult(code, file.string() + " " + what + "; " + advice);
     }
 
     [[nodiscard]] long long Seconds() const {
@@ -151,19 +151,6 @@ private:
 };
 
 } // namespace
-
-ImportResult ImportResult::Success(ImportedBuilding building) {
-    ImportResult result;
-    result.building = std::move(building);
-    return result;
-}
-
-ImportResult ImportResult::Failure(ImportError code, std::string sentence) {
-    ImportResult result;
-    result.code = code;
-    result.sentence = std::move(sentence);
-    return result;
-}
 
 std::filesystem::path DefaultReaderProgram() {
     std::error_code failure;

@@ -6,10 +6,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
-#include <optional>
 #include <string>
 
 #include "workbench/ifc/ImportedBuilding.h"
+#include "workbench/result/Result.h"
 
 namespace workbench::ifc {
 
@@ -31,23 +31,16 @@ enum class ImportError : std::uint8_t {
     Cancelled
 };
 
-/// Either a building or one plain sentence with the file's name, what is wrong and what to do.
-class [[nodiscard]] ImportResult {
+/// A building, or one plain sentence with the file's name, what is wrong and what to do.
+class [[nodiscard]] ImportResult : public Result<ImportedBuilding> {
 public:
-    static ImportResult Success(ImportedBuilding building);
-    static ImportResult Failure(ImportError code, std::string sentence);
+    ImportResult(ImportedBuilding building) : Result(std::move(building)) {}
+    ImportResult(ImportError error, std::string sentence) : Result(Failure::Input(std::move(sentence))), error(error) {}
 
-    [[nodiscard]] bool IsOk() const { return building.has_value(); }
-    [[nodiscard]] ImportError Code() const { return code; }
-    [[nodiscard]] const std::string& Sentence() const { return sentence; }
-    /// Only where IsOk.
-    [[nodiscard]] const ImportedBuilding& Building() const& { return *building; }
-    [[nodiscard]] ImportedBuilding&& TakeBuilding() && { return std::move(*building); }
+    [[nodiscard]] ImportError GetError() const { return error; }
 
 private:
-    std::optional<ImportedBuilding> building;
-    ImportError code = ImportError::None;
-    std::string sentence;
+    ImportError error = ImportError::None;
 };
 
 /// Called now and then with the finished share, 0 to 1, never decreasing; false stops the import.

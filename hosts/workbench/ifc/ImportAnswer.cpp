@@ -8,7 +8,7 @@
 namespace workbench::ifc {
 namespace {
 
-constexpr std::string_view magic = "KVIF";
+constexpr std::string_view Magic = "KVIF";
 
 std::uint64_t Checksum(std::string_view bytes) {
     std::uint64_t sum = 0xcbf29ce484222325ULL;
@@ -176,11 +176,11 @@ private:
 };
 
 bool IsKnown(ElementKind kind) {
-    constexpr ElementKind kinds[] = {
+    constexpr ElementKind Kinds[] = {
         ElementKind::Wall,   ElementKind::Column,   ElementKind::Beam,  ElementKind::Window, ElementKind::Door,
         ElementKind::Object, ElementKind::Slab,     ElementKind::Roof,  ElementKind::Mesh,   ElementKind::CurtainWall,
         ElementKind::Shell,  ElementKind::Skylight, ElementKind::Morph, ElementKind::Stair,  ElementKind::Railing};
-    return std::find(std::begin(kinds), std::end(kinds), kind) != std::end(kinds);
+    return std::find(std::begin(Kinds), std::end(Kinds), kind) != std::end(Kinds);
 }
 
 bool IsSound(const ImportedElement& element, const ImportedBuilding& building) {
@@ -201,8 +201,8 @@ bool IsSound(const ImportedBuilding& building) {
 }
 
 std::string Frame(FrameKind kind, std::string_view payload) {
-    std::string frame(magic);
-    PutNumber(frame, answerVersion);
+    std::string frame(Magic);
+    PutNumber(frame, AnswerVersion);
     PutNumber(frame, static_cast<std::uint16_t>(kind));
     PutNumber(frame, static_cast<std::uint64_t>(payload.size()));
     PutNumber(frame, Checksum(payload));
@@ -246,18 +246,18 @@ bool AnswerReader::Take(std::string_view piece) {
 bool AnswerReader::TakeFrames() {
     std::size_t at = 0;
     const std::string_view all = pending;
-    while (all.size() - at >= frameHeaderSize) {
-        const std::string_view header = all.substr(at, frameHeaderSize);
+    while (all.size() - at >= FrameHeaderSize) {
+        const std::string_view header = all.substr(at, FrameHeaderSize);
         const auto length = GetNumber<std::uint64_t>(header.substr(8));
-        if (header.substr(0, 4) != magic || GetNumber<std::uint16_t>(header.substr(4)) != answerVersion ||
-            length > longestPayload) {
+        if (header.substr(0, 4) != Magic || GetNumber<std::uint16_t>(header.substr(4)) != AnswerVersion ||
+            length > LongestPayload) {
             return false;
         }
-        if (all.size() - at - frameHeaderSize < length) break;
-        const std::string_view payload = all.substr(at + frameHeaderSize, length);
+        if (all.size() - at - FrameHeaderSize < length) break;
+        const std::string_view payload = all.substr(at + FrameHeaderSize, length);
         if (Checksum(payload) != GetNumber<std::uint64_t>(header.substr(16))) return false;
         if (!TakePayload(static_cast<FrameKind>(GetNumber<std::uint16_t>(header.substr(6))), payload)) return false;
-        at += frameHeaderSize + length;
+        at += FrameHeaderSize + length;
     }
     pending.erase(0, at);
     return true;

@@ -3,7 +3,7 @@
 //
 //   offset  size
 //   0       4     "KVIF"
-//   4       2     version of the format, answerVersion
+//   4       2     version of the format, AnswerVersion
 //   6       2     kind, FrameKind
 //   8       8     length of the payload
 //   16      8     FNV-1a (64 bits) of the payload
@@ -25,17 +25,17 @@
 
 namespace workbench::ifc {
 
-inline constexpr std::uint16_t answerVersion = 1;
-inline constexpr std::size_t frameHeaderSize = 24;
-inline constexpr std::uint64_t longestPayload = std::uint64_t(1) << 31;
+inline constexpr std::uint16_t AnswerVersion = 1;
+inline constexpr std::size_t FrameHeaderSize = 24;
+inline constexpr std::uint64_t LongestPayload = std::uint64_t(1) << 31;
 
 enum class FrameKind : std::uint16_t { Progress = 1, Working = 2, Refused = 3, Building = 4 };
 
 /// Exit codes of the reader program.
-inline constexpr int exitDone = 0;
-inline constexpr int exitUsage = 2;
-inline constexpr int exitNoAnswerPipe = 3;
-inline constexpr int exitOutOfMemory = 71;
+inline constexpr int ExitDone = 0;
+inline constexpr int ExitUsage = 2;
+inline constexpr int ExitNoAnswerPipe = 3;
+inline constexpr int ExitOutOfMemory = 71;
 
 [[nodiscard]] std::string EncodeProgress(double share);
 [[nodiscard]] std::string EncodeWorking(std::int32_t entity);

@@ -27,9 +27,9 @@ enum class QuantitySource : std::uint8_t {
 
 /// The name of the component's material where the file gives an element none; exactly one entry of
 /// ImportedBuilding::materials carries it, and only where it is used.
-inline constexpr const char* noMaterialName = "(no material)";
+inline constexpr const char* NoMaterialName = "(no material)";
 /// The layer of elements that the file puts on no presentation layer.
-inline constexpr const char* noLayerName = "(no layer)";
+inline constexpr const char* NoLayerName = "(no layer)";
 
 struct ImportedMaterial {
     std::string name;                     ///< UTF-8, unique in the building (equal names are one material)

@@ -1,55 +1,13 @@
 #include "workbench/ifc/StepString.h"
 
+#include "text/Utf8.h"
+
 #include <cstdint>
 #include <iconv.h>
 #include <optional>
 
 namespace workbench::ifc {
 namespace {
-
-constexpr char32_t replacement = 0xFFFD;
-
-void AppendUtf8(std::string& out, char32_t code) {
-    if (code > 0x10FFFF || (code >= 0xD800 && code <= 0xDFFF)) code = replacement;
-    if (code < 0x80) {
-        out += static_cast<char>(code);
-    } else if (code < 0x800) {
-        out += static_cast<char>(0xC0 | (code >> 6));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    } else if (code < 0x10000) {
-        out += static_cast<char>(0xE0 | (code >> 12));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    } else {
-        out += static_cast<char>(0xF0 | (code >> 18));
-        out += static_cast<char>(0x80 | ((code >> 12) & 0x3F));
-        out += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-        out += static_cast<char>(0x80 | (code & 0x3F));
-    }
-}
-
-/// Length of the UTF-8 sequence that starts TEXT, or none: overlong forms, surrogates and stray bytes are no sequence.
-std::optional<std::size_t> SequenceLength(std::string_view text) {
-    const auto byte = [&](std::size_t i) { return static_cast<unsigned char>(text[i]); };
-    const unsigned char first = byte(0);
-    const std::size_t length = first < 0x80 ? 1 : first < 0xC2 ? 0 : first < 0xE0 ? 2 : first < 0xF0 ? 3 : 4;
-    if (length == 0 || first > 0xF4 || text.size() < length) return std::nullopt;
-    for (std::size_t i = 1; i < length; ++i) {
-        if ((byte(i) & 0xC0) != 0x80) return std::nullopt;
-    }
-    if ((first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) > 0x9F)) return std::nullopt;
-    if ((first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) > 0x8F)) return std::nullopt;
-    return length;
-}
-
-bool IsUtf8(std::string_view text) {
-    while (!text.empty()) {
-        const auto length = SequenceLength(text);
-        if (!length) return false;
-        text.remove_prefix(*length);
-    }
-    return true;
-}
 
 std::optional<std::uint32_t> HexNumber(std::string_view digits) {
     std::uint32_t value = 0;
@@ -69,7 +27,7 @@ char32_t FromPage(char page, unsigned char byte) {
     if (page == '1' || byte < 0xA0) return byte;
     const std::string name = std::string("ISO-8859-") + page;
     const iconv_t converter = iconv_open("UTF-32LE", name.c_str());
-    if (converter == reinterpret_cast<iconv_t>(-1)) return replacement;
+    if (converter == reinterpret_cast<iconv_t>(-1)) return utf8::Replacement;
     char in = static_cast<char>(byte);
     unsigned char out[4] = {};
     char* inPlace = &in;
@@ -78,13 +36,13 @@ char32_t FromPage(char page, unsigned char byte) {
     std::size_t outLeft = sizeof out;
     const bool converted = iconv(converter, &inPlace, &inLeft, &outPlace, &outLeft) != static_cast<std::size_t>(-1);
     iconv_close(converter);
-    if (!converted) return replacement;
+    if (!converted) return utf8::Replacement;
     return out[0] | char32_t(out[1]) << 8 | char32_t(out[2]) << 16 | char32_t(out[3]) << 24;
 }
 
 class Decoder {
 public:
-    explicit Decoder(std::string_view coded) : rest(coded), utf8(IsUtf8(coded)) {}
+    explicit Decoder(std::string_view coded) : rest(coded), isUtf8(utf8::IsUtf8(coded)) {}
 
     std::string Run() {
         while (!rest.empty()) {
@@ -101,10 +59,10 @@ private:
     void TakeByte() {
         const auto byte = static_cast<unsigned char>(rest.front());
         rest.remove_prefix(1);
-        if (byte < 0x80 || utf8) {
+        if (byte < 0x80 || isUtf8) {
             out += static_cast<char>(byte);
         } else {
-            AppendUtf8(out, byte);
+            utf8::AppendCharacter(out, byte);
         }
     }
 
@@ -124,7 +82,7 @@ private:
 
     bool TakeShift() {
         if (!rest.starts_with("\\S\\") || rest.size() < 4 || static_cast<unsigned char>(rest[3]) >= 0x80) return false;
-        AppendUtf8(out, FromPage(page, static_cast<unsigned char>(rest[3] + 0x80)));
+        utf8::AppendCharacter(out, FromPage(page, static_cast<unsigned char>(rest[3] + 0x80)));
         rest.remove_prefix(4);
         return true;
     }
@@ -141,7 +99,7 @@ private:
         if (!rest.starts_with("\\X\\") || rest.size() < 5) return false;
         const auto code = HexNumber(rest.substr(3, 2));
         if (!code) return false;
-        AppendUtf8(out, *code);
+        utf8::AppendCharacter(out, *code);
         rest.remove_prefix(5);
         return true;
     }
@@ -161,7 +119,7 @@ private:
                     at += width;
                 }
             }
-            AppendUtf8(run, *code);
+            utf8::AppendCharacter(run, *code);
         }
         out += run;
         rest.remove_prefix(end + 4);
@@ -169,7 +127,7 @@ private:
     }
 
     std::string_view rest;
-    bool utf8;
+    bool isUtf8;
     char page = '1';
     std::string out;
 };

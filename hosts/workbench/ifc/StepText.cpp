@@ -9,10 +9,10 @@
 namespace workbench::ifc {
 namespace {
 
-constexpr const char* exportAgain = "Export it again from the program that made it.";
-constexpr std::size_t deepestNesting = 32;
+constexpr const char* ExportAgain = "Export it again from the program that made it.";
+constexpr std::size_t DeepestNesting = 32;
 /// Both schemas together have some 1500 kinds of entity.
-constexpr std::size_t mostKeywords = 4096;
+constexpr std::size_t MostKeywords = 4096;
 
 using CharTable = std::array<bool, 256>;
 
@@ -28,10 +28,10 @@ constexpr CharTable TableOf(std::string_view characters) {
 }
 
 /// Characters of a string that the library takes over unchanged.
-constexpr CharTable plainInString = TableOf(" _$.,:+-");
-constexpr CharTable plainInWord = TableOf("_");
+constexpr CharTable PlainInString = TableOf(" _$.,:+-");
+constexpr CharTable PlainInWord = TableOf("_");
 /// Characters between strings that are copied as they are.
-constexpr CharTable plainOutside = TableOf("_$.,+-#*=\"");
+constexpr CharTable PlainOutside = TableOf("_$.,+-#*=\"");
 
 bool Has(const CharTable& table, char c) {
     return table[static_cast<unsigned char>(c)];
@@ -67,14 +67,14 @@ public:
         std::size_t depth = 0;
         while (at < text.size()) {
             const char c = text[at];
-            if (Has(plainOutside, c)) {
+            if (Has(PlainOutside, c)) {
                 out += c;
                 ++at;
             } else if (c == ';') {
                 ++at;
                 return depth == 0 ? Outcome::Statement : Outcome::Noise;
             } else if (c == '(') {
-                if (++depth > deepestNesting) return Outcome::Noise;
+                if (++depth > DeepestNesting) return Outcome::Noise;
                 out += c;
                 ++at;
             } else if (c == ')') {
@@ -127,7 +127,7 @@ private:
                 if (text.substr(at, 2) != "''") break;
                 ++at;
                 plain = false;
-            } else if (!Has(plainInString, text[at])) {
+            } else if (!Has(PlainInString, text[at])) {
                 plain = false;
             }
         }
@@ -160,7 +160,7 @@ bool IsCleanStart(std::string_view start) {
 StepProblem NotStep(std::string_view start) {
     const std::string_view blanks = " \t\r\n";
     if (start.find_first_not_of(blanks) == std::string_view::npos)
-        return {ImportError::NotIfc, "is empty", exportAgain};
+        return {ImportError::NotIfc, "is empty", ExportAgain};
     if (start.starts_with("PK")) {
         return {ImportError::NotIfc, "is a compressed archive", "Unpack it and give the .ifc file that is in it."};
     }
@@ -227,7 +227,7 @@ std::optional<std::string_view> KeywordOf(std::string_view statement) {
     const std::size_t open = statement.find('(', equals);
     if (open == std::string_view::npos || open < equals + 4) return std::nullopt;
     const std::string_view keyword = statement.substr(equals + 1, open - equals - 1);
-    const bool word = std::all_of(keyword.begin(), keyword.end(), [](char c) { return Has(plainInWord, c); });
+    const bool word = std::all_of(keyword.begin(), keyword.end(), [](char c) { return Has(PlainInWord, c); });
     if (!word || Upper(keyword.substr(0, 3)) != "IFC") return std::nullopt;
     return keyword;
 }
@@ -260,7 +260,7 @@ StepProblem CutOff(const Scanner& scanner) {
 }
 
 StepProblem Noise(const Scanner& scanner) {
-    return {ImportError::Damaged, "is damaged in line " + std::to_string(scanner.Line()), exportAgain};
+    return {ImportError::Damaged, "is damaged in line " + std::to_string(scanner.Line()), ExportAgain};
 }
 
 } // namespace
@@ -323,7 +323,7 @@ std::optional<PreparedStep> PrepareStep(std::string_view file, StepProblem& prob
         }
         if (outcome == Scanner::Outcome::Statement && line.size() == 6 && Upper(line) == "ENDSEC") break;
         const auto keyword = outcome == Scanner::Outcome::Statement ? KeywordOf(line) : std::nullopt;
-        if (!keyword || keywords.size() > mostKeywords) {
+        if (!keyword || keywords.size() > MostKeywords) {
             problem = Noise(scanner);
             return std::nullopt;
         }

@@ -43,9 +43,9 @@ struct StepHeader {
 };
 
 /// At most this much of a file's start is looked at for the header.
-inline constexpr std::size_t headerLimit = 1 << 20;
+inline constexpr std::size_t HeaderLimit = 1 << 20;
 
-/// START is the file's first bytes, all of them or at least headerLimit. Either the header or PROBLEM is set.
+/// START is the file's first bytes, all of them or at least HeaderLimit. Either the header or PROBLEM is set.
 [[nodiscard]] std::optional<StepHeader> ReadStepHeader(std::string_view start, StepProblem& problem);
 
 /// FILE is the whole text. Either the prepared text or PROBLEM is set. Needs about twice the file's size in memory.

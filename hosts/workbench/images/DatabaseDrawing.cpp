@@ -3,6 +3,7 @@
 #include "lca/ChartGeometry.h"
 #include "lca/Numbers.h"
 #include "lca/ReportBar.h"
+#include "lca/ResultTable.h"
 #include "workbench/images/ObjectParameters.h"
 #include "workbench/images/PaintedContext.h"
 #include "workbench/model/ReportLibrary.h"
@@ -41,7 +42,8 @@ double DrawTable(PaintedContext& context, const std::vector<std::string>& texts,
     for (const double column : widths)
         width += column;
     for (std::size_t i = 0; i < texts.size(); ++i) {
-        const double rowTop = top + static_cast<double>(i / widths.size()) * RowHeight;
+        const std::size_t row = i / widths.size();
+        const double rowTop = top + static_cast<double>(row) * RowHeight;
         double left = 0.0;
         for (std::size_t column = 0; column < i % widths.size(); ++column)
             left += widths[column];
@@ -127,7 +129,7 @@ private:
     }
 
     void DrawColours(PaintedContext& context) const {
-        constexpr std::size_t FirstCategoryRow = 3; // below heading, headers and units
+        constexpr std::size_t FirstCategoryRow = 1 + lca::FirstCategoryRow; // below the heading
         for (std::size_t i = 0; i < lca::CategoryCount; ++i) {
             const double top = static_cast<double>(FirstCategoryRow + i) * RowHeight;
             context.FillRectangle(CellMargin, top + CellMargin, ResultWidths[0] - CellMargin,
@@ -216,7 +218,7 @@ private:
 
 } // namespace
 
-bool DrawDatabase(const Model& model, const host::Guid& database, const std::string& path) {
+Outcome DrawDatabase(const Model& model, const host::Guid& database, const std::string& path) {
     Bounds bounds;
     for (const PlacedObject& object : model.GetPlacedObjects())
         if (object.database == database)

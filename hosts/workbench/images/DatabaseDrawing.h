@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/model/Model.h"
+#include "workbench/result/Result.h"
 
 #include <string>
 
@@ -10,8 +11,8 @@ namespace workbench {
 /// Pixels of the picture a metre of the drawing.
 inline constexpr double DrawingPixelsPerMetre = 40.0;
 
-/// Writes a picture that just holds the database's objects; an empty one where it has none. False when the file cannot
-/// be written. database  null: the floor plan
-[[nodiscard]] bool DrawDatabase(const Model& model, const host::Guid& database, const std::string& path);
+/// Writes a picture that just holds the database's objects; an empty one where it has none.
+/// database  null: the floor plan
+Outcome DrawDatabase(const Model& model, const host::Guid& database, const std::string& path);
 
 } // namespace workbench

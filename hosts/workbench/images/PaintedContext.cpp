@@ -36,7 +36,7 @@ void EnsureFonts() {
         if (type == QtCriticalMsg || type == QtFatalMsg) std::fprintf(stderr, "%s\n", text.toUtf8().constData());
     });
     // What the application keeps while it runs: without a folder it makes one by itself and leaves it behind.
-    static const QTemporaryDir runtime(QDir::tempPath() + "/kelvarnix-run-XXXXXX");
+    static QTemporaryDir runtime(QDir::tempPath() + "/kelvarnix-run-XXXXXX");
     if (runtime.isValid()) qputenv("XDG_RUNTIME_DIR", runtime.path().toLocal8Bit());
     static int argumentCount = 1;
     static char name[] = "kelvarnix";
@@ -135,8 +135,9 @@ host::Colour PaintedContext::GetPixel(int x, int y) const {
             static_cast<std::uint8_t>(colour.blue())};
 }
 
-bool PaintedContext::WritePicture(const std::string& path) const {
-    return image->save(QString::fromStdString(path));
+Outcome PaintedContext::WritePicture(const std::string& path) const {
+    if (image->save(QString::fromStdString(path))) return Outcome::Done();
+    return Failure::Output(path + ": the picture cannot be written; check the folder, its rights and the disk");
 }
 
 PaintedFont::PaintedFont() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/Drawing.h"
+#include "workbench/result/Result.h"
 
 #include <memory>
 #include <string>
@@ -32,8 +33,8 @@ public:
     /// The same turned by an angle, counter-clockwise as on a plan, and stretched.
     void SetPlacement(double left, double top, double angle, double xRatio, double yRatio);
     host::Colour GetPixel(int x, int y) const;
-    /// The file name's extension tells the format (.png, .jpg). False when it cannot be written.
-    [[nodiscard]] bool WritePicture(const std::string& path) const;
+    /// The file name's extension tells the format (.png, .jpg).
+    Outcome WritePicture(const std::string& path) const;
 
 private:
     std::unique_ptr<QImage> image;

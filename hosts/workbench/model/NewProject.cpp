@@ -62,6 +62,12 @@ std::unique_ptr<Project> CreateProject() {
     return project;
 }
 
+const char* FindElementKindName(host::ElementType type) {
+    for (const ElementKindName& kind : ElementKinds)
+        if (kind.type == type) return kind.name;
+    return nullptr;
+}
+
 host::Guid FindElementClassification(const Model& model, host::ElementType type) {
     for (const host::ClassificationSystem& system : model.GetSystems()) {
         if (system.name != ElementSystem) continue;

@@ -9,6 +9,9 @@ namespace workbench {
 /// the default databases.
 std::unique_ptr<Project> CreateProject();
 
+/// Name of a kind of element in that system; null where it has none.
+const char* FindElementKindName(host::ElementType type);
+
 /// Item of "Workbench Elements" for a kind of element; null in a project without that system.
 host::Guid FindElementClassification(const Model& model, host::ElementType type);
 

@@ -63,7 +63,7 @@ host::ErrorCode Project::MoveStep(std::vector<Step>& from, std::vector<Step>& to
     if (from.empty()) return host::Errors::UndoEmpty;
     Step reversed{from.back().name, {}};
     for (auto change = from.back().changes.rbegin(); change != from.back().changes.rend(); ++change)
-        reversed.changes.push_back(change->Inverse());
+        reversed.changes.push_back(change->GetInverse());
     if (!KeepChanges(reversed.changes)) return host::Errors::General;
     for (const Change& change : reversed.changes)
         model.Apply(change);
@@ -74,29 +74,29 @@ host::ErrorCode Project::MoveStep(std::vector<Step>& from, std::vector<Step>& to
 
 bool Project::ReceiveChanges() {
     if (isInCommand || !store || !store->HasNews()) return false;
-    storeFailure = store->Reload(model);
-    if (!storeFailure.empty()) return false;
+    storeOutcome = store->Reload(model);
+    if (storeOutcome.HasFailed()) return false;
     undoSteps.clear();
     redoSteps.clear();
     return true;
 }
 
-bool Project::ChangeTeamwork(const std::function<bool()>& change) {
-    storeFailure.clear();
+Outcome Project::ChangeTeamwork(const std::function<bool()>& change) {
+    storeOutcome = Outcome::Done();
     if (store)
-        storeFailure = store->ChangeTeamwork(model, change);
+        storeOutcome = store->ChangeTeamwork(model, change);
     else
         change();
-    return storeFailure.empty();
+    return storeOutcome;
 }
 
 bool Project::KeepChanges(const std::vector<Change>& changes) {
-    storeFailure = store ? store->Keep(changes) : std::string();
-    return storeFailure.empty();
+    storeOutcome = store ? store->Keep(changes) : Outcome::Done();
+    return !storeOutcome.HasFailed();
 }
 
 void Project::TakeBack(const std::vector<Change>& changes) {
-    std::for_each(changes.rbegin(), changes.rend(), [&](const Change& change) { model.Apply(change.Inverse()); });
+    std::for_each(changes.rbegin(), changes.rend(), [&](const Change& change) { model.Apply(change.GetInverse()); });
 }
 
 } // namespace workbench

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "workbench/model/Model.h"
+#include "workbench/result/Result.h"
 
 #include <functional>
 #include <memory>
@@ -9,19 +10,19 @@
 
 namespace workbench {
 
-/// Keeps each command's changes as one transaction. The file behind it may be open in other processes too. Operations
-/// answer the empty text on success, else one plain sentence, and then nothing was changed.
+/// Keeps each command's changes as one transaction. The file behind it may be open in other processes too. After a
+/// failure nothing was changed.
 class ChangeStore {
 public:
     virtual ~ChangeStore() = default;
-    virtual std::string Keep(const std::vector<Change>& changes) = 0;
+    virtual Outcome Keep(const std::vector<Change>& changes) = 0;
     /// Whether another process has written since the last Reload, or since opening.
     virtual bool HasNews() = 0;
     /// Reads the whole model anew.
-    virtual std::string Reload(Model& model) = 0;
+    virtual Outcome Reload(Model& model) = 0;
     /// Reads members, reservations and requests into the model, lets the change work on them and, when it answers true,
     /// writes them; all in one transaction, so that no other process comes between.
-    virtual std::string ChangeTeamwork(Model& model, const std::function<bool()>& change) = 0;
+    virtual Outcome ChangeTeamwork(Model& model, const std::function<bool()>& change) = 0;
 };
 
 class Project {
@@ -50,11 +51,11 @@ public:
     /// to an older state. Nothing happens without news or during a command. Answers whether there was any.
     bool ReceiveChanges();
     /// Runs a change of members, reservations or requests against the present state of the file; it answers whether it
-    /// changed any. False when the store failed.
-    bool ChangeTeamwork(const std::function<bool()>& change);
+    /// changed any. Fails when the store does.
+    Outcome ChangeTeamwork(const std::function<bool()>& change);
 
-    /// Why the store refused last; empty after a success.
-    const std::string& GetStoreFailure() const { return storeFailure; }
+    /// Whether the store took what it was last given.
+    const Outcome& GetStoreOutcome() const { return storeOutcome; }
 
 private:
     struct Step {
@@ -70,7 +71,7 @@ private:
     std::vector<Change> running;
     std::vector<Step> undoSteps;
     std::vector<Step> redoSteps;
-    std::string storeFailure;
+    Outcome storeOutcome = Outcome::Done();
 };
 
 } // namespace workbench

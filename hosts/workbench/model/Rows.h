@@ -143,7 +143,7 @@ struct Change {
     std::optional<Row> before;
     std::optional<Row> after;
 
-    Change Inverse() const { return {after, before}; }
+    Change GetInverse() const { return {after, before}; }
 };
 
 } // namespace workbench

@@ -2,39 +2,17 @@
 
 #include "workbench/store/Format.h"
 #include "workbench/store/ObjectRows.h"
+#include "workbench/store/RowStatement.h"
 
 namespace workbench {
 
 namespace {
 
-/// A statement that is run many times: bind what differs, then Run.
-class Insert {
-public:
-    Insert(SQLite::Database& database, const char* query) : statement(database, query) {}
-
-    template <typename... Values>
-    void Run(const Values&... values) {
-        statement.reset();
-        int parameter = 0;
-        (Bind(++parameter, values), ...);
-        statement.exec();
-    }
-
-private:
-    void Bind(int parameter, const host::Guid& guid) { BindGuid(statement, parameter, guid); }
-    void Bind(int parameter, const std::string& text) { statement.bind(parameter, text); }
-    void Bind(int parameter, double value) { statement.bind(parameter, value); }
-    void Bind(int parameter, std::int32_t value) { statement.bind(parameter, value); }
-    void Bind(int parameter, std::int64_t value) { statement.bind(parameter, value); }
-
-    SQLite::Statement statement;
-};
-
 void WriteAttributes(SQLite::Database& database, const Model& model) {
-    Insert layer(database, "INSERT INTO layers VALUES (?, ?)");
+    RowStatement layer(database, "INSERT INTO layers VALUES (?, ?)");
     for (const Layer& row : model.GetLayers())
         layer.Run(row.index.value, row.name);
-    Insert pen(database, "INSERT INTO pens VALUES (?, ?, ?, ?)");
+    RowStatement pen(database, "INSERT INTO pens VALUES (?, ?, ?, ?)");
     for (const Pen& row : model.GetPens())
         pen.Run(row.index.value, row.shade[0], row.shade[1], row.shade[2]);
     SQLite::Statement fill(database, "INSERT INTO fills VALUES (?, ?, ?)");
@@ -45,14 +23,14 @@ void WriteAttributes(SQLite::Database& database, const Model& model) {
         fill.bind(3, row.pattern.data(), static_cast<int>(row.pattern.size()));
         fill.exec();
     }
-    Insert surface(database, "INSERT INTO surfaces VALUES (?, ?, ?, ?, ?)");
+    RowStatement surface(database, "INSERT INTO surfaces VALUES (?, ?, ?, ?, ?)");
     for (const Surface& row : model.GetSurfaces())
         surface.Run(row.index.value, row.name, row.shade[0], row.shade[1], row.shade[2]);
 }
 
 void WriteElements(SQLite::Database& database, const Model& model) {
-    Insert elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
-    Insert componentRow(database, "INSERT INTO components VALUES (?, ?, ?, ?, ?)");
+    RowStatement elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
+    RowStatement componentRow(database, "INSERT INTO components VALUES (?, ?, ?, ?, ?)");
     std::int64_t position = 0;
     for (const Element& element : model.GetElements()) {
         ++position;
@@ -65,7 +43,7 @@ void WriteElements(SQLite::Database& database, const Model& model) {
 }
 
 void DeleteByGuid(SQLite::Database& database, const char* query, const host::Guid& guid) {
-    Insert(database, query).Run(guid);
+    RowStatement(database, query).Run(guid);
 }
 
 /// Puts one row into the file, over the row of the same key, or takes it out.
@@ -74,8 +52,8 @@ struct RowWriter {
 
     // A conflict updates in place, so that the row keeps its position.
     void Put(const host::PropertyGroup& row) const {
-        Insert(database, "INSERT INTO property_groups (guid, name) VALUES (?, ?) "
-                         "ON CONFLICT (guid) DO UPDATE SET name = excluded.name")
+        RowStatement(database, "INSERT INTO property_groups (guid, name) VALUES (?, ?) "
+                               "ON CONFLICT (guid) DO UPDATE SET name = excluded.name")
             .Run(row.guid, row.name);
     }
     void Remove(const host::PropertyGroup& row) const {
@@ -83,23 +61,16 @@ struct RowWriter {
     }
 
     void Put(const host::PropertyDefinition& row) const {
-        SQLite::Statement statement(
+        RowStatement(
             database,
             "INSERT INTO property_definitions (guid, grp, name, description, value_type, collection, editable, "
             "default_type, default_value) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET "
             "grp = excluded.grp, name = excluded.name, description = excluded.description, "
             "value_type = excluded.value_type, collection = excluded.collection, "
             "editable = excluded.editable, default_type = excluded.default_type, "
-            "default_value = excluded.default_value");
-        BindGuid(statement, 1, row.guid);
-        BindGuid(statement, 2, row.group);
-        statement.bind(3, row.name);
-        statement.bind(4, row.description);
-        statement.bind(5, static_cast<int>(row.valueType));
-        statement.bind(6, static_cast<int>(row.collection));
-        statement.bind(7, row.editable ? 1 : 0);
-        BindVariant(statement, 8, row.defaultValue);
-        statement.exec();
+            "default_value = excluded.default_value")
+            .Run(row.guid, row.group, row.name, row.description, static_cast<std::int32_t>(row.valueType),
+                 static_cast<std::int32_t>(row.collection), row.editable ? 1 : 0, row.defaultValue);
         RemoveParts(row.guid);
         PutParts(row);
     }
@@ -108,11 +79,11 @@ struct RowWriter {
         DeleteByGuid(database, "DELETE FROM property_definitions WHERE guid = ?", row.guid);
     }
     void PutParts(const host::PropertyDefinition& row) const {
-        Insert item(database, "INSERT INTO property_availability VALUES (?, ?, ?)");
+        RowStatement item(database, "INSERT INTO property_availability VALUES (?, ?, ?)");
         std::int32_t position = 0;
         for (const host::Guid& guid : row.availability)
             item.Run(row.guid, ++position, guid);
-        Insert option(database, "INSERT INTO property_options VALUES (?, ?, ?, ?)");
+        RowStatement option(database, "INSERT INTO property_options VALUES (?, ?, ?, ?)");
         position = 0;
         for (const host::PropertyOption& one : row.options)
             option.Run(row.guid, ++position, one.key, one.text);
@@ -123,9 +94,10 @@ struct RowWriter {
     }
 
     void Put(const host::ClassificationSystem& row) const {
-        Insert(database, "INSERT INTO classification_systems (guid, name, version, year, month, day) "
-                         "VALUES (?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET name = excluded.name, "
-                         "version = excluded.version, year = excluded.year, month = excluded.month, day = excluded.day")
+        RowStatement(database,
+                     "INSERT INTO classification_systems (guid, name, version, year, month, day) "
+                     "VALUES (?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET name = excluded.name, "
+                     "version = excluded.version, year = excluded.year, month = excluded.month, day = excluded.day")
             .Run(row.guid, row.name, row.version, row.date.year, row.date.month, row.date.day);
     }
     void Remove(const host::ClassificationSystem& row) const {
@@ -133,9 +105,10 @@ struct RowWriter {
     }
 
     void Put(const ClassificationItem& row) const {
-        Insert(database, "INSERT INTO classification_items (guid, system, parent, id, name) VALUES (?, ?, ?, ?, ?) "
-                         "ON CONFLICT (guid) DO UPDATE SET system = excluded.system, parent = excluded.parent, "
-                         "id = excluded.id, name = excluded.name")
+        RowStatement(database,
+                     "INSERT INTO classification_items (guid, system, parent, id, name) VALUES (?, ?, ?, ?, ?) "
+                     "ON CONFLICT (guid) DO UPDATE SET system = excluded.system, parent = excluded.parent, "
+                     "id = excluded.id, name = excluded.name")
             .Run(row.item.guid, row.system, row.parent, row.item.id, row.item.name);
     }
     void Remove(const ClassificationItem& row) const {
@@ -143,39 +116,33 @@ struct RowWriter {
     }
 
     void Put(const MaterialClassification& row) const {
-        Insert(database, "INSERT INTO material_classifications VALUES (?, ?)").Run(row.material.value, row.item);
+        RowStatement(database, "INSERT INTO material_classifications VALUES (?, ?)").Run(row.material.value, row.item);
     }
     void Remove(const MaterialClassification& row) const {
-        Insert(database, "DELETE FROM material_classifications WHERE building_material = ? AND item = ?")
+        RowStatement(database, "DELETE FROM material_classifications WHERE building_material = ? AND item = ?")
             .Run(row.material.value, row.item);
     }
 
     void Put(const MaterialValue& row) const {
-        SQLite::Statement statement(database, "INSERT OR REPLACE INTO material_values VALUES (?, ?, ?, ?)");
-        statement.bind(1, row.material.value);
-        BindGuid(statement, 2, row.definition);
-        BindVariant(statement, 3, row.value);
-        statement.exec();
+        RowStatement(database, "INSERT OR REPLACE INTO material_values VALUES (?, ?, ?, ?)")
+            .Run(row.material.value, row.definition, row.value);
     }
     void Remove(const MaterialValue& row) const {
-        Insert(database, "DELETE FROM material_values WHERE building_material = ? AND definition = ?")
+        RowStatement(database, "DELETE FROM material_values WHERE building_material = ? AND definition = ?")
             .Run(row.material.value, row.definition);
     }
 
     void Put(const ElementValue& row) const {
-        SQLite::Statement statement(database, "INSERT OR REPLACE INTO element_values VALUES (?, ?, ?, ?)");
-        BindGuid(statement, 1, row.element);
-        BindGuid(statement, 2, row.definition);
-        BindVariant(statement, 3, row.value);
-        statement.exec();
+        RowStatement(database, "INSERT OR REPLACE INTO element_values VALUES (?, ?, ?, ?)")
+            .Run(row.element, row.definition, row.value);
     }
     void Remove(const ElementValue& row) const {
-        Insert(database, "DELETE FROM element_values WHERE element = ? AND definition = ?")
+        RowStatement(database, "DELETE FROM element_values WHERE element = ? AND definition = ?")
             .Run(row.element, row.definition);
     }
 
     void Put(const host::BuildingMaterial& row) const {
-        Insert(database, "INSERT OR REPLACE INTO building_materials VALUES (?, ?, ?, ?, ?, ?, ?, ?)")
+        RowStatement(database, "INSERT OR REPLACE INTO building_materials VALUES (?, ?, ?, ?, ?, ?, ?, ?)")
             .Run(row.index.value, row.name, row.id, row.densityKgM3, row.cutFill.value, std::int32_t{row.cutFillPen},
                  std::int32_t{row.cutFillBackgroundPen}, row.cutSurface.value);
     }
@@ -225,13 +192,13 @@ void WriteModel(SQLite::Database& database, const Model& model) {
 void WriteTeamwork(SQLite::Database& database, const Model& model) {
     for (const char* table : {"members", "reservations", "requests"})
         database.exec(std::string("DELETE FROM ") + table);
-    Insert member(database, "INSERT INTO members VALUES (?, ?, ?)");
+    RowStatement member(database, "INSERT INTO members VALUES (?, ?, ?)");
     for (const Member& row : model.members)
         member.Run(std::int32_t{row.userId}, row.login, row.fullName);
-    Insert reservation(database, "INSERT INTO reservations VALUES (?, ?)");
+    RowStatement reservation(database, "INSERT INTO reservations VALUES (?, ?)");
     for (const Reservation& row : model.reservations)
         reservation.Run(row.lockableSet, std::int32_t{row.userId});
-    Insert request(database, "INSERT INTO requests VALUES (?, ?)");
+    RowStatement request(database, "INSERT INTO requests VALUES (?, ?)");
     for (const ReservationRequest& row : model.requests)
         request.Run(row.lockableSet, std::int32_t{row.userId});
 }

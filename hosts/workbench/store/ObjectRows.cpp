@@ -1,5 +1,7 @@
 #include "workbench/store/ObjectRows.h"
 
+#include "workbench/store/RowStatement.h"
+
 #include <sqlite3.h>
 
 #include <bit>
@@ -56,9 +58,7 @@ void SetData(ObjectParameter& parameter, const SQLite::Column& data) {
 }
 
 void RemoveParameters(SQLite::Database& database, const std::string& owner) {
-    SQLite::Statement statement(database, "DELETE FROM object_parameters WHERE owner = ?");
-    statement.bind(1, owner);
-    statement.exec();
+    RowStatement(database, "DELETE FROM object_parameters WHERE owner = ?").Run(owner);
 }
 
 void WriteParameters(SQLite::Database& database, const std::string& owner,
@@ -151,61 +151,37 @@ void ReadObjectRows(SQLite::Database& database, Model& model) {
 }
 
 void WriteLibraryRows(SQLite::Database& database, const Model& model) {
-    SQLite::Statement place(database, "INSERT INTO databases (guid, type, name) VALUES (?, ?, ?)");
-    for (const DatabaseRow& row : model.databases) {
-        place.reset();
-        BindGuid(place, 1, row.guid);
-        place.bind(2, static_cast<int>(row.type));
-        place.bind(3, row.name);
-        place.exec();
-    }
-    SQLite::Statement part(database, "INSERT INTO library_parts (identifier, file_name) VALUES (?, ?)");
+    RowStatement place(database, "INSERT INTO databases (guid, type, name) VALUES (?, ?, ?)");
+    for (const DatabaseRow& row : model.databases)
+        place.Run(row.guid, static_cast<std::int32_t>(row.type), row.name);
+    RowStatement part(database, "INSERT INTO library_parts (identifier, file_name) VALUES (?, ?)");
     for (const LibraryPart& row : model.libraryParts) {
-        part.reset();
-        part.bind(1, row.identifier);
-        part.bind(2, row.fileName);
-        part.exec();
+        part.Run(row.identifier, row.fileName);
         WriteParameters(database, OwnerOf(row), row.parameters);
     }
-    SQLite::Statement favourite(database, "INSERT INTO favourites (name, is_object, library_part, angle, x_ratio, "
-                                          "y_ratio) VALUES (?, ?, ?, ?, ?, ?)");
+    RowStatement favourite(database, "INSERT INTO favourites (name, is_object, library_part, angle, x_ratio, y_ratio) "
+                                     "VALUES (?, ?, ?, ?, ?, ?)");
     for (const FavouriteRow& row : model.favourites) {
-        favourite.reset();
-        favourite.bind(1, row.name);
-        favourite.bind(2, row.isObject ? 1 : 0);
-        favourite.bind(3, row.libraryPart);
-        favourite.bind(4, row.angle);
-        favourite.bind(5, row.xRatio);
-        favourite.bind(6, row.yRatio);
-        favourite.exec();
+        favourite.Run(row.name, row.isObject ? 1 : 0, row.libraryPart, row.angle, row.xRatio, row.yRatio);
         WriteParameters(database, OwnerOf(row), row.parameters);
     }
 }
 
 void PutPlacedObject(SQLite::Database& database, const PlacedObject& object) {
-    SQLite::Statement statement(
-        database, "INSERT INTO placed_objects (guid, database, library_part, x, y, angle, x_ratio, y_ratio) "
-                  "VALUES (?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET database = excluded.database, "
-                  "library_part = excluded.library_part, x = excluded.x, y = excluded.y, angle = excluded.angle, "
-                  "x_ratio = excluded.x_ratio, y_ratio = excluded.y_ratio");
-    BindGuid(statement, 1, object.guid);
-    BindGuid(statement, 2, object.database);
-    statement.bind(3, object.libraryPart);
-    statement.bind(4, object.position.x);
-    statement.bind(5, object.position.y);
-    statement.bind(6, object.angle);
-    statement.bind(7, object.xRatio);
-    statement.bind(8, object.yRatio);
-    statement.exec();
+    RowStatement(database,
+                 "INSERT INTO placed_objects (guid, database, library_part, x, y, angle, x_ratio, y_ratio) "
+                 "VALUES (?, ?, ?, ?, ?, ?, ?, ?) ON CONFLICT (guid) DO UPDATE SET database = excluded.database, "
+                 "library_part = excluded.library_part, x = excluded.x, y = excluded.y, angle = excluded.angle, "
+                 "x_ratio = excluded.x_ratio, y_ratio = excluded.y_ratio")
+        .Run(object.guid, object.database, object.libraryPart, object.position.x, object.position.y, object.angle,
+             object.xRatio, object.yRatio);
     RemoveParameters(database, OwnerOf(object));
     WriteParameters(database, OwnerOf(object), object.parameters);
 }
 
 void RemovePlacedObject(SQLite::Database& database, const PlacedObject& object) {
     RemoveParameters(database, OwnerOf(object));
-    SQLite::Statement statement(database, "DELETE FROM placed_objects WHERE guid = ?");
-    BindGuid(statement, 1, object.guid);
-    statement.exec();
+    RowStatement(database, "DELETE FROM placed_objects WHERE guid = ?").Run(object.guid);
 }
 
 } // namespace workbench

@@ -17,17 +17,17 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Empty when this program can use the file.
-std::string CheckFormat(SQLite::Database& database, const fs::path& file) {
+/// Whether this program can use the file.
+Outcome CheckFormat(SQLite::Database& database, const fs::path& file, MakeFailure fail) {
     const int application = database.execAndGet("PRAGMA application_id").getInt();
     const int version = database.execAndGet("PRAGMA user_version").getInt();
     if (application != ProjectFormat::ApplicationId)
-        return file.string() + ": this is no Kelvarnix project; name a .kvp file or an .ifc file";
+        return fail(file.string() + ": this is no Kelvarnix project; name a .kvp file or an .ifc file");
     if (version > ProjectFormat::Version)
-        return file.string() + ": the project was written by a newer version of Kelvarnix (format " +
-               std::to_string(version) + ", this one reads up to " + std::to_string(ProjectFormat::Version) +
-               "); use that version";
-    return {};
+        return fail(file.string() + ": the project was written by a newer version of Kelvarnix (format " +
+                    std::to_string(version) + ", this one reads up to " + std::to_string(ProjectFormat::Version) +
+                    "); use that version");
+    return Outcome::Done();
 }
 
 /// SQLite notices a missing end only where it is read.
@@ -40,13 +40,13 @@ void RequireWholeFile(SQLite::Database& database, const fs::path& file) {
         throw SQLite::Exception("the file is cut off", SQLITE_CORRUPT);
 }
 
-/// Runs the body; a failure of the database becomes a sentence.
+/// Runs the body and answers what it does; an exception of the database becomes a failure.
 template <typename Body>
-std::string Describe(const fs::path& file, Body&& body) {
+auto RunGuarded(const fs::path& file, MakeFailure fail, Body&& body) -> decltype(body()) {
     try {
         return body();
     } catch (const SQLite::Exception& failure) {
-        return DescribeFailure(file, failure);
+        return fail(DescribeFailure(file, failure));
     }
 }
 
@@ -61,7 +61,7 @@ public:
     FileStore(SQLite::Database opened, fs::path file, const Model& model, int seenVersion)
         : database(std::move(opened)), file(std::move(file)), model(model), seenVersion(seenVersion) {}
 
-    std::string Keep(const std::vector<Change>& changes) override {
+    Outcome Keep(const std::vector<Change>& changes) override {
         return Transact([&] {
             for (const Change& change : changes)
                 WriteChange(database, change);
@@ -71,35 +71,35 @@ public:
 
     bool HasNews() override {
         bool hasNews = false;
-        const std::string failure = Describe(file, [&] {
+        const Outcome asked = RunGuarded(file, Failure::Output, [&] {
             hasNews = ReadDataVersion(database) != seenVersion;
-            return std::string();
+            return Outcome::Done();
         });
-        return failure.empty() && hasNews;
+        return !asked.HasFailed() && hasNews;
     }
 
-    std::string Reload(Model& reloaded) override {
-        return Describe(file, [&] {
+    Outcome Reload(Model& reloaded) override {
+        return RunGuarded(file, Failure::Output, [&] {
             Model fresh;
             const int version = ReadDataVersion(database);
             SQLite::Transaction snapshot(database);
             ReadModel(database, fresh);
             reloaded = std::move(fresh);
             seenVersion = version;
-            return std::string();
+            return Outcome::Done();
         });
     }
 
-    std::string ChangeTeamwork(Model& changed, const std::function<bool()>& change) override {
+    Outcome ChangeTeamwork(Model& changed, const std::function<bool()>& change) override {
         const Model former = TakeTeamwork(changed);
-        std::string failure = Transact([&] {
+        Outcome outcome = Transact([&] {
             ReadTeamwork(database, changed);
             if (!change()) return false;
             WriteTeamwork(database, changed);
             return true;
         });
-        if (!failure.empty()) PutTeamwork(former, changed);
-        return failure;
+        if (outcome.HasFailed()) PutTeamwork(former, changed);
+        return outcome;
     }
 
 private:
@@ -116,12 +116,12 @@ private:
 
     /// Runs the body and commits when it answers true.
     template <typename Body>
-    std::string Transact(Body&& body) {
-        return Describe(file, [&] {
+    Outcome Transact(Body&& body) {
+        return RunGuarded(file, Failure::Output, [&] {
             SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
             UpgradeFormat(database, model);
             if (body()) transaction.commit();
-            return std::string();
+            return Outcome::Done();
         });
     }
 
@@ -131,15 +131,15 @@ private:
     int seenVersion;
 };
 
-std::string ReplaceProject(const Project& project, const fs::path& file) {
-    return Describe(file, [&] {
+Outcome ReplaceProject(const Project& project, const fs::path& file) {
+    return RunGuarded(file, Failure::Output, [&] {
         SQLite::Database database = OpenDatabase(file, FileAccess::Existing);
-        if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
+        if (Outcome refusal = CheckFormat(database, file, Failure::Output); refusal.HasFailed()) return refusal;
         SQLite::Transaction transaction(database, SQLite::TransactionBehavior::IMMEDIATE);
         UpgradeFormat(database, project.model);
         WriteModel(database, project.model);
         transaction.commit();
-        return std::string();
+        return Outcome::Done();
     });
 }
 
@@ -164,11 +164,11 @@ void RemoveAbandoned(const fs::path& file) {
     }
 }
 
-std::string CreateProjectFile(const Project& project, const fs::path& file) {
+Outcome CreateProjectFile(const Project& project, const fs::path& file) {
     RemoveAbandoned(file);
     const fs::path unfinished = file.parent_path() / (GetUnfinishedPrefix(file) + std::to_string(getpid()));
     std::error_code error;
-    std::string failure = Describe(file, [&] {
+    Outcome outcome = RunGuarded(file, Failure::Output, [&] {
         SQLite::Database database = OpenDatabase(unfinished, FileAccess::Create);
         database.exec("PRAGMA journal_mode = MEMORY"); // nobody sees the file before it is whole
         SQLite::Transaction transaction(database);
@@ -178,28 +178,27 @@ std::string CreateProjectFile(const Project& project, const fs::path& file) {
         database.exec(ProjectFormat::CreateTablesOfVersion2);
         WriteModel(database, project.model);
         transaction.commit();
-        return std::string();
+        return Outcome::Done();
     });
-    if (failure.empty()) {
+    if (!outcome.HasFailed()) {
         fs::rename(unfinished, file, error);
-        if (error) failure = file.string() + ": the project cannot be written (" + error.message() + ")";
+        if (error)
+            outcome = Failure::Output(file.string() + ": the project cannot be written (" + error.message() + ")");
     }
-    if (!failure.empty()) fs::remove(unfinished, error);
-    return failure;
+    if (outcome.HasFailed()) fs::remove(unfinished, error);
+    return outcome;
 }
 
 } // namespace
 
-OpenedProject OpenProjectFile(const fs::path& file, KeepChanges keep) {
-    OpenedProject opened;
+Result<std::unique_ptr<Project>> OpenProjectFile(const fs::path& file, KeepChanges keep) {
     std::error_code error;
-    if (!fs::is_regular_file(file, error)) {
-        opened.failure = file.string() + ": there is no such file; check the name";
-        return opened;
-    }
-    opened.failure = Describe(file, [&] {
+    if (!fs::is_regular_file(file, error))
+        return Failure::Input(file.string() + ": there is no such file; check the name");
+    return RunGuarded(file, Failure::Input, [&]() -> Result<std::unique_ptr<Project>> {
         SQLite::Database database = OpenDatabase(file, FileAccess::Existing);
-        if (std::string refusal = CheckFormat(database, file); !refusal.empty()) return refusal;
+        if (const Outcome refusal = CheckFormat(database, file, Failure::Input); refusal.HasFailed())
+            return refusal.GetFailure();
         auto project = std::make_unique<Project>();
         const int version = ReadDataVersion(database);
         {
@@ -209,15 +208,14 @@ OpenedProject OpenProjectFile(const fs::path& file, KeepChanges keep) {
         }
         if (keep == KeepChanges::InFile)
             project->store = std::make_unique<FileStore>(std::move(database), file, project->model, version);
-        opened.project = std::move(project);
-        return std::string();
+        return project;
     });
-    return opened;
 }
 
-std::string SaveProject(const Project& project, const fs::path& file) {
+Outcome SaveProject(const Project& project, const fs::path& file) {
     std::error_code error;
-    if (fs::is_directory(file, error)) return file.string() + ": this is a folder; name a file to save to";
+    if (fs::is_directory(file, error))
+        return Failure::Output(file.string() + ": this is a folder; name a file to save to");
     return fs::exists(file, error) ? ReplaceProject(project, file) : CreateProjectFile(project, file);
 }
 

@@ -5,24 +5,17 @@
 
 #include <filesystem>
 #include <memory>
-#include <string>
 
 namespace workbench {
-
-/// A project, or one plain sentence with the file's name and what to do.
-struct [[nodiscard]] OpenedProject {
-    std::unique_ptr<Project> project;
-    std::string failure;
-};
 
 /// Whether the undoable commands of an opened project are written to its file as they happen, or live in memory until
 /// the project is saved.
 enum class KeepChanges { InMemory, InFile };
 
-OpenedProject OpenProjectFile(const std::filesystem::path& file, KeepChanges keep);
+Result<std::unique_ptr<Project>> OpenProjectFile(const std::filesystem::path& file, KeepChanges keep);
 
 /// Writes the whole project. A new file appears only when it is complete; an existing project file is replaced in one
-/// transaction; a file that is no project is left alone. Empty on success, else one plain sentence.
-[[nodiscard]] std::string SaveProject(const Project& project, const std::filesystem::path& file);
+/// transaction; a file that is no project is left alone.
+Outcome SaveProject(const Project& project, const std::filesystem::path& file);
 
 } // namespace workbench

@@ -1,4 +1,4 @@
-// Letters of UTF-8 texts: validity, count and lower case.
+// Case of UTF-8 texts. Bytes that are no UTF-8 stay as they are.
 #pragma once
 
 #include <string>
@@ -6,10 +6,9 @@
 
 namespace workbench {
 
-bool IsUtf8(std::string_view text);
-/// Number of code points, which is what a terminal column holds of the names at hand.
-std::size_t CountLetters(std::string_view text);
-/// Lower case of every letter that has one; bytes that are no UTF-8 stay as they are.
+/// Lower case of every letter that has one.
+std::string ToLowerCase(std::string_view text);
+/// What is equal but for case becomes one, by full case folding: "STRASSE" and "straße".
 std::string FoldCase(std::string_view text);
 
 } // namespace workbench

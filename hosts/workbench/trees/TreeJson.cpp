@@ -1,6 +1,6 @@
 #include "workbench/trees/TreeJson.h"
 
-#include "workbench/text/Letters.h"
+#include "text/Utf8.h"
 #include "workbench/trees/TreeXml.h"
 
 #include <nlohmann/json.hpp>
@@ -24,7 +24,7 @@ public:
         Put(name, value);
     }
     void ProcessText(const std::string& name, const std::string& value) override {
-        isWritable = isWritable && IsUtf8(value);
+        isWritable = isWritable && utf8::IsUtf8(value);
         if (isWritable) Put(name, value);
     }
     void BeginObject(const std::string& name) override { Begin(name, false); }
@@ -42,7 +42,7 @@ private:
     bool IsInList() const { return !inList.empty() && inList.back(); }
     /// What comes before a value; an item of a list gets an object around it.
     void Lead(const std::string& name) {
-        isWritable = isWritable && IsUtf8(name);
+        isWritable = isWritable && utf8::IsUtf8(name);
         if (!isWritable) return;
         if (text.back() != '{' && text.back() != '[') text += ',';
         text.append("\n").append(2 * std::min<std::size_t>(inList.size() + 1, MostIndents), ' ');

@@ -1,6 +1,6 @@
 #include "workbench/trees/XmlDocument.h"
 
-#include "workbench/text/Letters.h"
+#include "text/Utf8.h"
 
 #include <expat.h>
 #include <iconv.h>
@@ -122,7 +122,7 @@ bool IsXmlText(const std::string& text) {
         return static_cast<unsigned char>(letter) < 0x20 && letter != '\t' && letter != '\n' && letter != '\r';
     };
     // U+FFFE and U+FFFF are no characters of XML.
-    return IsUtf8(text) && std::none_of(text.begin(), text.end(), isForbidden) &&
+    return utf8::IsUtf8(text) && std::none_of(text.begin(), text.end(), isForbidden) &&
            text.find("\xEF\xBF\xBE") == std::string::npos && text.find("\xEF\xBF\xBF") == std::string::npos;
 }
 

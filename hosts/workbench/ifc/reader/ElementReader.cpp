@@ -269,7 +269,7 @@ private:
     [[nodiscard]] bool HasNoMaterial(const ImportedElement& element) const {
         return std::any_of(element.components.begin(), element.components.end(),
                            [&](const ImportedComponent& component) {
-                               return building.materials[component.material].name == noMaterialName;
+                               return building.materials[component.material].name == NoMaterialName;
                            });
     }
 

@@ -133,8 +133,8 @@ struct Geometry::Parts {
         if (shape->m_vec_representations.empty()) return body;
         if (!element->m_HasOpenings_inverse.empty()) {
             const double wholeM3 = Sum(*shape).closedVolumeM3;
-            body.confirmed = task.checkOnly && task.statedVolumeM3 && *task.statedVolumeM3 * mostOff >= wholeM3 &&
-                             *task.statedVolumeM3 <= mostOff * (wholeM3 - OpeningsM3(*element));
+            body.confirmed = task.checkOnly && task.statedVolumeM3 && *task.statedVolumeM3 * MostOff >= wholeM3 &&
+                             *task.statedVolumeM3 <= MostOff * (wholeM3 - OpeningsM3(*element));
             if (body.confirmed) return body;
             SubtractOpenings(element, shape);
         }

@@ -25,8 +25,8 @@ constexpr double shareOfReading = 0.6;
 
 void Send(std::string_view frame) {
     while (!frame.empty()) {
-        const ssize_t written = write(answerDescriptor, frame.data(), frame.size());
-        if (written <= 0) _exit(exitNoAnswerPipe);
+        const ssize_t written = write(AnswerDescriptor, frame.data(), frame.size());
+        if (written <= 0) _exit(ExitNoAnswerPipe);
         frame.remove_prefix(static_cast<std::size_t>(written));
     }
 }
@@ -100,13 +100,13 @@ extern "C" const char* __asan_default_options() {
 }
 
 int main(int count, char** words) {
-    std::set_new_handler([] { _exit(exitOutOfMemory); });
+    std::set_new_handler([] { _exit(ExitOutOfMemory); });
     const auto command = ParseCommand(count, words);
-    if (!command) return exitUsage;
+    if (!command) return ExitUsage;
     try {
         Run(*command);
     } catch (const std::bad_alloc&) {
-        _exit(exitOutOfMemory);
+        _exit(ExitOutOfMemory);
     } catch (const std::exception& failure) {
         Send(EncodeRefusal({ImportError::Damaged, std::string("cannot be understood (") + failure.what() + ")",
                             "Export it again from the program that made it."}));
@@ -114,5 +114,5 @@ int main(int count, char** words) {
         Send(EncodeRefusal(
             {ImportError::Damaged, "cannot be understood", "Export it again from the program that made it."}));
     }
-    _exit(exitDone); // tearing the model down would take as long as building it
+    _exit(ExitDone); // tearing the model down would take as long as building it
 }

@@ -57,8 +57,8 @@ MaterialUse Materials::UseOf(const IfcObject& object) {
 }
 
 std::size_t Materials::WithoutMaterial() {
-    const auto [place, isNew] = byName.emplace(noMaterialName, building.materials.size());
-    if (isNew) building.materials.push_back({noMaterialName, std::nullopt});
+    const auto [place, isNew] = byName.emplace(NoMaterialName, building.materials.size());
+    if (isNew) building.materials.push_back({NoMaterialName, std::nullopt});
     return place->second;
 }
 
@@ -131,7 +131,7 @@ std::size_t Materials::IndexOf(const std::shared_ptr<IfcMaterial>& material) {
     if (!material) return WithoutMaterial();
     if (const auto known = byEntity.find(material.get()); known != byEntity.end()) return known->second;
     std::string name = model.Text(material->m_Name);
-    if (name.empty()) name = noMaterialName;
+    if (name.empty()) name = NoMaterialName;
     const auto density = DensityOf(*material);
     const auto [place, isNew] = byName.emplace(name, building.materials.size());
     if (isNew) building.materials.push_back({name, std::nullopt});

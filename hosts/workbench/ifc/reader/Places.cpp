@@ -55,7 +55,7 @@ std::size_t Places::LayerOf(const IfcElement& element) {
             }
         }
     }
-    const auto [place, isNew] = layers.emplace(name.value_or(noLayerName), building.layers.size());
+    const auto [place, isNew] = layers.emplace(name.value_or(NoLayerName), building.layers.size());
     if (isNew) building.layers.push_back(place->first);
     return place->second;
 }

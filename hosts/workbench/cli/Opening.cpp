@@ -1,4 +1,4 @@
-#include "workbench/cli/Waiting.h"
+#include "workbench/cli/Opening.h"
 
 #include "workbench/cli/ProgressBar.h"
 
@@ -6,10 +6,9 @@
 
 namespace workbench::cli {
 
-Outcome ReadModel(const std::string& path, KeepChanges keep, ModelInput& input) {
+Result<OpenedModel> OpenModel(const std::string& path, const std::string& savePath) {
     ProgressBar bar("Reading " + std::filesystem::path(path).filename().string());
-    return OpenModel(
-        path, keep, [&](double share) { bar.Show(share); }, input);
+    return OpenedModel::Open(path, savePath, [&](double share) { bar.Show(share); });
 }
 
 Outcome Calculate(Session& session) {

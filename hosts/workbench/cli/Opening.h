@@ -1,12 +1,12 @@
 // What may take a while, under a progress bar: it shows on a terminal after a second.
 #pragma once
 
-#include "workbench/app/ModelInput.h"
-#include "workbench/app/Session.h"
+#include "workbench/app/OpenedModel.h"
 
 namespace workbench::cli {
 
-Outcome ReadModel(const std::string& path, KeepChanges keep, ModelInput& input);
+/// savePath as for OpenedModel::Open.
+Result<OpenedModel> OpenModel(const std::string& path, const std::string& savePath = {});
 Outcome Calculate(Session& session);
 
 } // namespace workbench::cli

@@ -1,0 +1,118 @@
+#include "workbench/app/OpenedModel.h"
+
+#include "workbench/app/ImportedProject.h"
+#include "workbench/app/Text.h"
+#include "workbench/ifc/IfcImport.h"
+#include "workbench/store/ProjectFile.h"
+
+namespace workbench {
+
+namespace {
+
+bool HasExtension(const std::string& path, std::string_view extension) {
+    return FoldCase(std::filesystem::path(path).extension().string()) == extension;
+}
+
+/// Whether both name the same existing file.
+bool IsSameFile(const std::string& a, const std::string& b) {
+    std::error_code error;
+    return !a.empty() && !b.empty() && std::filesystem::equivalent(a, b, error);
+}
+
+std::string Name(const ifc::ImportFinding& element) {
+    return element.globalId + " (" + element.ifcType + (element.name.empty() ? "" : " \"" + element.name + "\"") + ")";
+}
+
+/// By ifc::FloorAreaSource.
+constexpr const char* FloorAreaSources[] = {
+    "the model", "the building's gross floor area", "sum of the spaces' gross floor areas",
+    "sum of the spaces' net floor areas", "sum of the spaces' gross, else net floor areas"};
+static_assert(std::size(FloorAreaSources) == static_cast<std::size_t>(ifc::FloorAreaSource::SpacesMixed) + 1);
+
+std::optional<StatedFloorArea> GetFloorArea(const std::optional<ifc::ImportedBuilding>& building) {
+    if (!building || !building->grossFloorAreaM2) return std::nullopt;
+    const auto source = static_cast<std::size_t>(building->grossFloorAreaSource);
+    return StatedFloorArea{*building->grossFloorAreaM2, FloorAreaSources[source]};
+}
+
+} // namespace
+
+bool IsProjectFile(const std::string& path) {
+    return HasExtension(path, ".kvp");
+}
+
+Result<OpenedModel> OpenedModel::Open(const std::string& path, const std::string& savePath,
+                                      const ProgressObserver& observer) {
+    const bool isIfc = HasExtension(path, ".ifc");
+    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc or a .kvp file");
+    OpenedModel model(path, savePath);
+    const Outcome outcome = isIfc ? model.ReadIfc(observer) : model.ReadProject();
+    if (outcome.HasFailed()) return outcome.GetFailure();
+    model.project->name = std::filesystem::path(path).stem().string();
+    return model;
+}
+
+Outcome OpenedModel::ReadIfc(const ProgressObserver& observer) {
+    ifc::ImportResult result = ifc::ReadIfcFile(path, {}, [&](double share) {
+        observer(share);
+        return true;
+    });
+    if (result.HasFailed()) return result;
+    building = result.Take();
+    if (building->elements.empty())
+        return Failure::Input(
+            path + ": the file has no building element (wall, slab, roof ...); export the building model itself");
+    warnings = building->warnings;
+    project = CreateProject(*building, warnings);
+    return Outcome::Done();
+}
+
+Outcome OpenedModel::ReadProject() {
+    const KeepChanges keep = IsSameFile(path, savePath) ? KeepChanges::InFile : KeepChanges::InMemory;
+    Result<std::unique_ptr<Project>> opened = OpenProjectFile(path, keep);
+    if (opened.HasFailed()) return opened;
+    project = opened.Take();
+    return Outcome::Done();
+}
+
+Outcome OpenedModel::Start(Actor actor) {
+    session = std::make_unique<Session>(std::move(actor));
+    const host::ProjectEvent event = building ? host::ProjectEvent::New : host::ProjectEvent::Open;
+    if (Outcome outcome = session->Start(std::move(project), event); outcome.HasFailed()) return outcome;
+    return GetProject().GetStoreOutcome();
+}
+
+Result<std::vector<std::string>> OpenedModel::Apply(const StatedValues& values) {
+    // Settings first: the phases decide what a door's or window's row amounts to.
+    Result<std::vector<std::string>> notes = ApplyRecordSettings(*session, values.settings, GetFloorArea(building));
+    if (notes.HasFailed()) return notes;
+    if (!values.table.GetRows().empty())
+        if (const Outcome outcome = ApplyMaterialTable(*session, values.table); outcome.HasFailed())
+            return outcome.GetFailure();
+    if (!values.elements.empty())
+        if (const Outcome outcome = ApplyElementSettings(*session, values.elements); outcome.HasFailed())
+            return outcome.GetFailure();
+    return notes;
+}
+
+Outcome OpenedModel::Save() const {
+    if (const Outcome& kept = GetProject().GetStoreOutcome(); kept.HasFailed()) return kept;
+    if (savePath.empty() || GetProject().store) return Outcome::Done();
+    return SaveProject(GetProject(), savePath);
+}
+
+std::vector<std::string> OpenedModel::ListFindings() const {
+    std::vector<std::string> findings;
+    if (!building) return findings;
+    for (const ifc::ImportFinding& element : building->withoutQuantity)
+        findings.push_back("no quantity and no usable geometry: " + Name(element));
+    for (const ifc::ImportFinding& element : building->withoutMaterial)
+        findings.push_back("no material: " + Name(element));
+    for (const ifc::VolumeCorrection& correction : building->correctedVolumes)
+        findings.push_back("stated volume " + FormatShort(correction.statedM3, 6) +
+                           " m3 does not fit the geometry, whose " + FormatShort(correction.geometryM3, 6) +
+                           " m3 is used: " + Name(correction.element));
+    return findings;
+}
+
+} // namespace workbench
