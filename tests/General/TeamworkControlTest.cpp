@@ -12,15 +12,7 @@ namespace {
 constexpr host::DialogId Dialog{7};
 constexpr std::int16_t Ok = 1, Icon = 11, Status = 12, Button = 10;
 
-/// Texts are their list and entry, so that the test sees which one was taken.
-class NumberedTexts : public test::NullResources {
-public:
-    std::string ReadString(std::int16_t list, std::int16_t entry) override {
-        return std::to_string(list) + "/" + std::to_string(entry) + (entry == 8 ? " by %s." : "");
-    }
-};
-
-class RecordedItems : public test::NullDialogItems {
+class ShownItems : public test::NullDialogItems {
 public:
     void SetText(host::DialogId, std::int16_t item, const std::string& text) override { texts[item] = text; }
     void SetIcon(host::DialogId, std::int16_t, std::int16_t shown) override { icon = shown; }
@@ -31,21 +23,29 @@ public:
     std::int16_t icon = 0;
 };
 
-class RecordedTeamwork : public test::NullTeamwork {
+/// A host that records what is shown. Texts are their list and entry, so that the test sees which one was taken; a null
+/// identifier must not be asked about.
+class TeamworkControlTest : public testing::Test, public test::NullRoles, public test::NullDialogItems {
 public:
+    TeamworkControlTest() {
+        host.resources = this;
+        host.dialogItems = &shown;
+        host.teamwork = this;
+    }
+    std::string ReadString(std::int16_t list, std::int16_t entry) override {
+        return std::to_string(list) + "/" + std::to_string(entry) + " by %s.";
+    }
     bool IsTeamworkProject() override { return isShared; }
     bool HasConnection() override { return isReachable; }
     host::Guid FindLockableSet(const std::string& name) override {
-        calls += "find " + name + ";";
+        calls += name == "AnySet" ? "find;" : "another;";
         return isKnown ? host::Guid{{1}} : host::Guid();
     }
     host::LockableStatus ReadLockableStatus(const host::Guid& set) override {
-        EXPECT_FALSE(set.IsNull());
-        return status;
+        return set.IsNull() ? throw std::logic_error("status") : status;
     }
     std::vector<std::int16_t> ListHolders(const host::Guid& set) override {
-        EXPECT_FALSE(set.IsNull());
-        return {5, 6};
+        return set.IsNull() ? throw std::logic_error("holders") : std::vector<std::int16_t>{5, 6};
     }
     host::ErrorCode Reserve(const host::Guid&, host::HostDialogs dialogs) override {
         calls += dialogs == host::HostDialogs::Enabled ? "reserve;" : "silent;";
@@ -61,101 +61,72 @@ public:
         return members;
     }
 
-    bool isShared = true;
-    bool isReachable = true;
-    bool isKnown = true; ///< to the host, that is: a null identifier must not be asked
-    host::LockableStatus status = host::LockableStatus::Free;
-    std::string fullName;
-    host::ErrorCode members = host::NoError;
-    std::string calls;
-};
-
-class TeamworkControlTest : public testing::Test {
 protected:
-    TeamworkControlTest() {
-        host.resources = &texts;
-        host.dialogItems = &items;
-        host.teamwork = &teamwork;
-    }
-
-    NumberedTexts texts;
-    RecordedItems items;
-    RecordedTeamwork teamwork;
+    bool isShared = true, isReachable = true, isKnown = true;
+    host::LockableStatus status = host::LockableStatus::Free;
+    host::ErrorCode members = host::NoError;
+    std::string fullName, calls;
+    ShownItems shown;
     test::NullHost host;
     General::TeamworkControl control{host, "AnySet", {Icon, Status, Button}};
 };
 
-TEST_F(TeamworkControlTest, AsksNothingInAProjectThatIsNotShared) {
-    teamwork.isShared = false;
+TEST_F(TeamworkControlTest, ShowsEachStateAndNamesTheFirstHolder) {
+    isShared = false; // nothing is asked, nothing shown
     control.Refresh(Dialog);
     control.ButtonClicked(Dialog);
-    EXPECT_EQ(teamwork.calls, "");
-    EXPECT_TRUE(items.enabled.at(Ok));
-    EXPECT_TRUE(items.texts.empty());
-}
-
-TEST_F(TeamworkControlTest, ShowsEachState) {
+    EXPECT_TRUE(shown.enabled.at(Ok) && calls.empty() && shown.texts.empty());
+    isShared = true;
     using S = host::LockableStatus;
     const struct {
         S state;
+        const char* fullName;
+        host::ErrorCode members;
         const char* status;
         const char* button;
         std::int16_t icon;
-        bool canConfirm;
-    } cases[] = {{S::Free, "32607/1", "32607/2", 32691, false},
-                 {S::HeldByMe, "32607/3", "32607/4", 32692, true},
-                 {S::HeldByOther, "32607/8 by five.", "32607/9", 32690, false},
-                 {S::Unknown, "32607/8 by five.", "32607/9", 32690, false},
-                 {static_cast<S>(77), "32607/8 by five.", "32607/9", 32690, false}};
+    } cases[] = {{S::Free, "", 0, "32607/1 by %s.", "32607/2 by %s.", 32691},
+                 {S::HeldByMe, "", 0, "32607/3 by %s.", "32607/4 by %s.", 32692},
+                 {S::HeldByOther, "", 0, "32607/8 by five.", "32607/9 by %s.", 32690},
+                 {S::HeldByOther, "Full %s Name", 0, "32607/8 by Full %s Name.", "32607/9 by %s.", 32690},
+                 {S::HeldByOther, "Full", host::Errors::General, "32607/8 by ???.", "32607/9 by %s.", 32690},
+                 {S::Unknown, "", 0, "32607/8 by five.", "32607/9 by %s.", 32690},
+                 {static_cast<S>(77), "", 0, "32607/8 by five.", "32607/9 by %s.", 32690}};
     for (const auto& one : cases) {
-        teamwork.status = one.state;
-        control.Refresh(Dialog);
-        EXPECT_EQ(items.texts.at(Status), one.status);
-        EXPECT_EQ(items.texts.at(Button), one.button);
-        EXPECT_EQ(items.icon, one.icon);
-        EXPECT_EQ(items.enabled.at(Ok), one.canConfirm);
+        status = one.state;
+        fullName = one.fullName;
+        members = one.members;
+        const auto confirming = control.Refresh(Dialog);
+        EXPECT_EQ(shown.texts.at(Status), one.status);
+        EXPECT_EQ(shown.texts.at(Button), one.button);
+        EXPECT_EQ(shown.icon, one.icon);
+        EXPECT_EQ(shown.enabled.at(Ok), one.state == S::HeldByMe);
+        EXPECT_EQ(confirming == General::TeamworkControl::Confirming::Allowed, one.state == S::HeldByMe);
     }
-}
-
-TEST_F(TeamworkControlTest, NamesTheFirstHolder) {
-    teamwork.status = host::LockableStatus::HeldByOther;
-    teamwork.fullName = "Full %s Name";
-    control.Refresh(Dialog);
-    EXPECT_EQ(items.texts.at(Status), "32607/8 by Full %s Name.");
-    teamwork.members = host::Errors::General;
-    control.Refresh(Dialog);
-    EXPECT_EQ(items.texts.at(Status), "32607/8 by ???.");
 }
 
 TEST_F(TeamworkControlTest, TheButtonReservesAsksOrReleases) {
     using S = host::LockableStatus;
     const struct {
         S state;
-        bool isReachable;
-        const char* call;
-    } cases[] = {{S::Free, true, "reserve;"},
-                 {S::HeldByOther, true, "reserve;"},
-                 {S::HeldByMe, true, "release;"},
-                 {S::Free, false, ""},
-                 {S::HeldByMe, false, ""}};
+        bool isReachable, isKnown;
+        const char* calls;
+    } cases[] = {{S::Free, true, true, "find;find;reserve;find;"},
+                 {S::HeldByOther, true, true, "find;find;reserve;find;"},
+                 {S::HeldByMe, true, true, "find;find;release;find;"},
+                 {S::Free, false, true, "find;find;"},
+                 {S::HeldByMe, false, true, "find;find;"},
+                 {S::Free, true, false, "find;find;find;"}};
     for (const auto& one : cases) {
-        teamwork.status = one.state;
-        teamwork.isReachable = one.isReachable;
-        teamwork.calls.clear();
+        status = one.state;
+        isReachable = one.isReachable;
+        isKnown = one.isKnown;
+        calls.clear();
         control.ButtonClicked(Dialog);
-        std::string calls = teamwork.calls;
-        for (std::size_t at; (at = calls.find("find AnySet;")) != std::string::npos;)
-            calls.erase(at, 12);
-        EXPECT_EQ(calls, one.call);
-        EXPECT_EQ(items.enabled.at(Ok), one.state == S::HeldByMe && !one.isReachable);
+        EXPECT_EQ(calls, one.calls);
+        EXPECT_EQ(shown.enabled.at(Ok), one.state == S::HeldByMe && !one.isReachable);
     }
-    teamwork.isReachable = true;
-    teamwork.isKnown = false;
-    teamwork.calls.clear();
-    control.ButtonClicked(Dialog);
-    EXPECT_EQ(teamwork.calls, "find AnySet;find AnySet;find AnySet;");
-    EXPECT_EQ(items.texts.at(Status), "32607/8 by ???.");
-    EXPECT_FALSE(items.enabled.at(Ok));
+    EXPECT_EQ(shown.texts.at(Status), "32607/8 by ???.");
 }
 
 } // namespace

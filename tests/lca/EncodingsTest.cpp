@@ -1,13 +1,11 @@
 // The stored texts of the project record, and the markers of its definitions.
+#include "lca/PropertyKeys.h"
 #include "lca/RecordEncodings.h"
 
 #include <gtest/gtest.h>
 
 namespace {
 
-using lca::ElementCategory;
-using lca::FloorQuantity;
-using lca::LCAProjectData;
 using lca::PropertyKey;
 
 TEST(Markers, AreFoundByTheirExactForm) {
@@ -44,84 +42,63 @@ TEST(Markers, UnitIsReplacedAddedAndRemoved) {
     EXPECT_EQ(lca::WriteUnitMarker(perArea, GWPUnitType::PerAreaAndYear), plain + " keep");
 }
 
-TEST(Defaults, AreWrittenAsTheModelKeepsThem) {
-    const LCAProjectData record;
-    EXPECT_EQ(lca::EncodeStandards(record.standards), "");
-    EXPECT_EQ(lca::EncodePhases(record.usedPhases), "A1-A3;C3;C4");
-    EXPECT_EQ(lca::EncodeContribution(record),
-              "Inventory_contribution=1;Installations_contribution=1;BuildingProcess_contribution=1;"
-              "Inventory=5;Installations=10;BuildingProcess=10");
-    EXPECT_EQ(lca::EncodeElementLives(record.elementLives), "Doors=25;Windows=25;Inventory=30;Installations=25");
-    EXPECT_EQ(lca::EncodeElementColours(record.elementColours),
-              "OperatingEmission=179,109,77;BuildingComponents=43,130,226;Doors=127,127,127;Windows=38,198,244;"
-              "Inventory=210,152,102;Installations=70,173,121;BuildingProcess=127,72,48");
-    EXPECT_EQ(lca::EncodeFloorSettings(record), "");
+/// What a new project's definitions get, and so what other programs find in a model.
+TEST(StoredTexts, DefaultsAreWrittenAsTheModelKeepsThem) {
+    const std::pair<PropertyKey, const char*> defaults[] = {
+        {PropertyKey::GWPStandards, ""},
+        {PropertyKey::Phases, "A1-A3;C3;C4"},
+        {PropertyKey::ServiceLife, "50"},
+        {PropertyKey::Contribution,
+         "Inventory_contribution=1;Installations_contribution=1;BuildingProcess_contribution="
+         "1;Inventory=5;Installations=10;BuildingProcess=10"},
+        {PropertyKey::ElementLives, "Doors=25;Windows=25;Inventory=30;Installations=25"},
+        {PropertyKey::ElementColours,
+         "OperatingEmission=179,109,77;BuildingComponents=43,130,226;Doors=127,127,127;Windows=38,198,244;"
+         "Inventory=210,152,102;Installations=70,173,121;BuildingProcess=127,72,48"},
+        {PropertyKey::FloorSettings, ""},
+        {PropertyKey::GrossFloorArea, "0"},
+        {PropertyKey::ElectricitySourceFactor, "0.053"}};
+    for (const auto& [key, text] : defaults)
+        EXPECT_EQ(lca::WriteStoredText(lca::GetRow(key).encode(lca::LCAProjectData())), text) << lca::GetKeyText(key);
 }
 
-TEST(Standards, NamesMayHoldWhatTheFormCanHold) {
-    const std::vector<lca::Standard> standards = {{"BR18 = limit", 12.5}, {"Größe \xF0\x9F\x8F\xA0", 8}, {"", 0}};
-    EXPECT_EQ(lca::DecodeStandards(lca::EncodeStandards(standards)), standards);
-    // A semicolon ends an entry; the name keeps its other letters and the next entry is whole.
-    const auto read = lca::DecodeStandards(lca::EncodeStandards({{"a;b", 1}, {"c", 2}}));
-    EXPECT_EQ(read, (std::vector<lca::Standard>{{"a,b", 1}, {"c", 2}}));
-}
-
-TEST(Standards, UnreadableEntriesAreLeftOut) {
-    const std::vector<lca::Standard> expected = {{"A", 12.5}, {"D", -3}};
-    EXPECT_EQ(lca::DecodeStandards("A=12,5;B;C=x;;D=-3;E="), expected);
-}
-
-TEST(Contribution, ThreeMapsFromOneText) {
-    LCAProjectData record;
-    lca::DecodeContribution("Inventory_contribution=true;Installations_contribution=1;Doors_contribution=0;"
-                            "Inventory=7,5;BuildingProcess_gwp=4200;Unknown=3;Unknown_gwp=3;Windows=x",
-                            record);
-    using Flags = std::map<ElementCategory, bool>;
-    using Numbers = std::map<ElementCategory, double>;
-    EXPECT_EQ(record.contributionEnabled, (Flags{{ElementCategory::Doors, false},
-                                                 {ElementCategory::Inventory, false},
-                                                 {ElementCategory::Installations, true}}));
-    EXPECT_EQ(record.contributionShare, (Numbers{{ElementCategory::Inventory, 7.5}}));
-    EXPECT_EQ(record.contributionGWP, (Numbers{{ElementCategory::BuildingProcess, 4200}}));
-}
-
-TEST(ElementColours, ThreeChannelsOrNothing) {
-    const std::map<ElementCategory, std::uint32_t> expected = {{ElementCategory::Doors, 0xFF010203}};
-    EXPECT_EQ(lca::DecodeElementColours("Doors=1,2,3;Windows=1,2;Inventory=1,2,3,4;Installations=256,0,0;"
-                                        "BuildingProcess=-1,0,0;OperatingEmission="),
-              expected);
-}
-
-TEST(ElementLives, ReadsAndWrites) {
-    const std::map<ElementCategory, std::int32_t> lives = {{ElementCategory::Doors, 40},
-                                                           {ElementCategory::Windows, -1}};
-    EXPECT_EQ(lca::DecodeElementLives(lca::EncodeElementLives(lives)), lives);
-    EXPECT_EQ(lca::DecodeElementLives("Doors=40;Windows=-1;Roof=3;Inventory=99999999999"), lives);
-}
-
-TEST(FloorSettings, ChoiceIsTrueForOneOnly) {
-    LCAProjectData record;
-    lca::DecodeFloorSettings("FLOORAREA_C=true;SOLAR_PANELS_C=1;MAX_SOLAR_CONT_C=TRUE;OPERATIONAL_EMISSION_C=0",
-                             record);
-    EXPECT_EQ(record.floorChoice, (std::map<FloorQuantity, bool>{{FloorQuantity::GrossFloorArea, false},
-                                                                 {FloorQuantity::OperationalEmission, false},
-                                                                 {FloorQuantity::SolarPanels, true},
-                                                                 {FloorQuantity::MaxSolarContribution, false}}));
-}
-
-TEST(FloorSettings, EachMapBySuffix) {
-    LCAProjectData record;
-    lca::DecodeFloorSettings("FLOORAREA_M=120,5;FLOORAREA_E=118;REFERENCE_FLOORAREA_M=x;AREA_M=1;FLOORAREA_X=3;_M=4",
-                             record);
-    EXPECT_EQ(record.enteredFloorValues, (std::map<FloorQuantity, double>{{FloorQuantity::GrossFloorArea, 120.5}}));
-    EXPECT_EQ(record.evaluatedFloorValues, (std::map<FloorQuantity, double>{{FloorQuantity::GrossFloorArea, 118}}));
-    EXPECT_EQ(lca::EncodeFloorSettings(record), "FLOORAREA_E=118;FLOORAREA_M=120.5");
-}
-
-TEST(Phases, EmptyTextIsAnEmptyList) {
-    EXPECT_TRUE(lca::DecodePhases("").empty());
-    EXPECT_EQ(lca::DecodePhases("A1-A3;C3"), (std::vector<std::string>{"A1-A3", "C3"}));
-    EXPECT_EQ(lca::EncodePhases({}), "");
+TEST(StoredTexts, WhatCanBeReadCountsAndIsWrittenAgain) {
+    const struct {
+        PropertyKey key;
+        const char *stored, *again;
+    } rows[] = {
+        // A name may hold "="; a number has point or comma.
+        {PropertyKey::GWPStandards,
+         "BR18 = limit=12,5;Gr\xC3\xB6\xC3\x9F"
+         "e \xF0\x9F\x8F\xA0=8;=0",
+         "BR18 = limit=12.5;Gr\xC3\xB6\xC3\x9F"
+         "e \xF0\x9F\x8F\xA0=8;=0"},
+        {PropertyKey::GWPStandards, "A=12,5;B;C=x;;D=-3;E=", "A=12.5;D=-3"},
+        {PropertyKey::Phases, "A1-A3;C3", "A1-A3;C3"},
+        {PropertyKey::Phases, "", ""},
+        {PropertyKey::Contribution,
+         "Inventory_contribution=true;Installations_contribution=1;Doors_contribution=0;Inventory=7,5;"
+         "BuildingProcess_gwp=4200;Unknown=3;Unknown_gwp=3;Windows=x",
+         "Doors_contribution=0;Inventory_contribution=0;Installations_contribution=1;Inventory=7.5;"
+         "BuildingProcess_gwp=4200"},
+        {PropertyKey::ElementColours,
+         "Doors=1,2,3;Windows=1,2;Inventory=1,2,3,4;Installations=256,0,0;BuildingProcess=-1,0,0;OperatingEmission=",
+         "Doors=1,2,3"},
+        {PropertyKey::ElementLives, "Doors=40;Windows=-1;Roof=3;Inventory=99999999999", "Doors=40;Windows=-1"},
+        {PropertyKey::FloorSettings, "FLOORAREA_C=true;SOLAR_PANELS_C=1;MAX_SOLAR_CONT_C=TRUE;OPERATIONAL_EMISSION_C=0",
+         "FLOORAREA_C=0;OPERATIONAL_EMISSION_C=0;SOLAR_PANELS_C=1;MAX_SOLAR_CONT_C=0"},
+        {PropertyKey::FloorSettings,
+         "FLOORAREA_M=120,5;FLOORAREA_E=118;REFERENCE_FLOORAREA_M=x;AREA_M=1;FLOORAREA_X=3;_M=4",
+         "FLOORAREA_E=118;FLOORAREA_M=120.5"}};
+    for (const auto& row : rows) {
+        lca::LCAProjectData record;
+        lca::BeginLoad(record);
+        lca::GetRow(row.key).decode(row.stored, record);
+        EXPECT_EQ(lca::WriteStoredText(lca::GetRow(row.key).encode(record)), row.again) << row.stored;
+    }
+    lca::LCAProjectData record;
+    record.standards = {{"a;b", 1}, {"c", 2}}; // a semicolon would end the entry
+    EXPECT_EQ(lca::EncodeStandards(record), "a,b=1;c=2");
 }
 
 } // namespace

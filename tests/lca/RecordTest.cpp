@@ -1,8 +1,12 @@
 // The record's rules for floor quantities, and loading it from stored values.
+#include "lca/PropertyKeys.h"
 #include "lca/RecordChanges.h"
 #include "lca/RecordEncodings.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
+#include <limits>
 
 namespace {
 
@@ -15,14 +19,13 @@ using lca::PropertyKey;
 LCAProjectData Reload(const LCAProjectData& record, bool reversed) {
     LCAProjectData loaded;
     lca::BeginLoad(loaded);
-    for (std::size_t step = lca::FirstProjectKey; step < lca::PropertyKeyCount; ++step) {
-        const std::size_t index = reversed ? lca::PropertyKeyCount - 1 - (step - lca::FirstProjectKey) : step;
-        const auto key = static_cast<PropertyKey>(index);
-        lca::StoredValue stored;
-        stored.description = lca::WriteMarker(key);
-        lca::WriteStoredValue(key, record, stored);
-        lca::ReadStoredValue(key, stored, loaded);
-    }
+    auto rows = lca::GetPropertyKeys();
+    if (reversed) std::reverse(rows.begin(), rows.end());
+    for (const lca::PropertyKeyRow& row : rows)
+        if (lca::IsProjectKey(row.key)) {
+            const std::string description = lca::WriteDescription(row.key, record, lca::WriteMarker(row.key));
+            EXPECT_TRUE(lca::ReadStoredValue(row.key, row.encode(record), description, loaded)) << row.text;
+        }
     return loaded;
 }
 
@@ -42,26 +45,47 @@ LCAProjectData MakeFullRecord() {
     record.contributionGWP[lca::ElementCategory::Inventory] = 42;
     record.contributionEnabled[lca::ElementCategory::Inventory] = false;
     record.elementLives[lca::ElementCategory::Doors] = 33;
-    record.elementColours[lca::ElementCategory::Windows] = 0xFF0A0B0C;
+    record.elementLives[lca::ElementCategory::OperatingEmission] = 7; // has none by default
+    record.elementColours[lca::ElementCategory::Windows] = {10, 11, 12};
     return record;
 }
 
-TEST(Record, SurvivesStoringWhateverTheOrder) {
-    const LCAProjectData record = MakeFullRecord();
+TEST(Record, SurvivesStoringWhateverTheOrderAndNothingSurvivesAReset) {
+    LCAProjectData record = MakeFullRecord();
     EXPECT_TRUE(Reload(record, false) == record);
     EXPECT_TRUE(Reload(record, true) == record);
+    record.Reset();
+    EXPECT_TRUE(record == LCAProjectData());
 }
 
 TEST(Record, PlainValuesFillEmptyMaps) {
     LCAProjectData record;
     lca::BeginLoad(record);
-    lca::StoredValue stored;
-    stored.real = 150;
-    lca::ReadStoredValue(PropertyKey::GrossFloorArea, stored, record);
-    lca::ReadStoredValue(PropertyKey::ReferenceFloorArea, stored, record);
+    EXPECT_TRUE(lca::ReadStoredValue(PropertyKey::GrossFloorArea, 150.0, {}, record));
+    EXPECT_TRUE(lca::ReadStoredValue(PropertyKey::ReferenceFloorArea, 150.0, {}, record));
     EXPECT_EQ(record.evaluatedFloorValues.count(FloorQuantity::GrossFloorArea), 1U);
     EXPECT_EQ(record.evaluatedFloorValues.count(FloorQuantity::ReferenceFloorArea), 0U);
     EXPECT_EQ(record.enteredFloorValues.at(FloorQuantity::ReferenceFloorArea), 150);
+}
+
+/// What another program or a damaged model left as a default value.
+TEST(Record, KeepsItsValueWhereTheStoredOneIsUnusable) {
+    const double infinite = std::numeric_limits<double>::infinity();
+    const std::pair<PropertyKey, lca::StoredValue> unusable[] = {
+        {PropertyKey::ServiceLife, 60.0},     {PropertyKey::ServiceLife, "60"},        {PropertyKey::Phases, 1},
+        {PropertyKey::GrossFloorArea, 5},     {PropertyKey::GrossFloorArea, infinite}, {PropertyKey::GWP, 1.0},
+        {PropertyKey::GWPStandards, infinite}};
+    const LCAProjectData full = MakeFullRecord();
+    for (const auto& [key, stored] : unusable) {
+        LCAProjectData record = full;
+        EXPECT_FALSE(lca::ReadStoredValue(key, stored, {}, record));
+        EXPECT_TRUE(record == full) << lca::GetKeyText(key);
+    }
+    LCAProjectData record;
+    EXPECT_TRUE(lca::ReadStoredValue(PropertyKey::ServiceLife, -5, {}, record));
+    EXPECT_EQ(record.consideredServiceLifeYears, 0U); // not four thousand million years
+    record.consideredServiceLifeYears = 4000000000U;
+    EXPECT_EQ(lca::GetRow(PropertyKey::ServiceLife).encode(record), lca::StoredValue(INT32_MAX));
 }
 
 TEST(Record, FloorValueComesFromTheChosenMapOrThePlainField) {

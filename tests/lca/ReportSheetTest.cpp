@@ -60,7 +60,7 @@ TEST(ResultSheet, EachCellFollowsItsRule) {
     const std::vector<lca::SheetRow> rows =
         lca::BuildResultSheet(record, sums, lca::ComputeResults(record, sums), MakeTexts());
     // Base 1400: inventory 70 x 2, installations 140 x 2, construction 98; doors 500 x 2; windows have no service life.
-    const char* expected[] = {"-|Type|Embodied Carbon\n[kg CO2e]",
+    const char* expected[] = {"-|Type|Embodied Carbon\n[kg CO2e]|-|-|-|-|-|-",
                               "Op|B6|12|-|-|-|600|3|0.06",
                               "Comp|EOL|1000|-|50|1|1000|10|0.2",
                               "Doors|(A1-A3)|500|-|30|1.66667|1000|10|0.2",

@@ -88,23 +88,33 @@ TEST(Results, TotalsAreTheSumsOfTheRows) {
     EXPECT_EQ(lca::GetTotalInUnit(results, lca::GWPUnitType::PerAreaAndYear), results.totalGwpPerAreaPerYear);
 }
 
-TEST(Results, ZeroAreaAndZeroPeriodLeaveGaps) {
-    LCAProjectData record = MakeRecord();
-    record.SetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::ByHand, 1e-5);
-    lca::Results results = lca::ComputeResults(record, {1000, 0, 0});
-    EXPECT_FALSE(results.Get(ElementCategory::BuildingComponents).gwpPerArea.has_value());
-    EXPECT_TRUE(results.Get(ElementCategory::OperatingEmission).gwpPerArea.has_value());
-    EXPECT_EQ(results.totalGwpPerArea, 0);
-    record.SetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::ByHand, 2e-5);
-    EXPECT_TRUE(
-        lca::ComputeResults(record, {1000, 0, 0}).Get(ElementCategory::BuildingComponents).gwpPerArea.has_value());
-    record = MakeRecord();
-    record.consideredServiceLifeYears = 0;
-    results = lca::ComputeResults(record, {1000, 500, 0});
-    EXPECT_DOUBLE_EQ(results.Get(ElementCategory::BuildingComponents).gwpPerArea.value(), 10);
-    EXPECT_FALSE(results.Get(ElementCategory::BuildingComponents).gwpPerAreaPerYear.has_value());
-    EXPECT_EQ(results.Get(ElementCategory::Doors).gwp, 0);
-    EXPECT_EQ(results.totalGwpPerAreaPerYear, 0);
+TEST(Results, AnAreaOrPeriodOfZeroLeavesGaps) {
+    const struct {
+        double areaM2;
+        std::uint32_t periodYears;
+        std::optional<double> perArea, perAreaPerYear, areaYears;
+    } rows[] = {{1e-5, 50, {}, {}, {}},
+                {-1e-5, 50, {}, {}, {}},
+                {2e-5, 50, 5e7, 1e6, 1e-3},
+                {-100, 50, -10, -0.2, -5000}, // no sense, but no gap
+                {100, 0, 10, {}, {}}};
+    for (const auto& row : rows) {
+        LCAProjectData record = MakeRecord();
+        record.SetFloorValue(FloorQuantity::ReferenceFloorArea, FloorSource::ByHand, row.areaM2);
+        record.consideredServiceLifeYears = row.periodYears;
+        const lca::Results results = lca::ComputeResults(record, {1000, 0, 0});
+        const lca::CategoryResult& components = results.Get(ElementCategory::BuildingComponents);
+        const auto expectEqual = [&](std::optional<double> found, std::optional<double> expected) {
+            ASSERT_EQ(found.has_value(), expected.has_value()) << row.areaM2;
+            EXPECT_DOUBLE_EQ(found.value_or(0.0), expected.value_or(0.0)) << row.areaM2;
+        };
+        expectEqual(components.gwpPerArea, row.perArea);
+        expectEqual(components.gwpPerAreaPerYear, row.perAreaPerYear);
+        expectEqual(record.GetAreaYears(), row.areaYears);
+        // The operation has an area of its own; a gap counts 0.
+        EXPECT_TRUE(results.Get(ElementCategory::OperatingEmission).gwpPerArea.has_value());
+        EXPECT_EQ(results.totalGwpPerAreaPerYear == 0.0, !row.perAreaPerYear.has_value()) << row.areaM2;
+    }
 }
 
 TEST(Results, ServiceLivesBelowOneAreToldOnlyWhereUsed) {

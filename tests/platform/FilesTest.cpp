@@ -1,4 +1,5 @@
 // Files, folders and their facts on the operating system's own file system.
+#include "support/Environment.h"
 #include "support/FakeFiles.h"
 #include "support/TestFolder.h"
 
@@ -7,45 +8,45 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
-#include <cstdlib>
-#include <filesystem>
-#include <set>
 #include <thread>
-#include <vector>
+
+#ifndef _WIN32
+#include "support/ChildProcess.h"
+#endif
 
 namespace {
 
-using platform::FactsOf;
+namespace fs = std::filesystem;
+using platform::Creation;
 using platform::FileFacts;
-using platform::OperatingSystemFiles;
+using platform::GetFactsOf;
+using platform::GetOperatingSystemFiles;
 using support::ContentOf;
 using support::TestFolder;
 
-constexpr std::uint64_t ticksPerSecond = 10000000;
+constexpr std::uint64_t TicksPerSecond = 10000000;
 
 std::uint64_t Now() {
     const auto since1970 = std::chrono::system_clock::now().time_since_epoch();
     return 116444736000000000 + std::chrono::duration_cast<std::chrono::microseconds>(since1970).count() * 10;
 }
 
-TEST(FilesTest, WritesSeeksAndReadsBack) {
+class FilesTest : public testing::Test {
+protected:
+    platform::FileLayer& files = GetOperatingSystemFiles();
     const TestFolder folder;
+};
+
+TEST_F(FilesTest, WritesSeeksAndReadsBack) {
     const std::string path = folder.Write("file", "something that is longer than what follows");
-    auto output = OperatingSystemFiles().CreateOrTruncate(path);
+    auto output = files.CreateOrTruncate(path);
     ASSERT_NE(output, nullptr);
-    EXPECT_TRUE(output->CanSeek());
-    EXPECT_TRUE(output->Write("0123456789", 10));
-    EXPECT_TRUE(output->Seek(4));
-    EXPECT_TRUE(output->Write("xy", 2));
-    EXPECT_TRUE(output->Seek(12));
-    EXPECT_TRUE(output->Write("!", 1));
-    EXPECT_TRUE(output->Flush());
-    EXPECT_TRUE(output->Close());
+    EXPECT_TRUE(output->CanSeek() && output->Write("0123456789", 10) && output->Seek(4) && output->Write("xy", 2));
+    EXPECT_TRUE(output->Seek(12) && output->Write("!", 1) && output->Flush() && output->Close());
     EXPECT_FALSE(output->Close());
-    output.reset();
     EXPECT_EQ(ContentOf(path), std::string("0123xy6789\0\0!", 13));
 
-    auto input = OperatingSystemFiles().OpenForReading(path);
+    auto input = files.OpenForReading(path);
     ASSERT_NE(input, nullptr);
     char bytes[20];
     EXPECT_EQ(input->Read(bytes, 4), std::size_t{4});
@@ -55,51 +56,45 @@ TEST(FilesTest, WritesSeeksAndReadsBack) {
     EXPECT_EQ(input->Read(bytes, sizeof bytes), std::size_t{0});
 }
 
-TEST(FilesTest, TellsAFilesFacts) {
-    const TestFolder folder;
-    const std::uint64_t before = Now() - 2 * ticksPerSecond; // file systems round down
+TEST_F(FilesTest, TellsAFilesFacts) {
     const std::string path = folder.Write("file", "12345");
-    std::filesystem::last_write_time(path, std::filesystem::last_write_time(path) - std::chrono::hours(30));
-    const std::uint64_t after = Now() + 2 * ticksPerSecond;
-    const auto input = OperatingSystemFiles().OpenForReading(path);
-    ASSERT_NE(input, nullptr);
-    const std::optional<FileFacts> ofFile = input->Facts();
-    const std::optional<FileFacts> ofPath = FactsOf(path);
-    ASSERT_TRUE(ofFile && ofPath);
-    for (const FileFacts& facts : {*ofFile, *ofPath}) {
-        EXPECT_EQ(facts.sizeBytes, 5U);
-        EXPECT_EQ(facts.attributes & ~platform::Archive, 0U);
-        EXPECT_GE(facts.lastWriteTime, before - 30 * 3600 * ticksPerSecond);
-        EXPECT_LE(facts.lastWriteTime, after - 30 * 3600 * ticksPerSecond);
-        EXPECT_GE(facts.lastAccessTime, before);
-        EXPECT_LE(facts.lastAccessTime, after);
-        EXPECT_LE(facts.creationTime, after);
+    fs::last_write_time(path, fs::last_write_time(path) - std::chrono::hours(30));
+    const double now = static_cast<double>(Now()), tolerance = 2.0 * TicksPerSecond; // file systems round down
+    for (const std::optional<FileFacts>& facts : {files.OpenForReading(path)->GetFacts(), GetFactsOf(path)}) {
+        ASSERT_TRUE(facts.has_value());
+        EXPECT_EQ(facts->sizeBytes, 5U);
+        EXPECT_EQ(facts->attributes & ~platform::Archive, 0U);
+        EXPECT_NEAR(static_cast<double>(facts->lastWriteTime), now - 30.0 * 3600 * TicksPerSecond, tolerance);
+        EXPECT_NEAR(static_cast<double>(facts->lastAccessTime), now, tolerance);
+        EXPECT_LE(static_cast<double>(facts->creationTime), now + tolerance);
     }
-    EXPECT_FALSE(FactsOf(folder / "missing").has_value());
+    std::vector<fs::perms> writing = {fs::perms::none, fs::perms::owner_write};
+#ifndef _WIN32
+    writing.insert(writing.end(), {fs::perms::group_write, fs::perms::others_write});
+#endif
+    for (const fs::perms some : writing) {
+        fs::permissions(path, fs::perms::owner_read | some);
+        EXPECT_EQ(GetFactsOf(path)->attributes & platform::ReadOnly, some == fs::perms::none ? platform::ReadOnly : 0U);
+    }
+    EXPECT_EQ(GetFactsOf(folder.GetPath())->attributes & (platform::ReadOnly | platform::Directory),
+              platform::Directory);
+    EXPECT_FALSE(GetFactsOf(folder / "missing").has_value());
 }
 
-TEST(FilesTest, TellsAttributes) {
-    namespace fs = std::filesystem;
-    const TestFolder folder;
-    const std::string path = folder.Write("file", "");
-    const fs::perms writing = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
-    fs::permissions(path, writing, fs::perm_options::remove);
-    EXPECT_EQ(FactsOf(path)->attributes & (platform::ReadOnly | platform::Directory), platform::ReadOnly);
-    fs::permissions(path, fs::perms::owner_write, fs::perm_options::add);
-    EXPECT_EQ(FactsOf(path)->attributes & (platform::ReadOnly | platform::Directory), 0U);
-    EXPECT_EQ(FactsOf(folder.Path())->attributes & (platform::ReadOnly | platform::Directory), platform::Directory);
-    EXPECT_EQ(OperatingSystemFiles().OpenForReading(folder.Path()), nullptr);
-    EXPECT_EQ(OperatingSystemFiles().CreateOrTruncate(folder.Path()), nullptr);
-}
-
-TEST(FilesTest, CreatesRemovesAndReplaces) {
-    platform::FileLayer& files = OperatingSystemFiles();
-    const TestFolder folder;
-    EXPECT_EQ(files.CreateFolder(folder / "a"), platform::Creation::Created);
-    EXPECT_EQ(files.CreateFolder(folder / "a"), platform::Creation::AlreadyThere);
-    EXPECT_EQ(files.CreateFolder(folder / "b/c"), platform::Creation::Failed);
+TEST_F(FilesTest, CreatesRemovesAndReplaces) {
+    EXPECT_EQ(files.CreateFolder(folder / "a"), Creation::Created);
+    EXPECT_EQ(files.CreateFolder(folder / "a"), Creation::AlreadyThere);
+    EXPECT_EQ(files.CreateFolder(folder / "b/c"), Creation::Failed);
     const std::string inner = folder.Write("a/file", "new");
     const std::string outer = folder.Write("file", "old");
+    EXPECT_EQ(files.CreateEmpty(folder / "empty", outer), Creation::Created);
+    EXPECT_EQ(ContentOf(folder / "empty"), "");
+    EXPECT_EQ(files.CreateEmpty(outer, ""), Creation::AlreadyThere);
+    EXPECT_EQ(ContentOf(outer), "old");
+    EXPECT_EQ(files.CreateEmpty(folder / "no/such", outer), Creation::Failed);
+    EXPECT_EQ(files.OpenForReading(folder / "a"), nullptr);
+    EXPECT_EQ(files.OpenForReading(folder / "missing"), nullptr);
+    EXPECT_EQ(files.CreateOrTruncate(folder / "a"), nullptr);
     EXPECT_FALSE(files.RemoveFolder(folder / "a"));
     EXPECT_FALSE(files.RemoveFile(folder / "a"));
     EXPECT_TRUE(files.Replace(inner, outer));
@@ -108,140 +103,119 @@ TEST(FilesTest, CreatesRemovesAndReplaces) {
     EXPECT_FALSE(files.Replace(inner, outer));
     EXPECT_FALSE(files.Replace(outer, folder / "b/file"));
     EXPECT_EQ(ContentOf(outer), "new");
-    EXPECT_TRUE(files.RemoveFolder(folder / "a"));
-    EXPECT_FALSE(files.RemoveFolder(folder / "a"));
-    EXPECT_TRUE(files.RemoveFile(outer));
-    EXPECT_FALSE(files.RemoveFile(outer));
+    for (const bool isThere : {true, false}) {
+        EXPECT_EQ(files.RemoveFolder(folder / "a"), isThere);
+        EXPECT_EQ(files.RemoveFile(outer), isThere);
+    }
 }
 
-TEST(FilesTest, CreatesEmptyFilesWhereNothingIs) {
-    platform::FileLayer& files = OperatingSystemFiles();
-    const TestFolder folder;
-    const std::string there = folder.Write("there", "content");
-    EXPECT_EQ(files.CreateEmpty(folder / "new", there), platform::Creation::Created);
-    EXPECT_EQ(ContentOf(folder / "new"), "");
-    EXPECT_EQ(files.CreateEmpty(there, ""), platform::Creation::AlreadyThere);
-    EXPECT_EQ(ContentOf(there), "content");
-    EXPECT_EQ(files.CreateEmpty(folder / "no/such", there), platform::Creation::Failed);
-}
-
-TEST(FilesTest, RefusesPathsWithANul) {
-    platform::FileLayer& files = OperatingSystemFiles();
-    const TestFolder folder;
+TEST_F(FilesTest, RefusesPathsWithANul) {
     const std::string cut = folder / "x";
-    const std::string path = cut + std::string("\0y", 2);
-    EXPECT_EQ(files.CreateOrTruncate(path), nullptr);
-    EXPECT_EQ(files.CreateEmpty(path, ""), platform::Creation::Failed);
-    EXPECT_EQ(files.CreateFolder(path), platform::Creation::Failed);
-    EXPECT_FALSE(FactsOf(cut).has_value());
+    const std::string path = cut + std::string("\0y", 2), folderPath = folder.GetPath() + std::string("\0y", 2);
+    EXPECT_TRUE(!files.CreateOrTruncate(path) && files.CreateEmpty(path, "") == Creation::Failed);
+    EXPECT_EQ(files.CreateFolder(path), Creation::Failed);
+    EXPECT_FALSE(GetFactsOf(cut).has_value());
+    EXPECT_FALSE(files.RemoveFolder(folderPath) || GetFactsOf(folderPath).has_value());
     folder.Write("x", "content");
-    EXPECT_EQ(files.OpenForReading(path), nullptr);
-    EXPECT_FALSE(FactsOf(path).has_value());
-    EXPECT_FALSE(files.RemoveFile(path));
-    EXPECT_FALSE(files.Replace(path, folder / "z"));
+    EXPECT_FALSE(files.OpenForReading(path) || files.RemoveFile(path) || files.Replace(path, folder / "z"));
     EXPECT_FALSE(files.Replace(cut, folder / std::string("z\0y", 3)));
     EXPECT_EQ(ContentOf(cut), "content");
-    ASSERT_EQ(files.CreateFolder(folder / "folder"), platform::Creation::Created);
-    EXPECT_FALSE(files.RemoveFolder(folder / std::string("folder\0y", 8)));
 }
 
-class Environment {
-public:
-    void Set(const char* name, const std::string& value) {
 #ifdef _WIN32
-        _putenv_s(name, value.c_str());
+
+// What is written shares with nobody, what is read only with readers.
+TEST_F(FilesTest, LeavesFilesThatAreOpenElsewhere) {
+    const std::string path = folder.Write("file", "content");
+    auto reader = files.OpenForReading(path);
+    EXPECT_TRUE(reader && files.OpenForReading(path) && !files.CreateOrTruncate(path));
+    reader.reset();
+    EXPECT_EQ(ContentOf(path), "content");
+    const auto writer = files.CreateOrTruncate(path);
+    EXPECT_TRUE(writer && !files.CreateOrTruncate(path) && !files.OpenForReading(path));
+}
+
 #else
-        setenv(name, value.c_str(), 1);
+
+TEST_F(FilesTest, TellsOfAFullDiskAndOfMissingRights) {
+    const std::string path = folder.Write("file", "content");
+    const auto written = [&](std::size_t sizeBytes) {
+        auto output = files.CreateOrTruncate(path);
+        return output && output->Write(std::string(sizeBytes, 'x').data(), sizeBytes) ? 1 : 0;
+    };
+    EXPECT_EQ(support::InChild([&] { return support::LimitFileSizes(1000) ? written(1000) + 2 * written(1001) : 9; }),
+              1);
+    EXPECT_EQ(support::InChild([&] { return support::GiveUpRights() ? written(1) : 9; }), 0);
+    EXPECT_EQ(ContentOf(path), std::string(1000, 'x'));
+    const auto device = files.CreateOrTruncate("/dev/full");
+    ASSERT_NE(device, nullptr);
+    EXPECT_FALSE(device->Write("x", 1));
+}
+
 #endif
-    }
-};
-
-TEST(TemporaryFolderTest, FollowsTheVariable) {
-    const std::string kept = platform::EnvironmentVariable("TEMP").value_or("");
-    Environment environment;
-    environment.Set("TEMP", "/some/place");
-    EXPECT_EQ(platform::TemporaryRoot(), "/some/place/");
-    environment.Set("TEMP", "/some/place/");
-    EXPECT_EQ(platform::TemporaryRoot(), "/some/place/");
-    environment.Set("TEMP", "");
-    const std::string fallback = platform::TemporaryRoot();
-    EXPECT_EQ(fallback.back(), '/');
-    EXPECT_TRUE(FactsOf(fallback.substr(0, fallback.size() - 1)).has_value()) << fallback;
-    environment.Set("TEMP", "/no such folder");
-    EXPECT_FALSE(platform::CreatePrivateFolder(OperatingSystemFiles(), "x_").has_value());
-    environment.Set("TEMP", kept);
-}
-
-TEST(TemporaryFolderTest, NamesFoldersByThreadAndClockAndSharesNone) {
-    platform::FileLayer& files = OperatingSystemFiles();
-    const std::string start = platform::TemporaryRoot() + "xlsx_" + std::to_string(platform::ThreadId()) + "_";
-    std::set<std::string> folders;
-    for (int i = 0; i < 50; ++i) { // faster than the clock ticks
-        const std::optional<std::string> folder = platform::CreatePrivateFolder(files, "xlsx_");
-        ASSERT_TRUE(folder.has_value());
-        EXPECT_EQ(folder->compare(0, start.size(), start), 0) << *folder;
-        EXPECT_EQ(folder->find_first_not_of("0123456789", start.size()), std::string::npos) << *folder;
-        folders.insert(*folder);
-    }
-    EXPECT_EQ(folders.size(), 50U);
-    for (const std::string& folder : folders) {
-        EXPECT_TRUE(files.RemoveFolder(folder));
-    }
-}
 
 // Somebody else has taken the first names.
 class CrowdedFiles final : public support::FakeFiles {
 public:
-    std::vector<std::uint64_t> ticksTried;
-    platform::Creation CreateFolder(const std::string& path) override {
-        ticksTried.push_back(std::stoull(path.substr(path.rfind('_') + 1)));
-        return ticksTried.size() < 4 ? platform::Creation::AlreadyThere : platform::Creation::Created;
+    std::vector<std::string> tried;
+    Creation CreateFolder(const std::string& path) override {
+        tried.push_back(path);
+        return tried.size() < 4 ? Creation::AlreadyThere : Creation::Created;
     }
 };
 
-TEST(TemporaryFolderTest, TakesTheNextNameWhenOneIsTaken) {
-    CrowdedFiles files;
-    ASSERT_TRUE(platform::CreatePrivateFolder(files, "xlsx_").has_value());
-    ASSERT_EQ(files.ticksTried.size(), 4U);
-    for (std::size_t i = 1; i < 4; ++i) {
-        EXPECT_EQ(files.ticksTried[i], files.ticksTried[0] + i);
-    }
+TEST_F(FilesTest, NamesTemporaryFoldersByThreadAndClock) {
+    const support::EnvironmentScope variable("TEMP", "/some/place");
+    EXPECT_EQ(platform::GetTemporaryRoot(), "/some/place/");
+    variable.Set("/some/place/");
+    EXPECT_EQ(platform::GetTemporaryRoot(), "/some/place/");
+    CrowdedFiles crowded;
+    const std::string start = "/some/place/xlsx_" + std::to_string(platform::GetThreadId()) + "_";
+    const std::optional<std::string> made = platform::CreatePrivateFolder(crowded, "xlsx_");
+    ASSERT_TRUE(made == crowded.tried.at(3) && crowded.tried.size() == 4);
+    const std::uint64_t ticks = std::stoull(crowded.tried[0].substr(start.size()));
+    for (std::size_t i = 0; i < 4; ++i)
+        EXPECT_EQ(crowded.tried[i], start + std::to_string(ticks + i));
+    variable.Set("/no such folder");
+    EXPECT_FALSE(platform::CreatePrivateFolder(files, "x_").has_value());
+    variable.Set("");
+    const std::string fallback = platform::GetTemporaryRoot();
+    EXPECT_EQ(fallback.back(), '/');
+    EXPECT_TRUE(GetFactsOf(fallback.substr(0, fallback.size() - 1)).has_value()) << fallback;
 }
 
-TEST(SystemTest, ReadsTheEnvironment) {
-    Environment environment;
-    environment.Set("KELVARNIX_TEST_VALUE", std::string(1000, 'v'));
-    EXPECT_EQ(platform::EnvironmentVariable("KELVARNIX_TEST_VALUE"), std::string(1000, 'v'));
-    EXPECT_FALSE(platform::EnvironmentVariable("KELVARNIX_TEST_NO_SUCH").has_value());
-}
-
-TEST(SystemTest, KnowsTimeAndThread) {
-    const std::uint64_t here = platform::ThreadId();
+TEST(SystemTest, KnowsEnvironmentTimeAndThread) {
+    const support::EnvironmentScope variable("KELVARNIX_TEST_VALUE", std::string(1000, 'v'));
+    EXPECT_EQ(platform::ReadEnvironmentVariable("KELVARNIX_TEST_VALUE"), std::string(1000, 'v'));
+    EXPECT_FALSE(platform::ReadEnvironmentVariable("KELVARNIX_TEST_NO_SUCH").has_value());
+    const std::uint64_t here = platform::GetThreadId();
     std::uint64_t there = here;
-    std::thread([&there] { there = platform::ThreadId(); }).join();
+    std::thread([&there] { there = platform::GetThreadId(); }).join();
     EXPECT_NE(here, there);
-    const std::uint64_t ticks = platform::ProcessClockTicks();
-    EXPECT_GE(platform::ProcessClockTicks(), ticks);
-    std::tm local = platform::LocalTime();
+    const std::uint64_t ticks = platform::GetProcessClockTicks();
+    EXPECT_GE(platform::GetProcessClockTicks(), ticks);
+#ifndef _WIN32
+    const support::EnvironmentScope zone("TZ", "XYZ-5:30"); // so that local time is not the time of Greenwich
+    tzset();
+#endif
+    std::tm local = platform::GetLocalTime();
     EXPECT_NEAR(std::difftime(std::mktime(&local), std::time(nullptr)), 0, 2);
 }
 
 #ifdef _WIN32
-const std::string writingCommand = "cmd.exe /c echo started> ";
+const std::string WritingCommand = "cmd.exe /c echo started> ";
 #else
-const std::string writingCommand = "sh -c \"echo started > $0\" ";
+const std::string WritingCommand = "sh -c \"printf \"\"started\"\" > \"\"$0\"\"\" ";
 #endif
 
-TEST(SystemTest, StartsACommandLine) {
-    const TestFolder folder;
+TEST_F(FilesTest, StartsACommandLine) {
     std::string path = folder / "blank name";
 #ifdef _WIN32
     std::replace(path.begin(), path.end(), '/', '\\');
 #endif
-    ASSERT_TRUE(platform::StartHidden(writingCommand + "\"" + path + "\""));
-    for (int wait = 0; wait < 200 && ContentOf(path).substr(0, 7) != "started"; ++wait) {
+    ASSERT_TRUE(platform::StartHidden(WritingCommand + "\"" + path + "\""));
+    for (int wait = 0; wait < 200 && ContentOf(path).substr(0, 7) != "started"; ++wait)
         std::this_thread::sleep_for(std::chrono::milliseconds(50));
-    }
     EXPECT_EQ(ContentOf(path).substr(0, 7), "started");
     EXPECT_FALSE(platform::StartHidden("kelvarnix-no-such-program and words"));
     EXPECT_FALSE(platform::StartHidden(""));

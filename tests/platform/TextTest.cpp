@@ -5,49 +5,39 @@
 namespace {
 
 // Encodings by hand from the definition of UTF-8; \u and \U make the wide text.
-TEST(TextTest, ConvertsBetweenWideAndUtf8) {
-    struct Case {
-        const char* name;
-        std::wstring wide;
-        std::string utf8;
-    };
-    const Case cases[] = {{"empty", L"", ""},
-                          {"ASCII", L"a/B\u007F", "a/B\x7F"},
-                          {"first of two bytes", L"\u0080", "\xC2\x80"},
-                          {"last of two bytes", L"\u07FF", "\xDF\xBF"},
-                          {"first of three bytes", L"\u0800", "\xE0\xA0\x80"},
-                          {"last of three bytes", L"\uFFFF", "\xEF\xBF\xBF"},
-                          {"first of four bytes", L"\U00010000", "\xF0\x90\x80\x80"},
-                          {"last character", L"\U0010FFFF", "\xF4\x8F\xBF\xBF"},
-                          {"mixed", L"gr\u00FCn \u20AC \U0001F3E0.", "gr\xC3\xBCn \xE2\x82\xAC \xF0\x9F\x8F\xA0."},
-                          {"zero inside", std::wstring(L"a\0b", 3), std::string("a\0b", 3)}};
-    for (const Case& row : cases) {
-        EXPECT_EQ(platform::Utf8FromWide(row.wide), row.utf8) << row.name;
-        EXPECT_EQ(platform::WideFromUtf8(row.utf8), row.wide) << row.name;
-    }
-}
-
-TEST(TextTest, ReplacesWhatIsNoText) {
-    struct Case {
+TEST(TextTest, ConvertsBetweenWideAndUtf8AndReplacesWhatIsNoText) {
+    const struct {
         const char* name;
         std::string utf8;
         std::wstring wide;
-    };
-    const Case cases[] = {{"continuation alone", "a\x80z", L"a\uFFFDz"},
-                          {"overlong slash", "\xC0\xAF", L"\uFFFD\uFFFD"},
-                          {"overlong in three", "\xE0\x80\xAF", L"\uFFFD\uFFFD\uFFFD"},
-                          {"surrogate", "\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD"},
-                          {"beyond the last", "\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD"},
-                          {"cut off", "ab\xE2\x82", L"ab\uFFFD\uFFFD"},
-                          {"broken by a letter", "\xE2\x82z", L"\uFFFD\uFFFDz"},
-                          {"no such byte", "\xFF", L"\uFFFD"}};
-    for (const Case& row : cases) {
+        bool isText = true;
+    } cases[] = {{"empty", "", L""},
+                 {"ASCII", "a/B\x7F", L"a/B\u007F"},
+                 {"first of two bytes", "\xC2\x80", L"\u0080"},
+                 {"last of two bytes", "\xDF\xBF", L"\u07FF"},
+                 {"first of three bytes", "\xE0\xA0\x80", L"\u0800"},
+                 {"last of three bytes", "\xEF\xBF\xBF", L"\uFFFF"},
+                 {"first of four bytes", "\xF0\x90\x80\x80", L"\U00010000"},
+                 {"last character", "\xF4\x8F\xBF\xBF", L"\U0010FFFF"},
+                 {"around the surrogates", "\xED\x9F\xBF\xEE\x80\x80", L"\uD7FF\uE000"},
+                 {"mixed", "gr\xC3\xBCn \xE2\x82\xAC \xF0\x9F\x8F\xA0.", L"gr\u00FCn \u20AC \U0001F3E0."},
+                 {"zero inside", std::string("a\0b", 3), std::wstring(L"a\0b", 3)},
+                 {"continuation alone", "a\x80z", L"a\uFFFDz", false},
+                 {"overlong slash", "\xC0\xAF", L"\uFFFD\uFFFD", false},
+                 {"overlong in three", "\xE0\x9F\xBF", L"\uFFFD\uFFFD\uFFFD", false},
+                 {"overlong in four", "\xF0\x8F\xBF\xBF", L"\uFFFD\uFFFD\uFFFD\uFFFD", false},
+                 {"surrogate", "\xED\xA0\x80", L"\uFFFD\uFFFD\uFFFD", false},
+                 {"last surrogate", "\xED\xBF\xBF", L"\uFFFD\uFFFD\uFFFD", false},
+                 {"beyond the last", "\xF4\x90\x80\x80", L"\uFFFD\uFFFD\uFFFD\uFFFD", false},
+                 {"cut off", "ab\xE2\x82", L"ab\uFFFD\uFFFD", false},
+                 {"broken by a letter", "\xE2\x82z", L"\uFFFD\uFFFDz", false},
+                 {"no such byte", "\xFF", L"\uFFFD", false}};
+    for (const auto& row : cases) {
         EXPECT_EQ(platform::WideFromUtf8(row.utf8), row.wide) << row.name;
+        EXPECT_EQ(platform::Utf8FromWide(row.wide) == row.utf8, row.isText) << row.name;
     }
-    const wchar_t high = static_cast<wchar_t>(0xD800);
-    const wchar_t low = static_cast<wchar_t>(0xDC00);
-    EXPECT_EQ(platform::Utf8FromWide({high, L'a'}), "\xEF\xBF\xBD\x61");
-    EXPECT_EQ(platform::Utf8FromWide({low, high}), "\xEF\xBF\xBD\xEF\xBF\xBD");
+    const wchar_t high = static_cast<wchar_t>(0xD800), low = static_cast<wchar_t>(0xDFFF);
+    EXPECT_EQ(platform::Utf8FromWide({high, L'a', low, high}), "\xEF\xBF\xBD\x61\xEF\xBF\xBD\xEF\xBF\xBD");
 }
 
 TEST(TextTest, RefusesPathsThatTheSystemCannotName) {

@@ -76,7 +76,7 @@ void WriteAwkward(const std::string& folder) {
         report.materialRows.push_back(MakeMaterialRow(CellRole::PartLabel, longName, "", number));
     report.pieChart = {"GWP", folder + "/no such picture.jpg"};
     report.barChart = {"Threshold", folder}; // a folder is no picture
-    report.legend = {{"Op", 0xFF112233}};
+    report.legend = {{"Op", {17, 34, 51}}};
     Check(WriteSpreadsheetReport(report, folder + "/awkward.xlsx").outcome == ReportOutcome::WrittenWithoutPicture,
           "missing pictures are not told");
     const std::string before = ContentOf(folder + "/awkward.xlsx");
@@ -90,10 +90,11 @@ void WriteLegend(const std::string& folder) {
     SpreadsheetReport report = MakeReport();
     report.pieChart = {"GWP", folder + "/picture.jpg"};
     std::ofstream(report.pieChart.file, std::ios::binary) << "\xFF\xD8\xFF";
-    for (std::uint32_t red = 0; red < 256; red += 51)
-        for (std::uint32_t green = 0; green < 256; green += 51)
-            for (std::uint32_t blue = 0; blue < 256; blue += 51)
-                report.legend.push_back({"Name", 0xFF000000U | red << 16U | green << 8U | blue});
+    const std::uint8_t channels[] = {0, 51, 102, 153, 204, 255};
+    for (const std::uint8_t red : channels)
+        for (const std::uint8_t green : channels)
+            for (const std::uint8_t blue : channels)
+                report.legend.push_back({"Name", {red, green, blue}});
     Check(WriteSpreadsheetReport(report, folder + "/legend.xlsx").outcome == ReportOutcome::Written, "no legend");
 }
 

@@ -216,8 +216,8 @@ inline void ExpectJpegFiles(const WriteJpeg& write,
         std::filesystem::remove(renamed);
     }
     EXPECT_FALSE(write(folder / "none/new.jpg", 30, 20, 2, halves));
-    EXPECT_FALSE(write(folder.Path(), 30, 20, 2, halves));
-    EXPECT_TRUE(std::filesystem::is_empty(folder.Path()));
+    EXPECT_FALSE(write(folder.GetPath(), 30, 20, 2, halves));
+    EXPECT_TRUE(std::filesystem::is_empty(folder.GetPath()));
 }
 
 } // namespace support

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <functional>
 #include <map>
+#include <new>
 #include <set>
 #include <string>
 
@@ -30,6 +31,7 @@ public:
     int operations = 0;
     int failAt = -1;
     bool staysBroken = false;
+    bool throwsOnFailure = false; ///< as if memory ran out within the operation
     Seekable outputs = Seekable::Yes;
     bool discardsOutput = false;
     int openFiles = 0;
@@ -45,7 +47,9 @@ public:
 
     bool Fails() {
         const int now = operations++;
-        return failAt >= 0 && (staysBroken ? now >= failAt : now == failAt);
+        const bool fails = failAt >= 0 && (staysBroken ? now >= failAt : now == failAt);
+        if (fails && throwsOnFailure) throw std::bad_alloc();
+        return fails;
     }
 
     std::unique_ptr<platform::OutputFile> CreateOrTruncate(const std::string& path) override {
@@ -82,9 +86,10 @@ private:
         bool Write(const void* data, std::size_t sizeBytes) override {
             if (owner.Fails()) return false;
             if (!owner.discardsOutput) {
-                std::string& bytes = owner.files[path].bytes;
-                bytes.resize(std::max<std::size_t>(bytes.size(), position + sizeBytes));
-                std::memcpy(bytes.data() + position, data, sizeBytes);
+                FakeFile& file = owner.files[path];
+                file.bytes.resize(std::max<std::size_t>(file.bytes.size(), position + sizeBytes));
+                std::memcpy(file.bytes.data() + position, data, sizeBytes);
+                file.facts.sizeBytes = file.bytes.size();
             }
             position += sizeBytes;
             return true;
@@ -134,7 +139,7 @@ private:
             position = offset;
             return !owner.Fails();
         }
-        std::optional<platform::FileFacts> Facts() override {
+        std::optional<platform::FileFacts> GetFacts() override {
             if (owner.Fails()) return std::nullopt;
             return file.facts;
         }

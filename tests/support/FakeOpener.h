@@ -24,7 +24,7 @@ public:
     FakeOpener() {
         folder.Write("xdg-open", "#!/bin/sh\nprintf '%s|' \"$@\" >'" + marker + "'\nprintf done >>'" + marker + "'\n");
         std::filesystem::permissions(folder / "xdg-open", std::filesystem::perms::owner_all);
-        setenv("PATH", (folder.Path() + ":" + former).c_str(), 1);
+        setenv("PATH", (folder.GetPath() + ":" + former).c_str(), 1);
     }
     ~FakeOpener() { setenv("PATH", former.c_str(), 1); }
 

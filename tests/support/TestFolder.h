@@ -15,7 +15,7 @@ class TestFolder {
 public:
     TestFolder() {
         const std::optional<std::string> made =
-            platform::CreatePrivateFolder(platform::OperatingSystemFiles(), "kelvarnix_test_");
+            platform::CreatePrivateFolder(platform::GetOperatingSystemFiles(), "kelvarnix_test_");
         if (!made) throw std::runtime_error("no temporary folder");
         path = *made;
     }
@@ -27,7 +27,7 @@ public:
     TestFolder& operator=(const TestFolder&) = delete;
 
     [[nodiscard]] std::string operator/(const std::string& name) const { return path + "/" + name; }
-    [[nodiscard]] const std::string& Path() const { return path; }
+    [[nodiscard]] const std::string& GetPath() const { return path; }
 
     std::string Write(const std::string& name, const std::string& content) const {
         std::ofstream file(*this / name, std::ios::binary);

@@ -1,110 +1,126 @@
 // A model as text, so that two can be compared whole.
 #pragma once
 
-#include "host/Properties.h"
-#include "host/Values.h"
 #include "workbench/model/Model.h"
 
 #include <sstream>
 #include <string>
+#include <type_traits>
 
 namespace test {
 
-inline std::string Describe(const host::Variant& value) {
-    std::ostringstream text;
-    text << static_cast<int>(value.type) << ":" << value.integer << ":" << value.real << ":" << value.boolean << ":"
-         << value.text << ":" << host::WriteGuid(value.guid);
-    return text.str();
-}
+/// Rows, one a line, with their fields separated by "|".
+class ModelText {
+public:
+    ModelText() { text.precision(17); }
 
-inline std::string Describe(const std::vector<host::ObjectParameter>& parameters) {
-    std::ostringstream text;
-    text.precision(17);
-    for (const host::ObjectParameter& one : parameters) {
-        text << " [" << one.name << " " << static_cast<int>(one.kind) << one.isArray << " " << one.rows << "x"
-             << one.columns << " " << one.real;
-        for (const double value : one.realArray)
-            text << " " << value;
-        for (const char16_t unit : one.text + u"|" + one.textArray)
-            text << " " << static_cast<unsigned>(unit);
-        text << "]";
+    template <typename... Fields>
+    void Add(const char* kind, const Fields&... fields) {
+        text << kind;
+        ((text << '|', Put(fields)), ...);
+        text << '\n';
     }
-    return text.str();
-}
+    void AddParameters(const std::vector<host::ObjectParameter>& parameters) {
+        for (const host::ObjectParameter& one : parameters)
+            Add("  parameter", one.name, one.kind, one.isArray, one.rows, one.columns, one.real, one.realArray,
+                one.text, one.textArray);
+    }
+
+    std::ostringstream text;
+
+private:
+    template <typename Field>
+    void Put(const Field& field) {
+        if constexpr (std::is_enum_v<Field>)
+            text << static_cast<int>(field);
+        else
+            text << field;
+    }
+    void Put(const host::Guid& guid) { text << host::WriteGuid(guid); }
+    void Put(host::AttributeIndex index) { text << index.value; }
+    void Put(const std::u16string& units) {
+        for (const char16_t unit : units)
+            text << std::hex << static_cast<unsigned>(unit) << std::dec << ' ';
+    }
+    template <typename Number, std::size_t Count>
+    void Put(const std::array<Number, Count>& list) {
+        for (const Number number : list)
+            text << +number << ' ';
+    }
+    void Put(const std::vector<double>& list) {
+        for (const double number : list)
+            text << number << ' ';
+    }
+    void Put(const host::Variant& value) {
+        text << static_cast<int>(value.type) << ": " << value.integer << ' ' << value.real << ' ' << value.boolean
+             << " \"" << value.text << "\" " << host::WriteGuid(value.guid);
+    }
+};
 
 /// Everything that a project file keeps, in the model's order.
 inline std::string Describe(const workbench::Model& model) {
-    std::ostringstream text;
-    text.precision(17);
-    for (const auto& layer : model.GetLayers())
-        text << "layer " << layer.index.value << " " << layer.name << "\n";
-    for (const auto& pen : model.GetPens())
-        text << "pen " << pen.index.value << " " << pen.shade[0] << " " << pen.shade[1] << " " << pen.shade[2] << "\n";
-    for (const auto& fill : model.GetFills()) {
-        text << "fill " << fill.index.value << " " << fill.name;
-        for (const int byte : fill.pattern)
-            text << " " << byte;
-        text << "\n";
+    ModelText text;
+    for (const auto& row : model.GetLayers())
+        text.Add("layer", row.index, row.name);
+    for (const auto& row : model.GetPens())
+        text.Add("pen", row.index, row.shade);
+    for (const auto& row : model.GetFills())
+        text.Add("fill", row.index, row.name, row.pattern);
+    for (const auto& row : model.GetSurfaces())
+        text.Add("surface", row.index, row.name, row.shade);
+    for (const auto& row : model.GetBuildingMaterials())
+        text.Add("material", row.index, row.name, row.id, row.densityKgM3, row.cutFill, row.cutFillPen,
+                 row.cutFillBackgroundPen, row.cutSurface);
+    for (const auto& row : model.GetElements()) {
+        text.Add("element", row.guid, row.type, row.layer, row.classification, row.name, row.kind, row.openingAreaM2);
+        for (const auto& part : model.GetComponents(row))
+            text.Add("  component", part.buildingMaterial, part.volumeM3, part.areaM2);
     }
-    for (const auto& surface : model.GetSurfaces())
-        text << "surface " << surface.index.value << " " << surface.name << " " << surface.shade[1] << "\n";
-    for (const auto& one : model.GetBuildingMaterials())
-        text << "material " << one.index.value << " " << one.name << " " << one.id << " " << one.densityKgM3 << " "
-             << one.cutFill.value << " " << one.cutFillPen << " " << one.cutFillBackgroundPen << " "
-             << one.cutSurface.value << "\n";
-    for (const auto& element : model.GetElements()) {
-        text << "element " << host::WriteGuid(element.guid) << " " << static_cast<int>(element.type) << " "
-             << element.layer.value << " " << host::WriteGuid(element.classification) << " " << element.name << " "
-             << element.kind << " " << element.openingAreaM2;
-        for (const auto& part : model.GetComponents(element))
-            text << " [" << part.buildingMaterial.value << " " << part.volumeM3 << " " << part.areaM2 << "]";
-        text << "\n";
+    for (const auto& row : model.GetGroups())
+        text.Add("group", row.guid, row.name);
+    for (const auto& row : model.GetDefinitions()) {
+        text.Add("definition", row.guid, row.group, row.name, row.description, row.valueType, row.collection,
+                 row.editable, row.defaultValue);
+        for (const auto& item : row.availability)
+            text.Add("  available at", item);
+        for (const auto& option : row.options)
+            text.Add("  option", option.key, option.text);
     }
-    for (const auto& group : model.GetGroups())
-        text << "group " << host::WriteGuid(group.guid) << " " << group.name << "\n";
-    for (const auto& one : model.GetDefinitions()) {
-        text << "definition " << host::WriteGuid(one.guid) << host::WriteGuid(one.group) << one.name << one.description
-             << static_cast<int>(one.valueType) << static_cast<int>(one.collection) << one.editable
-             << Describe(one.defaultValue);
-        for (const auto& item : one.availability)
-            text << " at " << host::WriteGuid(item);
-        for (const auto& option : one.options)
-            text << " option " << host::WriteGuid(option.key) << option.text;
-        text << "\n";
-    }
-    for (const auto& system : model.GetSystems())
-        text << "system " << host::WriteGuid(system.guid) << system.name << system.version << system.date.year << "-"
-             << system.date.month << "-" << system.date.day << "\n";
-    for (const auto& item : model.GetItems())
-        text << "item " << host::WriteGuid(item.item.guid) << item.item.id << item.item.name
-             << host::WriteGuid(item.system) << host::WriteGuid(item.parent) << "\n";
-    for (const auto& one : model.GetMaterialClassifications())
-        text << "classified " << one.material.value << " " << host::WriteGuid(one.item) << "\n";
+    for (const auto& row : model.GetSystems())
+        text.Add("system", row.guid, row.name, row.version, row.date.year, row.date.month, row.date.day);
+    for (const auto& row : model.GetItems())
+        text.Add("item", row.item.guid, row.item.id, row.item.name, row.system, row.parent);
+    for (const auto& row : model.GetMaterialClassifications())
+        text.Add("classified", row.material, row.item);
     for (const auto& [material, values] : model.GetMaterialValues())
         for (const auto& [definition, value] : values)
-            text << "value " << material.value << host::WriteGuid(definition) << Describe(value) << "\n";
+            text.Add("material value", material, definition, value);
     for (std::uint32_t i = 0; i < model.GetElements().size(); ++i)
         if (const auto* values = model.FindElementValues(i))
             for (const auto& [definition, value] : *values)
-                text << "element value " << i << host::WriteGuid(definition) << Describe(value) << "\n";
-    for (const auto& member : model.members)
-        text << "member " << member.userId << member.login << member.fullName << "\n";
-    for (const auto& one : model.reservations)
-        text << "reservation " << one.lockableSet << one.userId << "\n";
-    for (const auto& one : model.requests)
-        text << "request " << one.lockableSet << one.userId << "\n";
-    for (const auto& one : model.databases)
-        text << "database " << static_cast<int>(one.type) << host::WriteGuid(one.guid) << one.name << "\n";
-    for (const auto& one : model.libraryParts)
-        text << "part " << one.identifier << one.fileName << Describe(one.parameters) << "\n";
-    for (const auto& one : model.favourites)
-        text << "favourite " << one.name << one.isObject << one.libraryPart << " " << one.angle << " " << one.xRatio
-             << " " << one.yRatio << Describe(one.parameters) << "\n";
-    for (const auto& one : model.GetPlacedObjects())
-        text << "object " << host::WriteGuid(one.guid) << host::WriteGuid(one.database) << one.libraryPart << " "
-             << one.position.x << " " << one.position.y << " " << one.angle << " " << one.xRatio << " " << one.yRatio
-             << Describe(one.parameters) << "\n";
-    return text.str();
+                text.Add("element value", i, definition, value);
+    for (const auto& row : model.members)
+        text.Add("member", row.userId, row.login, row.fullName);
+    for (const auto& row : model.reservations)
+        text.Add("reservation", row.lockableSet, row.userId);
+    for (const auto& row : model.requests)
+        text.Add("request", row.lockableSet, row.userId);
+    for (const auto& row : model.databases)
+        text.Add("database", row.type, row.guid, row.name);
+    for (const auto& row : model.libraryParts) {
+        text.Add("part", row.identifier, row.fileName);
+        text.AddParameters(row.parameters);
+    }
+    for (const auto& row : model.favourites) {
+        text.Add("favourite", row.name, row.isObject, row.libraryPart, row.angle, row.xRatio, row.yRatio);
+        text.AddParameters(row.parameters);
+    }
+    for (const auto& row : model.GetPlacedObjects()) {
+        text.Add("object", row.guid, row.database, row.libraryPart, row.position.x, row.position.y, row.angle,
+                 row.xRatio, row.yRatio);
+        text.AddParameters(row.parameters);
+    }
+    return text.text.str();
 }
 
 } // namespace test

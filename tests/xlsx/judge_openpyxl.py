@@ -94,12 +94,15 @@ def judge_styles():
         same(line + " colour", border.left.color.rgb if cell.value % 2 == 0 else border.left.color.indexed,
              "FF00B050" if cell.value % 2 == 0 else 64)
     same("borders", len(cells), 13)
-    crossed = book["Borders"].cell(4, 7).border
-    same("diagonals", (crossed.diagonalUp, crossed.diagonalDown, crossed.diagonal.style), (True, True, "thin"))
+    crossed, up, down = (book["Borders"].cell(4, column).border for column in (7, 8, 9))
+    same("diagonals", [(each.diagonalUp, each.diagonalDown, each.diagonal.style) for each in (crossed, up, down)],
+         [(True, True, "thin"), (True, False, "hair"), (False, True, "hair")])
+    same("sides", [side.style for side in (up.left, up.right, up.top, up.bottom)], ["thin", "medium", "thick", "double"])
     same("number formats", [cell.number_format for cell in book["Numbers"]["A"]],
          ["#,##0.00;[Red]\\-#,##0.00", "0;[BLACK]0", "0.0%;\\-0.0%", "0.00E+00;\\-0.00E+00",
           '_-* #,##0.00_-;\\-* #,##0.00_-;_-* "-"??_-;_-@_-', '0.0 "kg CO2eq";\\-0.0 "kg CO2eq"', "yyyy.mm.dd",
-          "hh:mm:ss", "yyyy.mm.dd hh:mm:ss", "mm-dd-yy"])
+          "hh:mm:ss", "yyyy.mm.dd hh:mm:ss", "mm-dd-yy", "0;\\-0", "yyyy.mm.dd"]
+         + ["0;[%s]0" % colour for colour in ("Green", "White", "Blue", "Magenta", "Yellow", "Cyan")])
     sheet = book["Alignment"]
     same("horizontal", [cell.alignment.horizontal for cell in sheet[1]][:4], [None, "left", "center", "right"])
     same("vertical", [cell.alignment.vertical for cell in sheet["A"]][:3], ["top", "center", "bottom"])
@@ -125,10 +128,10 @@ def judge_charts():
     charts = book["Data"]._charts
     same("charts", [type(chart).__name__ for chart in charts],
          ["LineChart", "BarChart", "BarChart", "BarChart", "ScatterChart", "ScatterChart", "PieChart", "DoughnutChart",
-          "BarChart", "LineChart"])
+          "BarChart", "LineChart", "BarChart", "ScatterChart"])
     same("legends", [(chart.legend.position, chart.legend.overlay) if chart.legend else None for chart in charts],
          [("b", False), None, ("t", False), ("l", False), ("r", True), ("t", True), ("r", False), ("b", True), ("l", True),
-          ("r", False)])
+          ("r", False), None, ("r", False)])
     same("bars", [(chart.barDir, chart.grouping) for chart in charts[1:4]],
          [("col", "clustered"), ("bar", "stacked"), ("col", "percentStacked")])
     same("values", [series.val.numRef.f for series in charts[0].series],

@@ -1,30 +1,20 @@
-// Runs the kelvarnix program as a user does: arguments in, texts and exit code out, no shell in between.
+// Runs a line as a user types it at a shell.
 #pragma once
 
-#include <functional>
 #include <string>
-#include <vector>
 
 namespace clitest {
 
 struct Finished {
-    int code = -1; ///< exit code; 1000 + signal when it was killed
-    std::string output;
-    std::string errors;
-    long peakKiB = 0; ///< largest resident memory of the program and of its children
+    int code = -1;      ///< exit code; 1000 + signal when it was killed
+    std::string output; ///< both streams, as they come
+    long peakKiB = 0;   ///< largest resident memory of the programs
 };
 
-struct Surroundings {
-    std::string outputPath;        ///< where standard output goes; empty: into Finished::output
-    std::function<bool()> prepare; ///< in the new process before the program starts; false ends it with code 99
-};
-
-[[nodiscard]] Finished Kelvarnix(const std::vector<std::string>& arguments, const Surroundings& surroundings = {});
+/// The line may name the programs, $SAMPLES, $SHARED and the files beside these tests ($HERE); `sql FILE STATEMENT`
+/// asks a project file.
+[[nodiscard]] Finished Shell(const std::string& folder, const std::string& line);
 
 [[nodiscard]] bool Contains(const std::string& text, const std::string& part);
-
-/// Fails the test unless the program ended with the code and said one plain sentence that names the file or argument
-/// and holds the part.
-void ExpectRefusal(const Finished& finished, int code, const std::string& name, const std::string& part);
 
 } // namespace clitest

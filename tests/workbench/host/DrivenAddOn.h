@@ -13,17 +13,12 @@ namespace test {
 class DrivenAddOn : public testing::Test {
 protected:
     void SetUp() override {
-        ASSERT_EQ(module.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx"), "");
-        ASSERT_EQ(module.Start(), "");
+        ASSERT_EQ(module.Load(KELVARNIX_BIN_DIR "/Kelvarnix.apx").GetText(), "");
+        ASSERT_EQ(module.Start().GetText(), "");
         host.dialogManager.reportSink = [this](const std::string& line) { report.push_back(line); };
         host.OpenProject(MakeBuilding(), host::ProjectEvent::New);
     }
     workbench::Model& Model() { return host.GetProject()->model; }
-    /// The step that would be taken back next; empty where there is none.
-    std::string LastStep() {
-        const std::vector<std::string> names = host.GetProject()->ListUndoNames();
-        return names.empty() ? std::string() : names.back();
-    }
     std::size_t CountSteps() { return host.GetProject()->ListUndoNames().size(); }
 
     void TogglePalette() { ASSERT_EQ(host.registration.ChooseMenu(ResourceIds::Menus::Palette, 1), host::NoError); }
@@ -33,7 +28,6 @@ protected:
         return host.listCells.ReadText(Palette()->id, ResourceIds::PaletteItems::Table, row,
                                        static_cast<std::int16_t>(column));
     }
-    std::string MenuText() { return host.registration.GetMenus().front().itemText.value_or("?"); }
 
     /// Opens the dialog of a menu command and works in it; the test fails when it does not open.
     void InDialog(std::int16_t menu, const std::function<void()>& work) {
@@ -76,16 +70,16 @@ protected:
         return StoredValue(material, lca::PropertyKey::GWPPerUnit).value_or(host::Variant::OfText("-")).text;
     }
     void StoreGWP(host::AttributeIndex material, const std::string& text) {
-        const host::PropertyDefinition definition = FindByKey(Model(), lca::PropertyKey::GWPPerUnit);
-        ASSERT_EQ(host.commands.Call(
-                      "m",
-                      [&] {
-                          static_cast<void>( // a second time is refused and changes nothing
-                              host.classifications.ClassifyMaterial(material, definition.availability.at(0)));
-                          return host.properties.WriteMaterialValues(
-                              material, {ValueOf(Model(), lca::PropertyKey::GWPPerUnit, host::Variant::OfText(text))});
-                      }),
-                  host::NoError);
+        StoreValue(material, ValueOf(Model(), lca::PropertyKey::GWPPerUnit, host::Variant::OfText(text)));
+    }
+    void StoreValue(host::AttributeIndex material, const host::PropertyValue& value) {
+        const host::Guid item = Model().FindDefinition(value.definition)->availability.at(0);
+        const auto store = [&] {
+            // A second time is refused and changes nothing.
+            static_cast<void>(host.classifications.ClassifyMaterial(material, item));
+            return host.properties.WriteMaterialValues(material, {value});
+        };
+        ASSERT_EQ(host.commands.Call("material", store), host::NoError);
     }
     /// Sets a project default as the host's property manager would.
     void SetDefault(lca::PropertyKey key, host::Variant value) {
@@ -96,16 +90,9 @@ protected:
     host::Variant Default(lca::PropertyKey key) { return FindByKey(Model(), key).defaultValue; }
     /// Reads the settings anew, as opening the project does.
     void Reopen() { EXPECT_FALSE(host.registration.RaiseEvent(host::ProjectEvent::Open)); }
-    void SetDoorGWP(double gwp) {
-        const std::vector<host::PropertyValue> values = {
-            ValueOf(Model(), lca::PropertyKey::GWP, host::Variant::OfReal(gwp))};
-        ASSERT_EQ(host.commands.Call("e", [&] { return host.properties.WriteElementValues(GuidOf(3), values); }),
-                  host::NoError);
-    }
-
     workbench::WorkbenchHost host;
     workbench::Module module{host};
-    host::DialogId dialog; ///< of the dialog that InDialog opened
+    host::DialogId dialog; ///< in which the user works
     std::vector<std::string> report;
 };
 

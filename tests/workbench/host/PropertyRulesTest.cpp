@@ -1,4 +1,5 @@
 // The host's rules on properties and commands: what it refuses, and with which code.
+#include "src/LCAProperties.h"
 #include "src/LCASchema.h"
 
 #include <gtest/gtest.h>
@@ -48,6 +49,14 @@ TEST_F(PropertyRulesTest, DefinitionsAreCheckedWhole) {
     EXPECT_EQ(create([](auto& d) { d.defaultValue = Variant::OfGuid(test::GuidOf(1)); }), Errors::BadValue);
     EXPECT_EQ(create([](auto&) {}), host::NoError);
     EXPECT_EQ(Model().GetDefinitions().size(), 20U); // the refused ones left nothing
+}
+
+TEST_F(PropertyRulesTest, OptionsHaveKeysOfTheirOwn) {
+    const host::PropertyDefinition other = BuildDefinition(host, 1);
+    for (const host::PropertyOption& option : test::FindByKey(Model(), PropertyKey::UnitType).options)
+        for (const host::PropertyOption& another : other.options)
+            EXPECT_NE(option.key, another.key);
+    EXPECT_EQ(BuildDefinition(host, 19).valueType, host::ValueType::None); // one past the last
 }
 
 TEST_F(PropertyRulesTest, ValuesGoOnlyWhereTheDefinitionIsAvailable) {

@@ -38,7 +38,7 @@ public:
         host.userInput.pointAnswer = [](const std::string&) { return std::optional(host::Point{1, 2}); };
         EXPECT_TRUE(host.dialogManager.Press(palette, PaletteItems::PlaceButton));
         host.userInput.fileAnswer = [this](const auto&) { return std::optional(folder / "report.xlsx"); };
-        host.pictures.temporaryFolder = folder.Path();
+        host.pictures.temporaryFolder = folder.GetPath();
         host.pictures.painter = [](const std::string& file, int, int, double, const auto&) {
             std::ofstream(file, std::ios::binary) << "\xFF\xD8\xFF";
             return true;

@@ -24,38 +24,25 @@ protected:
     }
 };
 
-TEST(UInterface, SelectsAPopupEntryByItsText) {
+TEST(UInterface, WhatDoesNotFitIsLeft) {
     workbench::WorkbenchHost host;
     const AnyDialog dialog(host, 32407);
-    workbench::ItemState& popup = *host.openDialogs.FindItem(dialog.GetDialog(), 21);
-    EXPECT_TRUE(General::SelectPopupByText(host, dialog.GetDialog(), "kg"));
-    EXPECT_EQ(popup.selectedEntry, 3);
-    EXPECT_FALSE(General::SelectPopupByText(host, dialog.GetDialog(), "KG"));
-    EXPECT_EQ(popup.selectedEntry, 3);
+    const host::DialogId id = dialog.GetDialog();
+    workbench::ItemState& popup = *host.openDialogs.FindItem(id, 21);
+    popup.selectedEntry = 2;
+    EXPECT_FALSE(General::SelectPopupByText(host, id, "KG"));
+    EXPECT_EQ(popup.selectedEntry, 2);
     popup.popUpTexts.clear();
-    EXPECT_FALSE(General::SelectPopupByText(host, dialog.GetDialog(), "m3"));
-}
-
-TEST(UInterface, FitsBoundEditorsToTheirColumns) {
-    workbench::WorkbenchHost host;
-    const AnyDialog dialog(host, 32408);
-    constexpr std::int16_t List = 6, NameEditor = 3, ValueEditor = 4;
-    const host::Rectangle before = host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor);
-    host.listLayout.SetColumnCount(dialog.GetDialog(), List, 2);
-    host.listLayout.SetColumn(dialog.GetDialog(), List, 1, {0, 280, {}, {}});
-    host.listLayout.SetColumn(dialog.GetDialog(), List, 2, {281, 500, {}, {}}); // reaches past the list
-    General::FitListEditors(host, dialog.GetDialog(), List);
-    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor), before); // nothing bound
-    host.listLayout.BindEditor(dialog.GetDialog(), List, 1, NameEditor);
-    host.listLayout.BindEditor(dialog.GetDialog(), List, 2, ValueEditor);
-    General::FitListEditors(host, dialog.GetDialog(), List);
-    const host::Size space = host.listLayout.ReadCellSpace(dialog.GetDialog(), List);
-    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).width, 278);
-    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), ValueEditor).width, space.width - 281 - 2);
-    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).height, space.height - 2);
-    host.listLayout.SetColumn(dialog.GetDialog(), List, 1, {0, 1, {}, {}});
-    General::FitListEditors(host, dialog.GetDialog(), List);
-    EXPECT_EQ(host.dialogItems.ReadRectangle(dialog.GetDialog(), NameEditor).width, 0) << "never negative";
+    EXPECT_FALSE(General::SelectPopupByText(host, id, "m3"));
+    constexpr std::int16_t List = 9, Editor = 8;
+    host.listLayout.SetColumnCount(id, List, 1);
+    host.listLayout.BindEditor(id, List, 1, Editor);
+    const std::int16_t width = host.listLayout.ReadCellSpace(id, List).width;
+    for (const auto& [end, fitted] : {std::pair{100, 98}, {1, 0}, {width + 50, width - 2}}) { // never negative
+        host.listLayout.SetColumn(id, List, 1, {0, static_cast<std::int16_t>(end), {}, {}});
+        General::FitListEditors(host, id, List);
+        EXPECT_EQ(host.dialogItems.ReadRectangle(id, Editor).width, fitted) << end;
+    }
 }
 
 TEST(UInterface, LaysColumnsFromTheRight) {

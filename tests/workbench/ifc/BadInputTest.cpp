@@ -22,10 +22,10 @@ void ExpectNoChild() {
 }
 
 void ExpectFailure(const ImportResult& result, ImportError code, const std::string& part) {
-    EXPECT_FALSE(result.IsOk());
-    EXPECT_EQ(static_cast<int>(result.Code()), static_cast<int>(code)) << result.Sentence();
-    EXPECT_NE(result.Sentence().find(part), std::string::npos) << result.Sentence();
-    EXPECT_EQ(result.Sentence().find('\n'), std::string::npos) << result.Sentence();
+    EXPECT_TRUE(result.HasFailed());
+    EXPECT_EQ(static_cast<int>(result.GetError()), static_cast<int>(code)) << result.GetText();
+    EXPECT_NE(result.GetText().find(part), std::string::npos) << result.GetText();
+    EXPECT_EQ(result.GetText().find('\n'), std::string::npos) << result.GetText();
     ExpectNoChild();
 }
 
@@ -83,8 +83,8 @@ TEST(BadInput, TruncatedAndFlippedFilesNeverCrashTheCaller) {
         for (int i = 0; i < 3; ++i)
             flipped[data + 6 + random() % (whole.size() - data - 40)] = "0123456789#,()$.'ABC"[random() % 20];
         const ImportResult result = Read(flipped, {.time = 20s});
-        EXPECT_NE(result.IsOk(), result.Code() != ImportError::None);
-        EXPECT_NE(result.IsOk(), !result.Sentence().empty());
+        EXPECT_EQ(result.HasFailed(), result.GetError() != ImportError::None);
+        EXPECT_EQ(result.HasFailed(), !result.GetText().empty());
     }
     ExpectNoChild();
 }
@@ -144,7 +144,7 @@ TEST(BadReader, WritesNothingToTheTerminal) {
 }
 
 TEST(Limits, TooLittleMemoryIsAPlainError) {
-    if (!limitsAddressSpace) GTEST_SKIP() << "an address space limit and the address sanitizer exclude each other";
+    if (!LimitsAddressSpace) GTEST_SKIP() << "an address space limit and the address sanitizer exclude each other";
     std::string body = MetricProject();
     for (int id = 100; id < 200'000; ++id)
         body.append("#").append(std::to_string(id)).append("=IFCCARTESIANPOINT((1.,2.,3.));\n");
@@ -155,7 +155,7 @@ TEST(Limits, TooLittleMemoryIsAPlainError) {
 enum class Garbage { Noise, NoiseBehindAHeader, UnknownEntities };
 
 void WriteGarbage(const std::filesystem::path& path, Garbage kind) {
-    constexpr std::size_t blocks = 200;
+    constexpr std::size_t Blocks = 200;
     std::mt19937_64 random(3);
     std::string block(1 << 20, '\0');
     for (std::size_t i = 0; i < block.size(); ++i)
@@ -165,7 +165,7 @@ void WriteGarbage(const std::filesystem::path& path, Garbage kind) {
     const std::size_t end = whole.find("ENDSEC;\nEND-ISO");
     std::ofstream stream(path, std::ios::binary);
     if (kind != Garbage::Noise) stream << whole.substr(0, end);
-    for (std::size_t i = 0; i < blocks; ++i)
+    for (std::size_t i = 0; i < Blocks; ++i)
         stream.write(block.data(), static_cast<std::streamsize>(block.size()));
     stream << whole.substr(end);
 }
@@ -187,11 +187,11 @@ TEST(Limits, TwoHundredMegabytesOfGarbageStayBelowOneGibibyte) {
     rusage children{};
     getrusage(RUSAGE_SELF, &self);
     getrusage(RUSAGE_CHILDREN, &children); // the largest child
-    constexpr long gibibyteInKiB = 1L << 20;
+    constexpr long GibibyteInKiB = 1L << 20;
     RecordProperty("parentKiB", static_cast<int>(self.ru_maxrss));
     RecordProperty("childKiB", static_cast<int>(children.ru_maxrss));
-    EXPECT_LT(self.ru_maxrss, gibibyteInKiB);
-    EXPECT_LT(children.ru_maxrss, gibibyteInKiB);
+    EXPECT_LT(self.ru_maxrss, GibibyteInKiB);
+    EXPECT_LT(children.ru_maxrss, GibibyteInKiB);
 }
 
 } // namespace

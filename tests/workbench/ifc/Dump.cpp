@@ -9,8 +9,8 @@ using namespace workbench::ifc;
 namespace {
 
 const char* Name(QuantitySource source) {
-    constexpr const char* names[] = {"none", "net", "gross", "geometry", "shell", "layers"};
-    return names[static_cast<std::size_t>(source)];
+    constexpr const char* Names[] = {"none", "net", "gross", "geometry", "shell", "layers"};
+    return Names[static_cast<std::size_t>(source)];
 }
 
 void Print(const ImportedBuilding& building, const ImportedElement& element) {
@@ -61,10 +61,10 @@ void Print(const ImportedBuilding& building) {
 int main(int count, char** words) {
     if (count != 2) return 2;
     const ImportResult result = ReadIfcFile(words[1]);
-    if (!result.IsOk()) {
-        std::fprintf(stderr, "%s\n", result.Sentence().c_str());
+    if (result.HasFailed()) {
+        std::fprintf(stderr, "%s\n", result.GetText().c_str());
         return 3;
     }
-    Print(result.Building());
+    Print(result.Get());
     return 0;
 }

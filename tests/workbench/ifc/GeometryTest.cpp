@@ -31,11 +31,11 @@ std::string CubePoints(double size, double originX = 0.0, int first = 100) {
 
 /// COUNT faces of that cube, outward; entities from FIRST on, three a face.
 std::string CubeFaces(int first, int points, int count) {
-    constexpr int corners[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
+    constexpr int Corners[6][4] = {{0, 2, 3, 1}, {4, 5, 7, 6}, {0, 1, 5, 4}, {2, 6, 7, 3}, {0, 4, 6, 2}, {1, 3, 7, 5}};
     std::ostringstream text;
     for (int face = 0; face < count; ++face) {
         const int id = first + 3 * face;
-        const auto& c = corners[face];
+        const auto& c = Corners[face];
         text << '#' << id << "=IFCFACE((#" << id + 1 << "));\n#" << id + 1 << "=IFCFACEOUTERBOUND(#" << id + 2
              << ",.T.);\n#" << id + 2 << "=IFCPOLYLOOP((#" << points + c[0] << ",#" << points + c[1] << ",#"
              << points + c[2] << ",#" << points + c[3] << "));\n";
@@ -43,12 +43,12 @@ std::string CubeFaces(int first, int points, int count) {
     return text.str();
 }
 
-constexpr const char* sixFaces = "#120,#123,#126,#129,#132,#135";
-constexpr const char* otherFaces = "#220,#223,#226,#229,#232,#235";
-const std::string up = "#30=IFCDIRECTION((0.,0.,1.));\n";
-const std::string circle =
+constexpr const char* SixFaces = "#120,#123,#126,#129,#132,#135";
+constexpr const char* OtherFaces = "#220,#223,#226,#229,#232,#235";
+const std::string Up = "#30=IFCDIRECTION((0.,0.,1.));\n";
+const std::string Circle =
     "#31=IFCCIRCLEPROFILEDEF(.AREA.,$,#32,0.5);\n#32=IFCAXIS2PLACEMENT2D(#33,$);\n#33=IFCCARTESIANPOINT((0.,0.));\n";
-const std::string scaled = "#40=IFCREPRESENTATIONMAP(#7,#52);\n#41=IFCMAPPEDITEM(#40,#42);\n"
+const std::string Scaled = "#40=IFCREPRESENTATIONMAP(#7,#52);\n#41=IFCMAPPEDITEM(#40,#42);\n"
                            "#42=IFCCARTESIANTRANSFORMATIONOPERATOR3D($,$,#8,2.,$);\n";
 
 struct VolumeCase {
@@ -60,27 +60,27 @@ struct VolumeCase {
 };
 
 // A polygon of 96 sides instead of a circle has 1 - sin(2 pi / 96) / (2 pi / 96) = 0.07 % less area.
-const VolumeCase volumeCases[] = {
+const VolumeCase VolumeCases[] = {
     {"closed brep",
-     Shape("#23") + "#23=IFCFACETEDBREP(#24);\n#24=IFCCLOSEDSHELL((" + sixFaces + "));\n" + CubePoints(2.0) +
+     Shape("#23") + "#23=IFCFACETEDBREP(#24);\n#24=IFCCLOSEDSHELL((" + SixFaces + "));\n" + CubePoints(2.0) +
          CubeFaces(120, 100, 6),
      8.0, 12.0, 1e-9},
     {"brep far from the origin",
-     Shape("#23") + "#23=IFCFACETEDBREP(#24);\n#24=IFCCLOSEDSHELL((" + sixFaces + "));\n" + CubePoints(2.0, 5000.0) +
+     Shape("#23") + "#23=IFCFACETEDBREP(#24);\n#24=IFCCLOSEDSHELL((" + SixFaces + "));\n" + CubePoints(2.0, 5000.0) +
          CubeFaces(120, 100, 6),
      8.0, 12.0, 1e-6},
     {"two bodies",
-     Shape("#23,#25") + "#23=IFCFACETEDBREP(#24);\n#24=IFCCLOSEDSHELL((" + sixFaces +
-         "));\n#25=IFCFACETEDBREP(#26);\n#26=IFCCLOSEDSHELL((" + otherFaces + "));\n" + CubePoints(2.0) +
+     Shape("#23,#25") + "#23=IFCFACETEDBREP(#24);\n#24=IFCCLOSEDSHELL((" + SixFaces +
+         "));\n#25=IFCFACETEDBREP(#26);\n#26=IFCCLOSEDSHELL((" + OtherFaces + "));\n" + CubePoints(2.0) +
          CubeFaces(120, 100, 6) + CubePoints(1.0, 7.0, 200) + CubeFaces(220, 200, 6),
      9.0, 15.0, 1e-9},
-    {"cylinder", Shape("#23") + "#23=IFCEXTRUDEDAREASOLID(#31,#7,#30,3.);\n" + circle + up, 0.75 * std::numbers::pi,
+    {"cylinder", Shape("#23") + "#23=IFCEXTRUDEDAREASOLID(#31,#7,#30,3.);\n" + Circle + Up, 0.75 * std::numbers::pi,
      1.75 * std::numbers::pi, 1e-3},
     {"oblique extrusion",
      Shape("#23") + "#23=IFCEXTRUDEDAREASOLID(#50,#7,#30,2.);\n#30=IFCDIRECTION((0.6,0.,0.8));\n" +
          Box(50, 1.0, 1.0, 1.0),
      1.6, 0.5 * (2.0 + 2.0 * 1.6 + 2.0 * 2.0), 1e-9},
-    {"copy at double size", Shape("#41") + scaled + Box(50, 1.0, 2.0, 3.0), 48.0, 44.0, 1e-9},
+    {"copy at double size", Shape("#41") + Scaled + Box(50, 1.0, 2.0, 3.0), 48.0, 44.0, 1e-9},
     {"cut by half space",
      Shape("#23") +
          "#23=IFCBOOLEANCLIPPINGRESULT(.DIFFERENCE.,#51,#24);\n#24=IFCHALFSPACESOLID(#25,.F.);\n"
@@ -90,7 +90,7 @@ const VolumeCase volumeCases[] = {
 };
 
 TEST(Geometry, ComputesClosedBodies) {
-    for (const VolumeCase& row : volumeCases) {
+    for (const VolumeCase& row : VolumeCases) {
         SCOPED_TRACE(row.name);
         const ImportedBuilding building = Building(File("IFC4", MetricProject() + row.body));
         const ImportedElement element = Element(building, "e");

@@ -69,8 +69,8 @@ ImportResult Read(std::string_view text, const ImportLimits& limits) {
 
 ImportedBuilding Building(std::string_view text) {
     ImportResult result = Read(text, {});
-    EXPECT_TRUE(result.IsOk()) << result.Sentence();
-    return result.IsOk() ? std::move(result).TakeBuilding() : ImportedBuilding();
+    EXPECT_FALSE(result.HasFailed()) << result.GetText();
+    return result.HasFailed() ? ImportedBuilding() : result.Take();
 }
 
 ImportedElement Element(const ImportedBuilding& building, std::string_view globalId) {

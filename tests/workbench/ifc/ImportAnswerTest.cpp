@@ -12,9 +12,9 @@ ImportedBuilding Sample() {
     ImportedBuilding building;
     building.schema = "IFC4";
     building.projectName = "Häuser";
-    building.layers = {"Außenwände", noLayerName};
+    building.layers = {"Außenwände", NoLayerName};
     building.storeys = {{"EG", -0.5}};
-    building.materials = {{"Beton", 2400.0}, {noMaterialName, std::nullopt}};
+    building.materials = {{"Beton", 2400.0}, {NoMaterialName, std::nullopt}};
     ImportedElement wall;
     wall.globalId = "w";
     wall.name = "Wand";

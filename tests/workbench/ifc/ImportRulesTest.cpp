@@ -9,7 +9,7 @@ using namespace ifctest;
 
 namespace {
 
-constexpr double exact = 1e-9; // sums and products of a few doubles
+constexpr double Exact = 1e-9; // sums and products of a few doubles
 
 /// A wall 'w' (#20) with 2 m3 and 10 m2, and materials #40 Brick, #41 Wood.
 std::string WallOfTwo() {
@@ -29,17 +29,17 @@ struct MaterialCase {
     const char* components;
 };
 
-const std::string layerSet = "#42=IFCMATERIALLAYER(#40,0.3,$,$,$,$,$);\n#43=IFCMATERIALLAYER(#41,0.1,$,$,$,$,$);\n"
+const std::string LayerSet = "#42=IFCMATERIALLAYER(#40,0.3,$,$,$,$,$);\n#43=IFCMATERIALLAYER(#41,0.1,$,$,$,$,$);\n"
                              "#44=IFCMATERIALLAYER(#41,0.,$,$,$,$,$);\n#45=IFCMATERIALLAYERSET((#42,#44,#43),$,$);\n";
-const std::string wallType =
+const std::string WallType =
     "#60=IFCWALLTYPE('t',$,'T',$,$,$,$,$,$,.STANDARD.);\n#61=IFCRELDEFINESBYTYPE('d',$,$,$,(#20),#60);\n";
 
-const MaterialCase materialCases[] = {
+const MaterialCase MaterialCases[] = {
     {"none", "", "(no material) 2 m3 10 m2"},
     {"one", Associate(20, 40), "Brick 2 m3 10 m2"},
-    {"layers with usage", layerSet + "#46=IFCMATERIALLAYERSETUSAGE(#45,.AXIS2.,.POSITIVE.,0.,$);\n" + Associate(20, 46),
+    {"layers with usage", LayerSet + "#46=IFCMATERIALLAYERSETUSAGE(#45,.AXIS2.,.POSITIVE.,0.,$);\n" + Associate(20, 46),
      "Brick 1.5 m3 10 m2; Wood 0.5 m3 10 m2"},
-    {"layers without usage", layerSet + Associate(20, 45), "Brick 1.5 m3 10 m2; Wood 0.5 m3 10 m2"},
+    {"layers without usage", LayerSet + Associate(20, 45), "Brick 1.5 m3 10 m2; Wood 0.5 m3 10 m2"},
     {"layer without material",
      "#42=IFCMATERIALLAYER(#40,0.3,$,$,$,$,$);\n#43=IFCMATERIALLAYER($,0.1,$,$,$,$,$);\n"
      "#45=IFCMATERIALLAYERSET((#42,#43),$,$);\n" +
@@ -69,8 +69,8 @@ const MaterialCase materialCases[] = {
      "#45=IFCMATERIALPROFILESET($,$,(#42),$);\n#46=IFCMATERIALPROFILESETUSAGE(#45,$,$);\n" +
          Associate(20, 46),
      "Wood 2 m3 10 m2"},
-    {"from the type", wallType + Associate(60, 41), "Wood 2 m3 10 m2"},
-    {"own before the type's", wallType + Associate(60, 41) + "#98=IFCRELASSOCIATESMATERIAL('b',$,$,$,(#20),#40);\n",
+    {"from the type", WallType + Associate(60, 41), "Wood 2 m3 10 m2"},
+    {"own before the type's", WallType + Associate(60, 41) + "#98=IFCRELASSOCIATESMATERIAL('b',$,$,$,(#20),#40);\n",
      "Brick 2 m3 10 m2"},
     {"from the whole",
      "#60=IFCWALL('whole',$,$,$,$,#9,$,$,$);\n#61=IFCRELAGGREGATES('g',$,$,$,#60,(#20));\n" + Associate(60, 41),
@@ -79,11 +79,11 @@ const MaterialCase materialCases[] = {
 };
 
 TEST(ImportRules, SplitsByMaterial) {
-    for (const MaterialCase& row : materialCases) {
+    for (const MaterialCase& row : MaterialCases) {
         SCOPED_TRACE(row.name);
         const ImportedBuilding building = Building(File("IFC4", WallOfTwo() + row.body));
         EXPECT_EQ(Components(building, "w"), row.components);
-        const bool lacks = std::string_view(row.components).find(noMaterialName) != std::string_view::npos;
+        const bool lacks = std::string_view(row.components).find(NoMaterialName) != std::string_view::npos;
         EXPECT_EQ(Ids(building.withoutMaterial), lacks ? "w" : "");
     }
 }
@@ -98,10 +98,10 @@ struct QuantityCase {
     QuantitySource areaSource;
 };
 
-constexpr const char* wall = "IFCWALL('e',$,$,$,$,#9,#53,$,$)";
-constexpr const char* slab = "IFCSLAB('e',$,$,$,$,#9,#53,$,.FLOOR.)";
-constexpr const char* beam = "IFCBEAM('e',$,$,$,$,#9,#53,$,$)";
-constexpr const char* bare = "IFCWALL('e',$,$,$,$,#9,$,$,$)";
+constexpr const char* Wall = "IFCWALL('e',$,$,$,$,#9,#53,$,$)";
+constexpr const char* Slab = "IFCSLAB('e',$,$,$,$,#9,#53,$,.FLOOR.)";
+constexpr const char* Beam = "IFCBEAM('e',$,$,$,$,#9,#53,$,$)";
+constexpr const char* Bare = "IFCWALL('e',$,$,$,$,#9,$,$,$)";
 
 std::string Net(const char* value) {
     return Quantity(30, 20, "VOLUME", "NetVolume", value);
@@ -113,55 +113,55 @@ std::string Area(const char* name, const char* value) {
     return Quantity(36, 20, "AREA", name, value);
 }
 
-const std::string thinLayers = "#40=IFCMATERIAL('Brick',$,$);\n#42=IFCMATERIALLAYER(#40,0.25,$,$,$,$,$);\n"
+const std::string ThinLayers = "#40=IFCMATERIAL('Brick',$,$);\n#42=IFCMATERIALLAYER(#40,0.25,$,$,$,$,$);\n"
                                "#45=IFCMATERIALLAYERSET((#42),$,$);\n" +
                                Associate(20, 45);
-constexpr auto none = QuantitySource::None;
-constexpr auto net = QuantitySource::StatedNet;
-constexpr auto gross = QuantitySource::StatedGross;
-constexpr auto computed = QuantitySource::Geometry;
-constexpr auto layers = QuantitySource::LayerThickness;
+constexpr auto None = QuantitySource::None;
+constexpr auto StatedNet = QuantitySource::StatedNet;
+constexpr auto StatedGross = QuantitySource::StatedGross;
+constexpr auto Computed = QuantitySource::Geometry;
+constexpr auto Layers = QuantitySource::LayerThickness;
 
 // The body is a box 4 x 0.25 x 2: 2 m3, surface 2 (1 + 8 + 0.5) = 19 m2.
-const QuantityCase quantityCases[] = {
-    {"nothing", bare, "", 0.0, none, 0.0, none},
-    {"geometry", wall, "", 2.0, computed, 9.5, computed},
-    {"net before gross", bare, Net("3.") + Gross("3.5"), 3.0, net, 0.0, none},
-    {"gross", bare, Gross("3.5"), 3.5, gross, 0.0, none},
-    {"net of zero", bare, Net("0.") + Gross("3.5"), 3.5, gross, 0.0, none},
-    {"negative net", wall, Net("-2."), 2.0, computed, 9.5, computed},
-    {"absurd net", wall, Net("1.E300"), 2.0, computed, 9.5, computed},
-    {"net beyond doubles", wall, Net("1.E400"), 2.0, computed, 9.5, computed},
-    {"net without value", wall, Net("$"), 2.0, computed, 9.5, computed},
-    {"twice the geometry", wall, Net("3.999"), 3.999, net, 9.5, computed},
-    {"more than twice", wall, Net("4.001"), 2.0, computed, 9.5, computed},
-    {"half the geometry", wall, Net("1.001"), 1.001, net, 9.5, computed},
-    {"less than half", wall, Net("0.999"), 2.0, computed, 9.5, computed},
-    {"cubic millimetres", wall, Net("2000000."), 2.0, computed, 9.5, computed},
-    {"area stated with a wrong volume", wall, Net("2000000.") + Area("NetSideArea", "8000000."), 2.0, computed, 9.5,
-     computed},
-    {"net side area", wall, Area("NetSideArea", "7."), 2.0, computed, 7.0, net},
-    {"gross side area", wall, Area("GrossSideArea", "8."), 2.0, computed, 8.0, gross},
-    {"plan area of a wall", wall, Area("NetArea", "1."), 2.0, computed, 9.5, computed},
-    {"plan area of a slab", slab, Area("NetArea", "1."), 2.0, computed, 1.0, net},
-    {"side area of a slab", slab, Area("NetSideArea", "7."), 2.0, computed, 9.5, computed},
-    {"area of a beam", beam, Area("NetSurfaceArea", "7."), 2.0, computed, 9.5, computed},
-    {"area by layers", wall, thinLayers, 2.0, computed, 8.0, layers},
-    {"negative area", wall, Area("NetSideArea", "-7.") + thinLayers, 2.0, computed, 8.0, layers},
+const QuantityCase QuantityCases[] = {
+    {"nothing", Bare, "", 0.0, None, 0.0, None},
+    {"geometry", Wall, "", 2.0, Computed, 9.5, Computed},
+    {"net before gross", Bare, Net("3.") + Gross("3.5"), 3.0, StatedNet, 0.0, None},
+    {"gross", Bare, Gross("3.5"), 3.5, StatedGross, 0.0, None},
+    {"net of zero", Bare, Net("0.") + Gross("3.5"), 3.5, StatedGross, 0.0, None},
+    {"negative net", Wall, Net("-2."), 2.0, Computed, 9.5, Computed},
+    {"absurd net", Wall, Net("1.E300"), 2.0, Computed, 9.5, Computed},
+    {"net beyond doubles", Wall, Net("1.E400"), 2.0, Computed, 9.5, Computed},
+    {"net without value", Wall, Net("$"), 2.0, Computed, 9.5, Computed},
+    {"twice the geometry", Wall, Net("3.999"), 3.999, StatedNet, 9.5, Computed},
+    {"more than twice", Wall, Net("4.001"), 2.0, Computed, 9.5, Computed},
+    {"half the geometry", Wall, Net("1.001"), 1.001, StatedNet, 9.5, Computed},
+    {"less than half", Wall, Net("0.999"), 2.0, Computed, 9.5, Computed},
+    {"cubic millimetres", Wall, Net("2000000."), 2.0, Computed, 9.5, Computed},
+    {"area stated with a wrong volume", Wall, Net("2000000.") + Area("NetSideArea", "8000000."), 2.0, Computed, 9.5,
+     Computed},
+    {"net side area", Wall, Area("NetSideArea", "7."), 2.0, Computed, 7.0, StatedNet},
+    {"gross side area", Wall, Area("GrossSideArea", "8."), 2.0, Computed, 8.0, StatedGross},
+    {"plan area of a wall", Wall, Area("NetArea", "1."), 2.0, Computed, 9.5, Computed},
+    {"plan area of a slab", Slab, Area("NetArea", "1."), 2.0, Computed, 1.0, StatedNet},
+    {"side area of a slab", Slab, Area("NetSideArea", "7."), 2.0, Computed, 9.5, Computed},
+    {"area of a beam", Beam, Area("NetSurfaceArea", "7."), 2.0, Computed, 9.5, Computed},
+    {"area by layers", Wall, ThinLayers, 2.0, Computed, 8.0, Layers},
+    {"negative area", Wall, Area("NetSideArea", "-7.") + ThinLayers, 2.0, Computed, 8.0, Layers},
 };
 
 TEST(ImportRules, ChoosesQuantities) {
-    for (const QuantityCase& row : quantityCases) {
+    for (const QuantityCase& row : QuantityCases) {
         SCOPED_TRACE(row.name);
         const ImportedBuilding building =
             Building(File("IFC4", MetricProject() + "#20=" + row.entity + ";\n" + Box(50, 4.0, 0.25, 2.0) + row.body));
         const ImportedElement element = Element(building, "e");
-        EXPECT_NEAR(element.volumeM3, row.volumeM3, exact);
+        EXPECT_NEAR(element.volumeM3, row.volumeM3, Exact);
         EXPECT_EQ(element.volumeSource, row.volumeSource);
-        EXPECT_NEAR(element.areaM2, row.areaM2, exact);
+        EXPECT_NEAR(element.areaM2, row.areaM2, Exact);
         EXPECT_EQ(element.areaSource, row.areaSource);
         EXPECT_EQ(Ids(building.withoutQuantity), row.volumeM3 == 0.0 ? "e" : "");
-        const bool corrected = element.statedVolumeM3 && row.volumeSource == computed;
+        const bool corrected = element.statedVolumeM3 && row.volumeSource == Computed;
         ASSERT_EQ(building.correctedVolumes.size(), corrected ? 1U : 0U);
         if (corrected) {
             EXPECT_EQ(building.correctedVolumes[0].element.globalId, "e");
@@ -179,7 +179,7 @@ struct UnitCase {
 };
 
 // One foot is 0.3048 m.
-const UnitCase unitCases[] = {
+const UnitCase UnitCases[] = {
     {"metres",
      "#1=IFCSIUNIT(*,.LENGTHUNIT.,$,.METRE.);#2=IFCSIUNIT(*,.AREAUNIT.,$,.SQUARE_METRE.);"
      "#3=IFCSIUNIT(*,.VOLUMEUNIT.,$,.CUBIC_METRE.);#4=IFCUNITASSIGNMENT((#1,#2,#3));",
@@ -212,7 +212,7 @@ const UnitCase unitCases[] = {
 };
 
 TEST(ImportRules, ConvertsUnits) {
-    for (const UnitCase& row : unitCases) {
+    for (const UnitCase& row : UnitCases) {
         SCOPED_TRACE(row.name);
         const std::string project = MetricProject();
         const ImportedBuilding building = Building(
@@ -221,8 +221,8 @@ TEST(ImportRules, ConvertsUnits) {
                              "#22=IFCDOOR('door',$,$,$,$,$,$,$,2.,1.,$,$,$);\n" +
                              Quantity(70, 21, "VOLUME", "NetVolume", "70.")));
         EXPECT_DOUBLE_EQ(building.metresPerLengthUnit, row.lengthM);
-        EXPECT_NEAR(Element(building, "box").volumeM3, row.boxVolumeM3, exact * row.boxVolumeM3);
-        EXPECT_NEAR(Element(building, "stated").volumeM3, row.statedM3, exact * row.statedM3);
+        EXPECT_NEAR(Element(building, "box").volumeM3, row.boxVolumeM3, Exact * row.boxVolumeM3);
+        EXPECT_NEAR(Element(building, "stated").volumeM3, row.statedM3, Exact * row.statedM3);
         EXPECT_DOUBLE_EQ(Element(building, "door").overallHeightM.value_or(0.0), 2.0 * row.lengthM);
         EXPECT_EQ(building.warnings.size(), row.warnings);
     }
@@ -235,7 +235,7 @@ TEST(ImportRules, TakesTheUnitOfAQuantityBeforeTheProjects) {
                                                 "#31=IFCQUANTITYVOLUME('NetVolume',$,#30,2500.,$);\n"
                                                 "#32=IFCELEMENTQUANTITY('q',$,$,$,$,(#31));\n"
                                                 "#33=IFCRELDEFINESBYPROPERTIES('r',$,$,$,(#20),#32);\n"));
-    EXPECT_NEAR(Element(building, "w").volumeM3, 2.5, exact);
+    EXPECT_NEAR(Element(building, "w").volumeM3, 2.5, Exact);
 }
 
 struct AggregateCase {
@@ -251,24 +251,24 @@ std::string ElementOf(int id, const char* keyword, const char* globalId) {
 std::string Parts(int id, const char* whole, const char* parts) {
     return "#" + std::to_string(id) + "=IFCRELAGGREGATES('g',$,$,$," + whole + ",(" + parts + "));\n";
 }
-const std::string roof = ElementOf(20, "ROOF", "roof") + ElementOf(21, "SLAB", "a") + ElementOf(22, "SLAB", "b");
+const std::string Roof = ElementOf(20, "ROOF", "roof") + ElementOf(21, "SLAB", "a") + ElementOf(22, "SLAB", "b");
 
-const AggregateCase aggregateCases[] = {
-    {"parts with quantities", roof + Parts(25, "#20", "#21,#22") + Quantity(30, 21, "VOLUME", "NetVolume", "2."), "a b",
+const AggregateCase AggregateCases[] = {
+    {"parts with quantities", Roof + Parts(25, "#20", "#21,#22") + Quantity(30, 21, "VOLUME", "NetVolume", "2."), "a b",
      "roof"},
     {"whole with quantities too",
-     roof + Parts(25, "#20", "#21,#22") + Quantity(30, 21, "VOLUME", "NetVolume", "2.") +
+     Roof + Parts(25, "#20", "#21,#22") + Quantity(30, 21, "VOLUME", "NetVolume", "2.") +
          Quantity(33, 20, "VOLUME", "NetVolume", "9."),
      "a b", "roof"},
-    {"parts without", roof + Parts(25, "#20", "#21,#22") + Quantity(33, 20, "VOLUME", "NetVolume", "9."), "roof a b",
+    {"parts without", Roof + Parts(25, "#20", "#21,#22") + Quantity(33, 20, "VOLUME", "NetVolume", "9."), "roof a b",
      ""},
     {"parts of parts",
-     roof + Parts(25, "#20", "#21") + Parts(26, "#21", "#22") + Quantity(30, 22, "VOLUME", "NetVolume", "2."), "b",
+     Roof + Parts(25, "#20", "#21") + Parts(26, "#21", "#22") + Quantity(30, 22, "VOLUME", "NetVolume", "2."), "b",
      "roof a"},
     {"a circle",
-     roof + Parts(25, "#20", "#21") + Parts(26, "#21", "#20") + Quantity(30, 21, "VOLUME", "NetVolume", "2."),
+     Roof + Parts(25, "#20", "#21") + Parts(26, "#21", "#20") + Quantity(30, 21, "VOLUME", "NetVolume", "2."),
      "roof a b", ""},
-    {"only a window in it", roof + "#23=IFCWINDOW('win',$,$,$,$,$,$,$,1.,2.,$,$,$);\n" + Parts(25, "#20", "#23"),
+    {"only a window in it", Roof + "#23=IFCWINDOW('win',$,$,$,$,$,$,$,1.,2.,$,$,$);\n" + Parts(25, "#20", "#23"),
      "roof a b win", ""},
     {"parts of a window",
      "#23=IFCWINDOW('win',$,$,$,$,$,$,$,1.,2.,$,$,$);\n" + ElementOf(24, "PLATE", "pane") + Parts(25, "#23", "#24") +
@@ -277,7 +277,7 @@ const AggregateCase aggregateCases[] = {
 };
 
 TEST(ImportRules, CountsWholesOnlyWithoutTheirParts) {
-    for (const AggregateCase& row : aggregateCases) {
+    for (const AggregateCase& row : AggregateCases) {
         SCOPED_TRACE(row.name);
         const ImportedBuilding building = Building(File("IFC4", MetricProject() + row.body));
         std::vector<ImportFinding> elements;
@@ -347,8 +347,8 @@ TEST(ImportRules, MeasuresDoorsAndWindows) {
                  "#22=IFCWINDOW('none',$,$,$,$,$,$,$,1.5,$,$,$,$);\n" +
                  Quantity(30, 21, "LENGTH", "Width", "1.2") + Quantity(33, 21, "LENGTH", "Height", "2.5")));
     EXPECT_EQ(Element(building, "overall").kind, ElementKind::Door);
-    EXPECT_NEAR(Element(building, "overall").areaM2, 1.8, exact);
-    EXPECT_NEAR(Element(building, "stated").areaM2, 3.0, exact);
+    EXPECT_NEAR(Element(building, "overall").areaM2, 1.8, Exact);
+    EXPECT_NEAR(Element(building, "stated").areaM2, 3.0, Exact);
     EXPECT_EQ(Element(building, "none").kind, ElementKind::Window);
     EXPECT_TRUE(Element(building, "none").components.empty());
     EXPECT_EQ(Ids(building.withoutQuantity), "none");
@@ -380,7 +380,7 @@ TEST(ImportRules, FindsLayersAndStoreys) {
     };
     EXPECT_EQ(layer("whole shape"), "Wände");
     EXPECT_EQ(layer("item"), "Innen");
-    EXPECT_EQ(layer("nowhere"), noLayerName);
+    EXPECT_EQ(layer("nowhere"), NoLayerName);
     EXPECT_EQ(layer("copy"), "Wände");
     EXPECT_EQ(Ids(building.sumsOfParts), "assembly");
     ASSERT_EQ(building.storeys.size(), 2U);
@@ -397,37 +397,37 @@ struct FloorCase {
     FloorAreaSource source;
 };
 
-const std::string spaces =
+const std::string Spaces =
     "#20=IFCBUILDING('b',$,$,$,$,$,$,$,.ELEMENT.,$,$,$);\n#21=IFCSPACE('r',$,$,$,$,#9,$,$,.ELEMENT.,$,$);\n"
     "#22=IFCSPACE('s',$,$,$,$,#9,$,$,.ELEMENT.,$,$);\n";
-const FloorCase floorCases[] = {
-    {"nothing", spaces, std::nullopt, FloorAreaSource::None},
+const FloorCase FloorCases[] = {
+    {"nothing", Spaces, std::nullopt, FloorAreaSource::None},
     {"building",
-     spaces + Quantity(30, 20, "AREA", "GrossFloorArea", "150.") + Quantity(33, 21, "AREA", "GrossFloorArea", "20."),
+     Spaces + Quantity(30, 20, "AREA", "GrossFloorArea", "150.") + Quantity(33, 21, "AREA", "GrossFloorArea", "20."),
      150.0, FloorAreaSource::Building},
     {"building by property",
-     spaces + "#30=IFCPROPERTYSINGLEVALUE('GrossFloorArea',$,IFCAREAMEASURE(140.),$);\n"
+     Spaces + "#30=IFCPROPERTYSINGLEVALUE('GrossFloorArea',$,IFCAREAMEASURE(140.),$);\n"
               "#31=IFCPROPERTYSET('p',$,'Pset',$,(#30));\n#32=IFCRELDEFINESBYPROPERTIES('r',$,$,$,(#20),#31);\n",
      140.0, FloorAreaSource::Building},
     {"spaces gross",
-     spaces + Quantity(30, 21, "AREA", "GrossFloorArea", "20.") + Quantity(33, 22, "AREA", "GrossFloorArea", "30.") +
+     Spaces + Quantity(30, 21, "AREA", "GrossFloorArea", "20.") + Quantity(33, 22, "AREA", "GrossFloorArea", "30.") +
          Quantity(36, 21, "AREA", "NetFloorArea", "19."),
      50.0, FloorAreaSource::SpacesGross},
     {"spaces net",
-     spaces + Quantity(30, 21, "AREA", "NetFloorArea", "19.") + Quantity(33, 22, "AREA", "NetFloorArea", "29."), 48.0,
+     Spaces + Quantity(30, 21, "AREA", "NetFloorArea", "19.") + Quantity(33, 22, "AREA", "NetFloorArea", "29."), 48.0,
      FloorAreaSource::SpacesNet},
     {"spaces mixed",
-     spaces + Quantity(30, 21, "AREA", "GrossFloorArea", "20.") + Quantity(33, 22, "AREA", "NetFloorArea", "29."), 49.0,
+     Spaces + Quantity(30, 21, "AREA", "GrossFloorArea", "20.") + Quantity(33, 22, "AREA", "NetFloorArea", "29."), 49.0,
      FloorAreaSource::SpacesMixed},
     {"space in a space",
-     spaces + Quantity(30, 21, "AREA", "GrossFloorArea", "20.") + Quantity(33, 22, "AREA", "GrossFloorArea", "5.") +
+     Spaces + Quantity(30, 21, "AREA", "GrossFloorArea", "20.") + Quantity(33, 22, "AREA", "GrossFloorArea", "5.") +
          "#40=IFCRELAGGREGATES('g',$,$,$,#21,(#22));\n",
      20.0, FloorAreaSource::SpacesGross},
-    {"negative", spaces + Quantity(30, 20, "AREA", "GrossFloorArea", "-1."), std::nullopt, FloorAreaSource::None},
+    {"negative", Spaces + Quantity(30, 20, "AREA", "GrossFloorArea", "-1."), std::nullopt, FloorAreaSource::None},
 };
 
 TEST(ImportRules, OffersAFloorArea) {
-    for (const FloorCase& row : floorCases) {
+    for (const FloorCase& row : FloorCases) {
         SCOPED_TRACE(row.name);
         const ImportedBuilding building = Building(File("IFC4", MetricProject() + row.body));
         EXPECT_EQ(building.grossFloorAreaM2, row.areaM2);
@@ -442,37 +442,37 @@ struct DensityCase {
     std::optional<double> densityKgPerM3;
 };
 
-const std::string brick4 = "#20=IFCWALL('w',$,$,$,$,#9,$,$,$);\n#40=IFCMATERIAL('Brick',$,$);\n" + Associate(20, 40);
-const std::string brick2x3 = "#20=IFCWALL('w',$,$,$,$,#9,$,$);\n#40=IFCMATERIAL('Brick');\n" + Associate(20, 40);
+const std::string Brick4 = "#20=IFCWALL('w',$,$,$,$,#9,$,$,$);\n#40=IFCMATERIAL('Brick',$,$);\n" + Associate(20, 40);
+const std::string Brick2x3 = "#20=IFCWALL('w',$,$,$,$,#9,$,$);\n#40=IFCMATERIAL('Brick');\n" + Associate(20, 40);
 std::string Density(const char* value, const char* unit = "$") {
     return "#41=IFCPROPERTYSINGLEVALUE('MassDensity',$," + std::string(value) + "," + unit + ");\n";
 }
-const std::string common = "#42=IFCMATERIALPROPERTIES('Pset_MaterialCommon',$,(#41),#40);\n";
-const std::string gramPerCubicCentimetre =
+const std::string Common = "#42=IFCMATERIALPROPERTIES('Pset_MaterialCommon',$,(#41),#40);\n";
+const std::string GramPerCubicCentimetre =
     "#44=IFCDERIVEDUNIT((#45,#46),.MASSDENSITYUNIT.,$);\n#45=IFCDERIVEDUNITELEMENT(#47,1);\n#46=IFCDERIVEDUNITELEMENT(#"
     "48,-3);\n"
     "#47=IFCSIUNIT(*,.MASSUNIT.,$,.GRAM.);\n#48=IFCSIUNIT(*,.LENGTHUNIT.,.CENTI.,.METRE.);\n";
 
-const DensityCase densityCases[] = {
-    {"none", "IFC4", brick4, std::nullopt},
-    {"common set", "IFC4", brick4 + common + Density("IFCMASSDENSITYMEASURE(1800.)"), 1800.0},
-    {"as a plain number", "IFC4", brick4 + common + Density("IFCREAL(1800.)"), 1800.0},
-    {"own unit", "IFC4", brick4 + common + Density("IFCMASSDENSITYMEASURE(1.8)", "#44") + gramPerCubicCentimetre,
+const DensityCase DensityCases[] = {
+    {"none", "IFC4", Brick4, std::nullopt},
+    {"common set", "IFC4", Brick4 + Common + Density("IFCMASSDENSITYMEASURE(1800.)"), 1800.0},
+    {"as a plain number", "IFC4", Brick4 + Common + Density("IFCREAL(1800.)"), 1800.0},
+    {"own unit", "IFC4", Brick4 + Common + Density("IFCMASSDENSITYMEASURE(1.8)", "#44") + GramPerCubicCentimetre,
      1800.0},
-    {"zero", "IFC4", brick4 + common + Density("IFCMASSDENSITYMEASURE(0.)"), std::nullopt},
-    {"negative", "IFC4", brick4 + common + Density("IFCMASSDENSITYMEASURE(-5.)"), std::nullopt},
-    {"absurd", "IFC4", brick4 + common + Density("IFCMASSDENSITYMEASURE(1800000.)"), std::nullopt},
-    {"no number", "IFC4", brick4 + common + Density("IFCLABEL('1800')"), std::nullopt},
-    {"older schema, general", "IFC2X3", brick2x3 + "#42=IFCGENERALMATERIALPROPERTIES(#40,$,0.1,1800.);\n", 1800.0},
+    {"zero", "IFC4", Brick4 + Common + Density("IFCMASSDENSITYMEASURE(0.)"), std::nullopt},
+    {"negative", "IFC4", Brick4 + Common + Density("IFCMASSDENSITYMEASURE(-5.)"), std::nullopt},
+    {"absurd", "IFC4", Brick4 + Common + Density("IFCMASSDENSITYMEASURE(1800000.)"), std::nullopt},
+    {"no number", "IFC4", Brick4 + Common + Density("IFCLABEL('1800')"), std::nullopt},
+    {"older schema, general", "IFC2X3", Brick2x3 + "#42=IFCGENERALMATERIALPROPERTIES(#40,$,0.1,1800.);\n", 1800.0},
     {"older schema, extended", "IFC2X3",
-     brick2x3 + Density("IFCMASSDENSITYMEASURE(1800.)") +
+     Brick2x3 + Density("IFCMASSDENSITYMEASURE(1800.)") +
          "#42=IFCEXTENDEDMATERIALPROPERTIES(#40,(#41),$,'Pset_MaterialCommon');\n",
      1800.0},
-    {"older schema, no value", "IFC2X3", brick2x3 + "#42=IFCGENERALMATERIALPROPERTIES(#40,$,$,$);\n", std::nullopt},
+    {"older schema, no value", "IFC2X3", Brick2x3 + "#42=IFCGENERALMATERIALPROPERTIES(#40,$,$,$);\n", std::nullopt},
 };
 
 TEST(ImportRules, ReadsDensities) {
-    for (const DensityCase& row : densityCases) {
+    for (const DensityCase& row : DensityCases) {
         SCOPED_TRACE(row.name);
         const ImportedBuilding building = Building(File(row.schema, MetricProject() + row.body));
         ASSERT_EQ(building.materials.size(), 1U);

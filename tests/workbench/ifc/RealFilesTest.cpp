@@ -12,7 +12,7 @@ using namespace workbench::ifc;
 
 namespace {
 
-const std::filesystem::path folder = std::filesystem::path(KELVARNIX_SOURCE_DIR) / ".." / "shared" / "ifc";
+const std::filesystem::path Folder = std::filesystem::path(KELVARNIX_SOURCE_DIR) / ".." / "shared" / "ifc";
 
 /// A STEP file as its statements by number; knows nothing of any schema.
 class Statements {
@@ -72,13 +72,14 @@ double LastNumber(const std::string& text) {
 /// Stated values by object number. A relation refers to its owner history first and to what it relates last.
 std::map<int, double> StatedBy(const Statements& file, const std::string& quantity, const std::string& name) {
     std::map<int, double> values;
+    const std::string start = quantity + "('" + name + "'";
     for (const int relation : file.OfKeyword("IFCRELDEFINESBYPROPERTIES")) {
         const std::vector<int> references = Statements::References(file.At(relation));
         const std::string& set = file.At(references.back());
         if (!set.starts_with("IFCELEMENTQUANTITY")) continue;
         for (const int member : Statements::References(set)) {
             const std::string& text = file.At(member);
-            if (!text.starts_with(quantity + "('" + name + "'")) continue;
+            if (!text.starts_with(start)) continue;
             for (std::size_t i = 1; i + 1 < references.size(); ++i)
                 values[references[i]] = LastNumber(text);
         }
@@ -89,7 +90,7 @@ std::map<int, double> StatedBy(const Statements& file, const std::string& quanti
 class RealFiles : public testing::Test {
 protected:
     void Need(const char* name) {
-        path = folder / name;
+        path = Folder / name;
         if (!std::filesystem::exists(path)) GTEST_SKIP() << name << " is not on this machine";
     }
     std::filesystem::path path;
@@ -100,8 +101,8 @@ TEST_F(RealFiles, HouseAgreesWithItsStatedQuantities) {
     if (IsSkipped()) return;
     const Statements file(path);
     const ImportResult result = ReadIfcFile(path, {}, {}, ifctest::Reader());
-    ASSERT_TRUE(result.IsOk()) << result.Sentence();
-    const ImportedBuilding& building = result.Building();
+    ASSERT_FALSE(result.HasFailed()) << result.GetText();
+    const ImportedBuilding& building = result.Get();
 
     const std::map<int, double> volumes = StatedBy(file, "IFCQUANTITYVOLUME", "NetVolume");
     std::size_t statedElements = 0;
@@ -167,12 +168,12 @@ TEST_F(RealFiles, HouseVolumesPerMaterialAreTheStatedOnes) {
     }
     ASSERT_FALSE(expected.empty());
     const ImportResult result = ReadIfcFile(path, {}, {}, ifctest::Reader());
-    ASSERT_TRUE(result.IsOk()) << result.Sentence();
+    ASSERT_FALSE(result.HasFailed()) << result.GetText();
     std::map<std::string, double> imported;
-    for (const ImportedElement& element : result.Building().elements) {
+    for (const ImportedElement& element : result.Get().elements) {
         for (const ImportedComponent& component : element.components) {
             if (element.volumeSource == QuantitySource::StatedNet)
-                imported[result.Building().materials.at(component.material).name] += component.volumeM3;
+                imported[result.Get().materials.at(component.material).name] += component.volumeM3;
         }
     }
     for (const auto& [name, volume] : expected) {
@@ -186,8 +187,8 @@ TEST_F(RealFiles, TinyHouseInMillimetresComesFromGeometry) {
     Need("IfcOpenHouse_IFC4.ifc");
     if (IsSkipped()) return;
     const ImportResult result = ReadIfcFile(path, {}, {}, ifctest::Reader());
-    ASSERT_TRUE(result.IsOk()) << result.Sentence();
-    const ImportedBuilding& building = result.Building();
+    ASSERT_FALSE(result.HasFailed()) << result.GetText();
+    const ImportedBuilding& building = result.Get();
     EXPECT_DOUBLE_EQ(building.metresPerLengthUnit, 0.001);
     EXPECT_EQ(ifctest::Ids(building.sumsOfParts), "1C6JH2QOP0lwj7ou2leSLH") << "the roof of two slabs";
     // By hand from the profiles: the north wall is 10 m x 3 m x 0.36 m, without openings.
@@ -206,8 +207,8 @@ TEST_F(RealFiles, CutHousesAreRefused) {
     for (int part = 1; part < 20; ++part) {
         const ImportResult result =
             ifctest::Read(std::string_view(whole).substr(0, whole.size() * static_cast<std::size_t>(part) / 20));
-        EXPECT_EQ(result.Code(), ImportError::Damaged) << part;
-        EXPECT_NE(result.Sentence().find("is cut off in line "), std::string::npos) << result.Sentence();
+        EXPECT_EQ(result.GetError(), ImportError::Damaged) << part;
+        EXPECT_NE(result.GetText().find("is cut off in line "), std::string::npos) << result.GetText();
     }
 }
 

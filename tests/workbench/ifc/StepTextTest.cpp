@@ -17,7 +17,7 @@ struct StringCase {
 };
 
 // Expected letters by ISO 10303-21, 6.4.3, and the ISO 8859 tables.
-const StringCase stringCases[] = {
+const StringCase StringCases[] = {
     {"empty", "", ""},
     {"plain", "Wand-01", "Wand-01"},
     {"apostrophe", "it''s", "it's"},
@@ -42,7 +42,7 @@ const StringCase stringCases[] = {
 };
 
 TEST(StepString, Decodes) {
-    for (const StringCase& row : stringCases)
+    for (const StringCase& row : StringCases)
         EXPECT_EQ(DecodeStepString(row.coded), row.decoded) << row.name;
 }
 
@@ -57,7 +57,7 @@ std::string Header(const std::string& schema) {
     return "ISO-10303-21;\nHEADER;FILE_SCHEMA(('" + schema + "'));\nENDSEC;\nDATA;\n";
 }
 
-const HeaderCase headerCases[] = {
+const HeaderCase HeaderCases[] = {
     {"2x3", Header("IFC2X3"), ImportError::None, "IFC2X3"},
     {"2x3 with correction", Header("IFC2X3_TC1"), ImportError::None, "IFC2X3"},
     {"4", Header("IFC4"), ImportError::None, "IFC4"},
@@ -85,7 +85,7 @@ const HeaderCase headerCases[] = {
 };
 
 TEST(StepText, ReadsTheHeader) {
-    for (const HeaderCase& row : headerCases) {
+    for (const HeaderCase& row : HeaderCases) {
         StepProblem problem;
         const auto header = ReadStepHeader(row.start, problem);
         EXPECT_EQ(header.has_value(), row.code == ImportError::None) << row.name;
@@ -121,7 +121,7 @@ struct DamageCase {
     const char* what;
 };
 
-const DamageCase damageCases[] = {
+const DamageCase DamageCases[] = {
     {"words", "lorem ipsum;", "is damaged in line 8"},
     {"no number", "#=IFCWALL();", "is damaged in line 8"},
     {"number too large", "#99999999999=IFCWALL();", "is damaged in line 8"},
@@ -137,7 +137,7 @@ const DamageCase damageCases[] = {
 };
 
 TEST(StepText, RefusesDamage) {
-    for (const DamageCase& row : damageCases) {
+    for (const DamageCase& row : DamageCases) {
         StepProblem problem;
         EXPECT_FALSE(PrepareStep(ifctest::File("IFC4", std::string(row.line) + "\n"), problem)) << row.name;
         EXPECT_EQ(problem.code, ImportError::Damaged) << row.name;

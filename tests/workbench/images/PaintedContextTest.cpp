@@ -29,7 +29,7 @@ TEST(PaintedContext, JpegFiles) {
         [](const std::string& path, int width, int height, double scale, const auto& draw) {
             workbench::PaintedContext context(width, height, scale);
             draw(context);
-            return context.WritePicture(path);
+            return !context.WritePicture(path).HasFailed();
         },
         [](const std::string& path, int x, int y) {
             const QColor colour = QImage(QString::fromStdString(path)).pixelColor(x, y);
@@ -41,9 +41,9 @@ TEST(PaintedContext, JpegFiles) {
 TEST(PaintedContext, WritesOtherPictures) {
     const support::TestFolder folder;
     const workbench::PaintedContext context(4, 4, 1);
-    EXPECT_TRUE(context.WritePicture(folder / "a.png"));
+    EXPECT_FALSE(context.WritePicture(folder / "a.png").HasFailed());
     EXPECT_EQ(support::ContentOf(folder / "a.png").substr(1, 3), "PNG");
-    EXPECT_FALSE(context.WritePicture(folder / "none/a.png"));
+    EXPECT_TRUE(context.WritePicture(folder / "none/a.png").HasFailed());
 }
 
 } // namespace

@@ -1,200 +1,155 @@
 // Project files: what is written comes back, and commands of an opened project are kept as they happen.
-#include "workbench/model/ReportLibrary.h"
-
 #include "StoreTestSupport.h"
 
-#include <SQLiteCpp/SQLiteCpp.h>
+#include <algorithm>
 
 namespace {
 
 using namespace workbench;
+using test::Describe;
 
-TEST(ProjectFile, EverythingComesBack) {
-    const test::Folder folder;
-    for (const int elements : {0, 1, 50}) {
-        const auto project = test::MakeProject(elements);
-        ASSERT_EQ(SaveProject(*project, folder / "a.kvp"), "");
-        EXPECT_EQ(test::OpenAndDescribe(folder / "a.kvp"), test::Describe(project->model)) << elements;
+class ProjectFile : public test::Store {};
+
+/// Files as their format version was first written: they must open as long as that version is read.
+TEST_F(ProjectFile, FilesOfEveryVersionOpen) {
+    const std::string whole = Read(MakeWhole("whole.kvp"));
+    support::ExpectApproved("workbench/store/expected/every-kind.txt", whole);
+    const std::string former = MakeFile("v1.kvp", {"version-1.sql"}), before = support::ContentOf(former);
+    auto opened = Open(former, KeepChanges::InFile);
+    ASSERT_EQ(opened.GetText(), "");
+    for (DatabaseRow& database : opened.Get()->model.databases)
+        database.guid = {}; // made anew
+    support::ExpectApproved("workbench/store/expected/version-1.txt", Describe(opened.Get()->model));
+    EXPECT_EQ(support::ContentOf(former), before) << "reading changes nothing";
+    // The first change brings the file to the present form.
+    opened = Open(former, KeepChanges::InFile);
+    EXPECT_EQ(Rename(*opened.Get(), "renamed"), host::NoError);
+    EXPECT_EQ(Read(former), Describe(opened.Get()->model));
+    const std::string replaced = MakeFile("replaced.kvp", {"version-1.sql"});
+    EXPECT_EQ(SaveProject(*Open(folder / "whole.kvp").Get(), replaced).GetText(), "");
+    EXPECT_EQ(Read(replaced), whole);
+}
+
+TEST_F(ProjectFile, EverythingComesBack) {
+    const std::string other = folder / "Größe \xE5\xAE\xB6.kvp";
+    for (const int walls : {0, 1, 50}) {
+        const auto project = MakeProject(walls);
+        for (const std::string& name : {file, other}) {
+            ASSERT_EQ(SaveProject(*project, name).GetText(), "");
+            EXPECT_EQ(Read(name), Describe(project->model)) << walls;
+        }
     }
-    EXPECT_EQ(folder.CountFiles(), 1U); // no unfinished file, no journal
+    EXPECT_EQ(CountFiles(), 2U) << "no unfinished file, no journal";
 }
 
-TEST(ProjectFile, NamesWithOtherLetters) {
-    const test::Folder folder;
-    const auto project = test::MakeProject(3);
-    const auto file = folder / "Größe \xE5\xAE\xB6.kvp";
-    ASSERT_EQ(SaveProject(*project, file), "");
-    EXPECT_EQ(test::OpenAndDescribe(file), test::Describe(project->model));
-}
-
-host::ErrorCode Rename(Project& project, const char* name) {
-    return project.CallUndoable("rename", [&] {
-        host::PropertyGroup changed = project.model.GetGroups()[0];
-        changed.name = name;
-        project.Record({project.model.GetGroups()[0], changed});
-        return host::NoError;
-    });
-}
-
-TEST(ProjectFile, CommandsUndoAndRedoAreTransactions) {
-    const test::Folder folder;
-    const auto file = folder / "a.kvp";
-    ASSERT_EQ(SaveProject(*test::MakeProject(5), file), "");
-    OpenedProject opened = OpenProjectFile(file, KeepChanges::InFile);
-    ASSERT_NE(opened.project, nullptr) << opened.failure;
-    Project& project = *opened.project;
-    const auto isKept = [&] { return test::OpenAndDescribe(file) == test::Describe(project.model); };
-
-    EXPECT_EQ(Rename(project, "renamed"), host::NoError);
-    EXPECT_TRUE(isKept());
-    const auto everyKind = [&] {
-        const Model& model = project.model;
-        host::PropertyDefinition definition = model.GetDefinitions()[0];
-        definition.options.pop_back();
-        definition.availability.push_back(model.GetItems()[2].item.guid);
-        project.Record({model.GetDefinitions()[0], definition});
-        project.Record({{}, host::ClassificationSystem{host::CreateGuid(), "new", "1", {2026, 11, 22}}});
-        project.Record({{}, ClassificationItem{{host::CreateGuid(), "x", "y"}, model.GetSystems().back().guid, {}}});
-        project.Record({{}, MaterialClassification{{3}, model.GetItems()[0].item.guid}});
-        project.Record({{}, MaterialValue{{3}, definition.guid, host::Variant::OfReal(2.5)}});
-        project.Record({{}, ElementValue{model.GetElements()[0].guid, definition.guid, host::Variant::OfInteger(4)}});
-        host::BuildingMaterial heavier = model.GetBuildingMaterials()[0];
-        heavier.densityKgM3 = 9999;
-        project.Record({model.GetBuildingMaterials()[0], heavier});
-        project.Record({model.GetGroups()[0], {}});
-        PlacedObject moved = model.GetPlacedObjects()[0];
-        moved.position.x = 99;
-        moved.parameters.resize(2);
-        project.Record({model.GetPlacedObjects()[0], moved});
-        PlacedObject added = moved;
-        added.guid = host::CreateGuid();
-        project.Record({{}, added});
-        project.Record({moved, {}});
-        return host::NoError;
+/// Gives the second row of every kind all that the first one has, and adds and replaces values.
+host::ErrorCode ChangeEveryKind(Project& project) {
+    const Model model = project.model;
+    const auto change = [&](const auto& rows, auto key) {
+        auto changed = rows.at(0);
+        key(changed) = key(rows.at(1));
+        project.Record({rows.at(1), changed});
     };
-    EXPECT_EQ(project.CallUndoable("every kind", everyKind), host::NoError);
-    EXPECT_TRUE(isKept());
-    EXPECT_EQ(project.Undo(), host::NoError);
-    EXPECT_TRUE(isKept());
-    EXPECT_EQ(project.Undo(), host::NoError);
-    EXPECT_EQ(project.model.GetGroups()[0].name, "Group");
-    EXPECT_TRUE(isKept());
-    EXPECT_EQ(project.Redo(), host::NoError);
-    EXPECT_EQ(project.Redo(), host::NoError);
-    EXPECT_EQ(project.model.GetBuildingMaterials()[0].densityKgM3, 9999);
-    EXPECT_TRUE(isKept());
-    EXPECT_EQ(project.ListUndoNames(), (std::vector<std::string>{"rename", "every kind"}));
+    const auto guid = [](auto& row) -> auto& {
+        return row.guid;
+    };
+    change(model.GetGroups(), guid);
+    change(model.GetDefinitions(), guid);
+    change(model.GetSystems(), guid);
+    change(
+        model.GetItems(), [](auto& row) -> auto& { return row.item.guid; });
+    change(
+        model.GetBuildingMaterials(), [](auto& row) -> auto& { return row.index; });
+    change(model.GetPlacedObjects(), guid);
+    const host::Guid definition = model.GetDefinitions()[0].guid, element = model.GetElements()[0].guid;
+    for (const double value : {4.5, 5.5}) {
+        project.Record({{}, MaterialValue{{1}, definition, host::Variant::OfReal(value)}});
+        project.Record({{}, ElementValue{element, definition, host::Variant::OfReal(value)}});
+    }
+    project.Record({{}, MaterialClassification{{2}, model.GetItems()[0].item.guid}});
+    return host::NoError;
 }
 
-TEST(ProjectFile, WhatIsOpenedInMemoryLeavesTheFileAlone) {
-    const test::Folder folder;
-    const auto file = folder / "a.kvp";
-    ASSERT_EQ(SaveProject(*test::MakeProject(5), file), "");
-    const std::string before = test::ReadAll(file);
-    OpenedProject opened = OpenProjectFile(file, KeepChanges::InMemory);
-    ASSERT_NE(opened.project, nullptr);
-    EXPECT_EQ(Rename(*opened.project, "renamed"), host::NoError);
-    EXPECT_EQ(test::ReadAll(file), before);
+/// Removes every row that a command can remove.
+host::ErrorCode RemoveEveryKind(Project& project) {
+    const Model model = project.model;
+    const auto remove = [&](const auto& rows) {
+        for (const auto& row : rows)
+            project.Record({row, {}});
+    };
+    remove(model.GetPlacedObjects());
+    remove(model.GetMaterialClassifications());
+    remove(model.GetDefinitions());
+    remove(model.GetGroups());
+    remove(model.GetItems());
+    remove(model.GetSystems());
+    for (const auto& [material, values] : model.GetMaterialValues())
+        for (const auto& [definition, value] : values)
+            project.Record({MaterialValue{material, definition, value}, {}});
+    for (const auto& [element, values] : model.GetElementValues())
+        for (const auto& [definition, value] : values)
+            project.Record({ElementValue{model.GetElements()[element].guid, definition, value}, {}});
+    return host::NoError;
 }
 
-TEST(ProjectFile, TwoMayHaveItOpen) {
-    const test::Folder folder;
-    const auto file = folder / "a.kvp";
-    ASSERT_EQ(SaveProject(*test::MakeProject(5), file), "");
-    OpenedProject first = OpenProjectFile(file, KeepChanges::InFile);
-    OpenedProject second = OpenProjectFile(file, KeepChanges::InFile);
-    ASSERT_TRUE(first.project && second.project);
-    EXPECT_EQ(Rename(*first.project, "one"), host::NoError);
-    EXPECT_EQ(Rename(*second.project, "two"), host::NoError);
-    EXPECT_NE(test::OpenAndDescribe(file).find(" two\n"), std::string::npos);
+TEST_F(ProjectFile, CommandsUndoAndRedoAreTransactions) {
+    auto opened = Open(MakeWhole("a.kvp"), KeepChanges::InFile);
+    ASSERT_EQ(opened.GetText(), "");
+    Project& project = *opened.Get();
+    std::vector<std::string> states = {Read(file)};
+    for (const auto& work : {ChangeEveryKind, RemoveEveryKind}) {
+        EXPECT_EQ(project.CallUndoable("work", [&] { return work(project); }), host::NoError);
+        states.push_back(Describe(project.model));
+        EXPECT_EQ(Read(file), states.back());
+    }
+    EXPECT_EQ(states[2].find("group"), std::string::npos);
+    // What is put back stands last.
+    const auto sorted = [](std::string text) {
+        std::sort(text.begin(), text.end());
+        return text;
+    };
+    for (const std::size_t state : {1U, 0U, 1U}) {
+        EXPECT_EQ(project.ListUndoNames().empty() ? project.Redo() : project.Undo(), host::NoError);
+        EXPECT_EQ(sorted(Read(file)), sorted(states[state]));
+        EXPECT_EQ(sorted(Describe(project.model)), sorted(states[state]));
+    }
+    EXPECT_EQ(project.ListUndoNames(), std::vector<std::string>{"work"});
+    // A project that is opened in memory leaves its file alone.
+    const std::string before = support::ContentOf(file);
+    EXPECT_EQ(Rename(*Open(file).Get(), "renamed"), host::NoError);
+    EXPECT_EQ(support::ContentOf(file), before);
 }
 
-/// A file as its format version was first written: it must open as long as that version is read.
-/// Each version adds its statements to those of the one before.
-std::filesystem::path MakeFixture(const test::Folder& folder, const char* name, int version) {
-    const auto file = folder / name;
-    SQLite::Database database(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
-    for (int i = 1; i <= version; ++i)
-        database.exec(
-            test::ReadAll(KELVARNIX_SOURCE_DIR "/tests/workbench/store/version-" + std::to_string(i) + ".sql"));
-    return file;
-}
-
-void ExpectFixture(const Model& model) {
-    ASSERT_EQ(model.GetElements().size(), 2U);
-    EXPECT_EQ(model.GetElements()[1].name, "Haustür");
-    ASSERT_EQ(model.GetComponents(model.GetElements()[0]).size(), 1U);
-    EXPECT_EQ(model.GetComponents(model.GetElements()[0])[0].volumeM3, 2.5);
-    ASSERT_EQ(model.GetDefinitions().size(), 1U);
-    EXPECT_EQ(model.GetDefinitions()[0].defaultValue.integer, 50);
-}
-
-TEST(ProjectFile, VersionOneOpensWithTheShippedLibraries) {
-    const test::Folder folder;
-    const auto file = MakeFixture(folder, "v1.kvp", 1);
-    const std::string before = test::ReadAll(file);
-    OpenedProject opened = OpenProjectFile(file, KeepChanges::InFile);
-    ASSERT_NE(opened.project, nullptr) << opened.failure;
-    ExpectFixture(opened.project->model);
-    ASSERT_EQ(opened.project->model.libraryParts.size(), 2U);
-    EXPECT_EQ(opened.project->model.libraryParts[0].fileName, "Kelvarnix Material CO2 Report.gsm");
-    EXPECT_EQ(opened.project->model.databases.size(), 3U);
-    EXPECT_EQ(test::ReadAll(file), before) << "reading changes nothing";
-    PlacedObject object;
-    object.guid = host::CreateGuid();
-    object.database = opened.project->model.databases[2].guid;
-    object.libraryPart = MaterialReportPart;
-    ASSERT_EQ(opened.project->CallUndoable("place",
-                                           [&] {
-                                               opened.project->Record({{}, object});
-                                               return host::NoError;
-                                           }),
-              host::NoError);
-    EXPECT_EQ(test::OpenAndDescribe(file), test::Describe(opened.project->model)); // upgraded with the first change
-    const auto replaced = MakeFixture(folder, "replaced.kvp", 1);
-    const auto other = test::MakeProject(3);
-    EXPECT_EQ(SaveProject(*other, replaced), "");
-    EXPECT_EQ(test::OpenAndDescribe(replaced), test::Describe(other->model));
-}
-
-TEST(ProjectFile, VersionTwoOpens) {
-    const test::Folder folder;
-    const OpenedProject opened = OpenProjectFile(MakeFixture(folder, "v2.kvp", 2), KeepChanges::InMemory);
-    ASSERT_NE(opened.project, nullptr) << opened.failure;
-    const Model& model = opened.project->model;
-    ExpectFixture(model);
-    EXPECT_EQ(model.databases.at(0).name, "Layout 1");
-    ASSERT_EQ(model.libraryParts.size(), 1U);
-    EXPECT_EQ(model.libraryParts[0].identifier, MaterialReportPart);
-    EXPECT_EQ(model.libraryParts[0].parameters.at(1).real, 1);
-    ASSERT_EQ(model.favourites.size(), 1U);
-    EXPECT_EQ(model.favourites[0].xRatio, 2);
-    ASSERT_EQ(model.GetPlacedObjects().size(), 1U);
-    EXPECT_EQ(model.GetPlacedObjects()[0].position.y, -3);
-    EXPECT_EQ(model.GetPlacedObjects()[0].database, model.databases[0].guid);
-    ASSERT_EQ(model.GetPlacedObjects()[0].parameters.size(), 2U);
-    EXPECT_EQ(model.GetPlacedObjects()[0].parameters[0].textArray, std::u16string(u"A\u00e9\0B\0\0", 6));
-    EXPECT_EQ(model.GetPlacedObjects()[0].parameters[1].realArray, (std::vector<double>{1, -0.5}));
-    EXPECT_EQ(model.requests.at(0), (ReservationRequest{"BuildingMaterials", 1}));
-}
-
-TEST(ProjectFile, AnotherProcessChangesAreReceived) {
-    const test::Folder folder;
-    const auto file = folder / "a.kvp";
-    ASSERT_EQ(SaveProject(*test::MakeProject(5), file), "");
-    OpenedProject first = OpenProjectFile(file, KeepChanges::InFile);
-    OpenedProject second = OpenProjectFile(file, KeepChanges::InFile);
-    EXPECT_FALSE(first.project->ReceiveChanges());
-    EXPECT_EQ(Rename(*first.project, "mine"), host::NoError);
-    EXPECT_FALSE(first.project->ReceiveChanges()) << "own changes are no news";
-    EXPECT_EQ(first.project->ListUndoNames().size(), 1U);
-    EXPECT_TRUE(second.project->ReceiveChanges());
-    EXPECT_EQ(second.project->model.GetGroups()[0].name, "mine");
-    EXPECT_EQ(Rename(*second.project, "theirs"), host::NoError);
-    EXPECT_TRUE(first.project->ReceiveChanges());
-    EXPECT_EQ(first.project->model.GetGroups()[0].name, "theirs");
-    EXPECT_TRUE(first.project->ListUndoNames().empty());
-    EXPECT_FALSE(first.project->ReceiveChanges());
+TEST_F(ProjectFile, AnotherProcessChangesAreReceived) {
+    MakeWhole("a.kvp");
+    auto first = Open(file, KeepChanges::InFile), second = Open(file, KeepChanges::InFile);
+    Project &mine = *first.Get(), &theirs = *second.Get();
+    EXPECT_FALSE(mine.ReceiveChanges());
+    EXPECT_EQ(Rename(mine, "mine"), host::NoError);
+    EXPECT_FALSE(mine.ReceiveChanges()) << "own changes are no news";
+    EXPECT_EQ(mine.ListUndoNames().size(), 1U);
+    EXPECT_TRUE(theirs.ReceiveChanges());
+    EXPECT_EQ(theirs.model.GetGroups()[0].name, "mine");
+    EXPECT_EQ(Rename(theirs, "theirs"), host::NoError);
+    EXPECT_TRUE(mine.ReceiveChanges());
+    EXPECT_EQ(Describe(mine.model), Describe(theirs.model));
+    EXPECT_TRUE(mine.ListUndoNames().empty());
+    EXPECT_FALSE(mine.ReceiveChanges());
+    // Who holds what is decided on the file's present state, and a change that is refused there changes nothing.
+    const auto give = [](Project& project, std::int16_t user) {
+        return project.ChangeTeamwork([&] {
+            const bool isFirst = project.model.reservations.size() == 1;
+            if (isFirst) project.model.reservations = {{"BuildingMaterials", user}, {"Other", user}};
+            return isFirst;
+        });
+    };
+    EXPECT_FALSE(give(theirs, 1).HasFailed());
+    EXPECT_FALSE(give(mine, 2).HasFailed());
+    EXPECT_EQ(Read(file), Describe(theirs.model));
+    EXPECT_EQ(Describe(mine.model), Describe(theirs.model));
+    SQLite::Database(file, SQLite::OPEN_READWRITE).exec("DROP TABLE reservations");
+    EXPECT_TRUE(give(mine, 2).HasFailed());
+    EXPECT_EQ(mine.model.members.size(), 2U) << "who was known stays";
 }
 
 } // namespace

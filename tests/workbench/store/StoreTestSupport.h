@@ -1,117 +1,115 @@
-// Projects for the store's tests.
+// Projects for the store's tests, and processes that get in each other's way.
 #pragma once
 
 #include "../ModelText.h"
-#include "workbench/model/NewProject.h"
+#include "support/Answers.h"
+#include "support/TestFolder.h"
 #include "workbench/store/ProjectFile.h"
 
-#include <gtest/gtest.h>
+#include <SQLiteCpp/SQLiteCpp.h>
 
-#include <filesystem>
-#include <fstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
 
 namespace test {
 
-/// A folder of the running test alone; gone afterwards.
-class Folder {
+inline const std::string Sources = KELVARNIX_SOURCE_DIR "/tests/workbench/store/";
+
+/// Runs a body in another process, which goes with the object.
+class Child {
 public:
-    Folder()
-        : path(std::filesystem::temp_directory_path() /
-               ("kelvarnix-" + std::to_string(getpid()) + "-" +
-                testing::UnitTest::GetInstance()->current_test_info()->name())) {
-        std::filesystem::create_directories(path);
+    template <typename Body>
+    explicit Child(Body body) : process(fork()) {
+        if (process == 0) _exit(body());
     }
-    ~Folder() { std::filesystem::remove_all(path); }
-    std::filesystem::path operator/(const char* name) const { return path / name; }
-    std::size_t CountFiles() const {
-        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(path), {}));
+    ~Child() {
+        if (isThere) End(SIGKILL);
+    }
+    Child(const Child&) = delete;
+    Child& operator=(const Child&) = delete;
+    /// What waiting for its end answers, after the signal; 0 only waits.
+    int End(int signal) {
+        kill(process, signal);
+        isThere = false;
+        int status = 0;
+        waitpid(process, &status, 0);
+        return status;
     }
 
-    std::filesystem::path path;
+    const pid_t process;
+
+private:
+    bool isThere = true;
 };
 
-inline std::string ReadAll(const std::filesystem::path& file) {
-    std::ifstream stream(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(stream), {}};
-}
-
-inline void WriteAll(const std::filesystem::path& file, const std::string& content) {
-    std::ofstream(file, std::ios::binary) << content;
-}
-
-/// A project with at least one row of every kind.
-inline std::unique_ptr<workbench::Project> MakeProject(int elements) {
-    using namespace workbench;
-    std::unique_ptr<Project> project = CreateProject();
-    Model& model = project->model;
-    model.AddLayer("Außen; \"quoted\" \xF0\x9F\x8F\xA0");
-    for (int i = 0; i < 3; ++i) {
-        host::BuildingMaterial material;
-        material.name = "material " + std::to_string(i);
-        material.id = "M" + std::to_string(i);
-        material.densityKgM3 = 100.5 * i;
-        material.cutFill = {2};
-        material.cutFillPen = 3;
-        material.cutFillBackgroundPen = -1;
-        material.cutSurface = {4};
-        model.AddBuildingMaterial(material);
+class Store : public testing::Test {
+protected:
+    /// A file made by these scripts of this folder, one after another.
+    std::string MakeFile(const std::string& name, const std::vector<std::string>& scripts) {
+        std::filesystem::remove(folder / name);
+        SQLite::Database database(folder / name, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        database.exec("PRAGMA synchronous = OFF");
+        for (const std::string& script : scripts)
+            database.exec(support::ContentOf(Sources + script));
+        return folder / name;
     }
-    for (int i = 0; i < elements; ++i) {
-        Element element;
-        element.guid = host::CreateGuid();
-        element.type = i % 7 == 0 ? host::ElementType::Door : host::ElementType::Wall;
-        element.layer = {1};
-        element.classification = FindElementClassification(model, element.type);
-        element.name = "element " + std::to_string(i);
-        element.kind = "IfcWall";
-        element.openingAreaM2 = i * 0.25;
-        const std::vector<host::MaterialComponent> parts = {{{1 + i % 3}, 0.1 * i, 1.0 / (i + 1)}, {{1}, 1e-9, 2}};
-        model.AddElement(element, std::span(parts).first(static_cast<std::size_t>(i % 3)));
+    /// A file with a row of every kind.
+    std::string MakeWhole(const std::string& name) {
+        return MakeFile(name, {"version-1.sql", "version-2.sql", "every-kind.sql"});
     }
-    const host::PropertyGroup group{host::CreateGuid(), "Group"};
-    host::PropertyDefinition definition;
-    definition.guid = host::CreateGuid();
-    definition.group = group.guid;
-    definition.name = "Choice";
-    definition.description = "line\nbreak \"x\"";
-    definition.valueType = host::ValueType::String;
-    definition.collection = host::CollectionType::SingleChoice;
-    definition.options = {{host::CreateGuid(), "m3"}, {host::CreateGuid(), "kg"}};
-    definition.defaultValue = host::Variant::OfGuid(definition.options[1].key);
-    definition.availability = {model.GetItems()[0].item.guid, model.GetItems()[1].item.guid};
-    model.Apply({{}, group});
-    model.Apply({{}, definition});
-    model.Apply({{}, MaterialClassification{{2}, model.GetItems()[0].item.guid}});
-    for (const host::Variant& value :
-         {host::Variant::OfText("A1-A3=1;C3=2"), host::Variant::OfReal(1.0 / 3), host::Variant::OfBoolean(true),
-          host::Variant::OfInteger(-7), host::Variant::OfGuid(definition.options[0].key)}) {
-        model.Apply({{}, MaterialValue{{1}, host::CreateGuid(), value}});
-        if (elements > 1) model.Apply({{}, ElementValue{model.GetElements()[1].guid, host::CreateGuid(), value}});
+    /// A project with a row of every kind and some walls.
+    std::unique_ptr<workbench::Project> MakeProject(int walls) {
+        const std::string file = MakeWhole("project.sql");
+        std::unique_ptr<workbench::Project> project = Open(file).Take();
+        std::filesystem::remove(file);
+        for (int i = 0; i < walls; ++i) {
+            workbench::Element wall;
+            wall.guid = host::CreateGuid();
+            wall.layer = {1};
+            wall.name = "wall " + std::to_string(i);
+            const host::MaterialComponent parts[] = {{{1 + i % 2}, 0.1 * i, 1.0 / (i + 1)}, {{1}, 1e-9, 2}};
+            project->model.AddElement(wall, std::span(parts).first(static_cast<std::size_t>(i % 3)));
+        }
+        return project;
     }
-    model.members = {{1, "anna", "Anna Größe"}, {2, "ben", ""}};
-    model.reservations = {{"BuildingMaterials", 2}};
-    model.requests = {{"BuildingMaterials", 1}};
-    model.favourites = {
-        {"Größe 2 \"x\"", true, model.libraryParts[0].identifier, 0.5, 2, 3, model.libraryParts[0].parameters},
-        {"Door", false, "", 0, 1, 1, {}}};
-    PlacedObject object{host::CreateGuid(),
-                        model.databases[1].guid,
-                        model.libraryParts[1].identifier,
-                        {1.5, -2},
-                        0.1,
-                        1,
-                        1,
-                        model.libraryParts[1].parameters};
-    object.parameters[0].textArray = u"LCA \u00e9\0\xd83c\xdfe0\0"; // an accent and a house
-    object.parameters[2].realArray = {1.0 / 3, -0.0, 1e300};
-    model.Apply({{}, object});
-    return project;
-}
+    static workbench::Result<std::unique_ptr<workbench::Project>>
+    Open(const std::string& file, workbench::KeepChanges keep = workbench::KeepChanges::InMemory) {
+        return workbench::OpenProjectFile(file, keep);
+    }
+    /// What the file holds; the failure when it cannot be opened.
+    static std::string Read(const std::string& file) {
+        const auto opened = Open(file);
+        EXPECT_EQ(opened.HasFailed(), !opened.GetText().empty());
+        return opened.HasFailed() ? opened.GetText() : Describe(opened.Get()->model);
+    }
+    static host::ErrorCode Rename(workbench::Project& project, const std::string& name) {
+        return project.CallUndoable("rename", [&] {
+            host::PropertyGroup changed = project.model.GetGroups()[0];
+            changed.name = name;
+            project.Record({project.model.GetGroups()[0], changed});
+            return host::NoError;
+        });
+    }
+    /// Runs the body in a process of its own, in which its checks count as in this one.
+    template <typename Body>
+    void InChild(Body body) {
+        constexpr int NotHere = 77;
+        const int status = Child([&] {
+                               const bool isPossible = body();
+                               std::fflush(nullptr);
+                               return isPossible ? int{HasFailure()} : NotHere;
+                           }).End(0);
+        if (WIFEXITED(status) && WEXITSTATUS(status) == NotHere) GTEST_SKIP() << "not possible on this machine";
+        EXPECT_EQ(status, 0);
+    }
+    std::size_t CountFiles() const {
+        return static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(folder.GetPath()), {}));
+    }
 
-inline std::string OpenAndDescribe(const std::filesystem::path& file) {
-    const workbench::OpenedProject opened = workbench::OpenProjectFile(file, workbench::KeepChanges::InMemory);
-    EXPECT_NE(opened.project, nullptr) << opened.failure;
-    return opened.project ? Describe(opened.project->model) : opened.failure;
-}
+    support::TestFolder folder;
+    const std::string file = folder / "a.kvp";
+};
 
 } // namespace test
