@@ -66,7 +66,7 @@ host::ErrorCode StoreChanges(host::Host& host, const lca::LCAProjectData& before
 } // namespace
 
 host::Variant GetStoredDefault(lca::PropertyKey key, const lca::LCAProjectData& record) {
-    return ToVariant(lca::GetRow(key).encode(record));
+    return host::Variant::OfPlain(lca::GetRow(key).encode(record));
 }
 
 host::ErrorCode LoadProjectData(host::Host& host, lca::LCAProjectData& record) {

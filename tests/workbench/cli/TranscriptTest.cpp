@@ -5,7 +5,6 @@
 #include "support/PeakMemory.h"
 #include "support/TestFolder.h"
 
-
 namespace {
 
 class Transcript : public testing::TestWithParam<const char*> {};
