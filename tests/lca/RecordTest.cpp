@@ -45,7 +45,10 @@ LCAProjectData MakeFullRecord() {
     record.contributionGWP[lca::ElementCategory::Inventory] = 42;
     record.contributionEnabled[lca::ElementCategory::Inventory] = false;
     record.elementLives[lca::ElementCategory::Doors] = 33;
-    record.elementLives[lca::ElementCategory::OperatingEmission] = 7; // has none by default
+    // Categories that have none by default.
+    record.elementLives[lca::ElementCategory::OperatingEmission] = 7;
+    record.contributionEnabled[lca::ElementCategory::Doors] = true;
+    record.contributionShare[lca::ElementCategory::Doors] = 3;
     record.elementColours[lca::ElementCategory::Windows] = {10, 11, 12};
     return record;
 }
