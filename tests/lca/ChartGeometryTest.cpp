@@ -84,22 +84,22 @@ TEST(BarEntries, SortLargestFirstAndLaterOfEqualsFirst) {
 }
 
 TEST(BarChart, BarsStandOnTheMiddleLine) {
-    // W 300, H 230: m 20, w 260 / 3, B 76, base line 130 + 230 - 115; x0 = 150 - 130 + w / 4 + 5
+    // W 309, H 233: m 20, w 269 / 3, B 77, base line 130 + 233 - 116; x0 = 154 - 134.5 + w / 4 + 5
     const std::vector<lca::ChartBar> bars =
-        lca::LayOutBarChart({{"high", 800}, {"Actual impact", 650}, {"low", 500}}, {40, 130, 300, 230}, Font, Format);
+        lca::LayOutBarChart({{"high", 800}, {"Actual impact", 650}, {"low", 500}}, {40, 130, 309, 233}, Font, Format);
     ASSERT_EQ(bars.size(), 3U);
-    const double slot = 260.0 / 3, first = 40 + 150 - 130 + slot / 4 + 5;
-    const double heights[] = {76, 0.8125 * 76, 0.625 * 76};
+    const double slot = 269.0 / 3, first = 40 + 154 - 134.5 + slot / 4 + 5;
+    const double heights[] = {77, 0.8125 * 77, 0.625 * 77};
     for (std::size_t i = 0; i < 3; ++i) {
-        const double left = first + static_cast<double>(i) * slot, top = 245 - heights[i];
+        const double left = first + static_cast<double>(i) * slot, top = 247 - heights[i];
         EXPECT_NEAR(bars[i].box.left, left, Near);
-        EXPECT_NEAR(bars[i].box.right - bars[i].box.left, 43.0 + 1.0 / 3, Near);
-        EXPECT_EQ(bars[i].box.bottom, 245);
+        EXPECT_NEAR(bars[i].box.right - bars[i].box.left, 269.0 / 6, Near);
+        EXPECT_EQ(bars[i].box.bottom, 247);
         EXPECT_NEAR(bars[i].box.top, top, Near);
         EXPECT_NEAR(bars[i].value.box.top, top - 20, Near);
         EXPECT_NEAR(bars[i].value.box.bottom, top - 5, Near);
         EXPECT_NEAR(bars[i].name.x, left + slot / 4 - 12, Near); // 3 x 8 x cos 60
-        EXPECT_EQ(bars[i].name.y, 250);
+        EXPECT_EQ(bars[i].name.y, 252);
         EXPECT_NEAR(bars[i].name.angle * Degrees, 30, Near);
         EXPECT_EQ(bars[i].name.maximumWidth, 65); // "Actual impact"
     }
