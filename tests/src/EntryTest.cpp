@@ -187,7 +187,8 @@ TEST_F(EntryTest, NoCallbackLetsAnExceptionOut) {
         {[&] { return reservation({}, 1); }, 0},
         {[&] { return askSettings(settings, true); }, 0},
         {[&] { return sendData(document, true); }, host::Errors::BadValue}};
-    for (const std::int16_t list : {32500, 32501, 32502, 32504})
+    constexpr std::int16_t Menus[] = {32500, 32501, 32502, 32504};
+    for (const std::int16_t list : Menus)
         callbacks.emplace_back([=, this] { return menu({list, 1}); }, 0);
     for (const std::uint32_t code : {0x1U, 0x2U, 0x4U, 0x40U, 0x80000U, 0x400000U})
         callbacks.emplace_back([=, this] { return event(host::ProjectEvent(code), 0); }, 0);
