@@ -23,7 +23,7 @@ std::string Worksheet(std::size_t size) {
         text += "<row r=\"" + std::to_string(row) + "\">";
         for (char column = 'A'; column < 'J'; ++column)
             text += std::string("<c r=\"") + column + std::to_string(row) + "\"><v>" +
-                    std::to_string(random() % 1000000 / 1e3) + "</v></c>";
+                    std::to_string(static_cast<double>(random() % 1000000) / 1e3) + "</v></c>";
         text += "</row>";
     }
     return text + "</sheetData>";
@@ -46,8 +46,10 @@ std::string ManyMatches(std::size_t size) {
 // Compressible and incompressible parts in turn, so that blocks of all forms meet and start within a byte.
 std::string Mixture() {
     std::string bytes;
-    for (unsigned part = 0; part < 12; ++part)
-        bytes += Worksheet(1 + 9000 * part) + RandomBytes(30000 + 7001 * part, part) + std::string(400 * part, 'r');
+    for (std::size_t part = 0; part < 12; ++part)
+        bytes.append(Worksheet(1 + 9000 * part))
+            .append(RandomBytes(30000 + 7001 * part, static_cast<unsigned>(part)))
+            .append(400 * part, 'r');
     return bytes;
 }
 
@@ -116,7 +118,8 @@ TEST(DeflaterTest, WritesSmallStreamsThatReadBackEqual) {
 TEST(DeflaterTest, FindsMatchesUpToTheWindowsEdge) {
     const std::string needle = RandomBytes(200, 21);
     for (std::size_t distance = 32505; distance <= 32768; ++distance) {
-        const std::string input = needle + RandomBytes(distance - needle.size(), 22) + needle + "tail";
+        std::string input = needle;
+        input.append(RandomBytes(distance - needle.size(), 22)).append(needle).append("tail");
         const std::optional<inflate::Inflated> read = inflate::Inflate(Deflated(input, 8));
         ASSERT_TRUE(read && read->bytes == input) << distance;
         EXPECT_EQ(read->farthestMatch == distance, distance <= 32506) << distance;

@@ -27,6 +27,7 @@ char32_t FromPage(char page, unsigned char byte) {
     if (page == '1' || byte < 0xA0) return byte;
     const std::string name = std::string("ISO-8859-") + page;
     const iconv_t converter = iconv_open("UTF-32LE", name.c_str());
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how the C library says that it has no such page
     if (converter == reinterpret_cast<iconv_t>(-1)) return utf8::Replacement;
     char in = static_cast<char>(byte);
     unsigned char out[4] = {};

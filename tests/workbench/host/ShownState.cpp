@@ -262,7 +262,7 @@ std::string DescribeChanges(const ShownState& before, const ShownState& after) {
     for (const auto& [name, text] : after) {
         const auto found = former.find(name);
         if (found != former.end() && found->second == text) continue;
-        changes += "  " + name + ":" + (text.empty() ? "" : " ") + text + "\n";
+        changes.append("  ").append(name).append(text.empty() ? ":" : ": ").append(text).append("\n");
     }
     for (const auto& [name, text] : before) {
         const std::string owner = name.substr(0, name.find('.'));
