@@ -31,7 +31,7 @@ void Free(void* memory) {
 }
 
 /// Before any document exists: what one function has given, the other takes back.
-[[maybe_unused]] const bool isBounded = (pugi::set_memory_management_functions(Allocate, Free), true);
+[[maybe_unused]] const bool IsBounded = (pugi::set_memory_management_functions(Allocate, Free), true);
 
 /// The document's parser is lenient: it takes several roots, lone ampersands, bytes outside of the encoding. This one
 /// is not.
@@ -53,6 +53,7 @@ constexpr unsigned Options = pugi::parse_cdata | pugi::parse_escapes | pugi::par
 /// Empty where the bytes are no text in the encoding.
 std::string ConvertToUtf8(std::string_view bytes, const char* encoding) {
     const iconv_t converter = iconv_open("UTF-8", encoding);
+    // NOLINTNEXTLINE(performance-no-int-to-ptr): how the C library says that it has no such encoding
     if (converter == reinterpret_cast<iconv_t>(-1)) return {};
     std::string text(bytes.size() * 2, '\0');   // three bytes for two of UTF-16, two for one of ISO 8859-1
     char* in = const_cast<char*>(bytes.data()); // read only, by a function older than const
