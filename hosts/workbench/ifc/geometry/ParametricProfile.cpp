@@ -34,13 +34,14 @@ Turn TurnAt(const Corner& before, const Corner& corner, const Corner& after) {
 
 /// Shortens the tangents where two of them do not fit on the edge between their corners.
 void FitTangents(std::vector<Turn>& turns) {
+    const std::vector<Turn> wanted = turns;
     for (std::size_t i = 0; i < turns.size(); ++i) {
-        Turn& next = turns[(i + 1) % turns.size()];
-        const double length = Length(next.point - turns[i].point);
-        const double wanted = turns[i].tangent + next.tangent;
-        if (wanted <= length) continue;
-        turns[i].tangent *= length / wanted;
-        next.tangent *= length / wanted;
+        const std::size_t next = (i + 1) % turns.size();
+        const double length = Length(turns[next].point - turns[i].point);
+        const double both = wanted[i].tangent + wanted[next].tangent;
+        if (both <= length) continue;
+        for (const std::size_t corner : {i, next})
+            turns[corner].tangent = std::min(turns[corner].tangent, wanted[corner].tangent * length / both);
     }
 }
 

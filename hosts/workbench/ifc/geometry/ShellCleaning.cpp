@@ -106,45 +106,62 @@ void DropInnerFaces(std::vector<Face>& faces) {
     faces.resize(kept);
 }
 
-/// The faces of each part with only the points that they use.
-std::vector<Shell> SplitParts(const Shell& shell, const std::vector<Index>& partOf) {
+/// Faces that hang together, with only the points that they use.
+struct Part {
+    Shell shell;
+    std::vector<Index> numbers; ///< of the faces in the whole
+};
+
+/// Copies faces into parts; remembers the new numbers of one part's points at a time.
+class PartMaker {
+public:
+    explicit PartMaker(const Shell& whole) : whole(whole), newNumber(whole.points.size(), Unused) {}
+
+    Part Make(std::vector<Index> faces) {
+        Part part{{}, std::move(faces)};
+        for (const Index face : part.numbers) {
+            part.shell.faces.push_back(whole.faces[face]);
+            for (PointLoop& loop : part.shell.faces.back().loops)
+                for (Index& point : loop)
+                    point = NumberOf(point, part.shell);
+        }
+        for (const Index point : used)
+            newNumber[point] = Unused;
+        used.clear();
+        return part;
+    }
+
+private:
+    static constexpr Index Unused = static_cast<Index>(-1);
+
+    Index NumberOf(Index point, Shell& part) {
+        if (newNumber[point] == Unused) {
+            newNumber[point] = static_cast<Index>(part.points.size());
+            part.points.push_back(whole.points[point]);
+            used.push_back(point);
+        }
+        return newNumber[point];
+    }
+
+    const Shell& whole;
+    std::vector<Index> newNumber;
+    std::vector<Index> used;
+};
+
+std::vector<Part> SplitParts(const Shell& shell, const std::vector<Index>& partOf) {
     const Index count = partOf.empty() ? 0 : *std::max_element(partOf.begin(), partOf.end()) + 1;
-    std::vector<Shell> parts(count);
     std::vector<std::vector<Index>> facesOf(count);
     for (Index face = 0; face < partOf.size(); ++face)
         facesOf[partOf[face]].push_back(face);
-    constexpr Index unused = static_cast<Index>(-1);
-    std::vector<Index> newNumber(shell.points.size(), unused);
-    for (Index part = 0; part < count; ++part) {
-        std::vector<Index> used;
-        for (const Index face : facesOf[part]) {
-            parts[part].faces.push_back(shell.faces[face]);
-            for (PointLoop& loop : parts[part].faces.back().loops) {
-                for (Index& point : loop) {
-                    if (newNumber[point] == unused) {
-                        newNumber[point] = static_cast<Index>(parts[part].points.size());
-                        parts[part].points.push_back(shell.points[point]);
-                        used.push_back(point);
-                    }
-                    point = newNumber[point];
-                }
-            }
-        }
-        for (const Index point : used)
-            newNumber[point] = unused;
-    }
+    PartMaker maker(shell);
+    std::vector<Part> parts;
+    for (std::vector<Index>& faces : facesOf)
+        parts.push_back(maker.Make(std::move(faces)));
     return parts;
 }
 
-std::vector<Solid> ToSolids(std::vector<Shell> parts) {
-    std::vector<Solid> solids;
-    for (Shell& part : parts) {
-        const double volume = GetSignedVolumeM3(part);
-        if (std::abs(volume) <= FlatShare * GetSurfaceM2(part) * GetBox(part).GetDiagonal()) continue;
-        if (volume < 0.0) TurnFaces(part);
-        solids.push_back({std::move(part), 1.0});
-    }
-    return solids;
+bool IsFlat(const Shell& part) {
+    return std::abs(GetSignedVolumeM3(part)) <= FlatShare * GetSurfaceM2(part) * GetBox(part).GetDiagonal();
 }
 
 Body OpenSurface(double areaM2) {
@@ -164,24 +181,30 @@ Body OpenBody(const Shell& shell) {
     return body;
 }
 
-/// Every edge of SHELL is met an even number of times.
-std::optional<std::vector<Solid>> FindSolids(Shell& shell, const std::vector<EdgeUse>& uses) {
-    const std::optional<std::vector<Index>> partOf = OrientFaces(shell.points, shell.faces, uses);
-    if (!partOf) return std::nullopt;
-    return ToSolids(SplitParts(shell, *partOf));
+double CapAreaOf(const Shell& part, Index firstCap, const std::vector<Index>& numbers) {
+    double area = 0.0;
+    for (std::size_t i = 0; i < numbers.size(); ++i)
+        if (numbers[i] >= firstCap) area += Length(GetDoubledArea(part.points, part.faces[i])) / 2.0;
+    return area;
 }
 
-/// Of what is closed but flat, both sides are there.
-Body BodyOf(std::vector<Solid> solids, const Shell& shell, double capAreaM2) {
-    if (solids.empty()) return OpenSurface(GetSurfaceM2(shell) / 2.0);
+/// SHELL is closed; its faces from FIRSTCAP on are our own. Caps of flat parts, as a lone face within the body is one
+/// with its cap, do not count.
+std::optional<Body> FindSolids(Shell& shell, Index firstCap, const std::vector<EdgeUse>& uses) {
+    const std::optional<std::vector<Index>> partOf = OrientFaces(shell.points, shell.faces, uses);
+    if (!partOf) return std::nullopt;
     Body body;
-    body.status = capAreaM2 > 0.0 ? BodyStatus::ClosedByCaps : BodyStatus::Solid;
-    body.solids = std::move(solids);
-    body.capAreaM2 = capAreaM2;
+    for (Part& part : SplitParts(shell, *partOf)) {
+        if (IsFlat(part.shell)) continue;
+        body.capAreaM2 += CapAreaOf(part.shell, firstCap, part.numbers);
+        if (GetSignedVolumeM3(part.shell) < 0.0) TurnFaces(part.shell);
+        body.solids.push_back({std::move(part.shell), 1.0});
+    }
+    body.status = body.capAreaM2 > 0.0 ? BodyStatus::ClosedByCaps : BodyStatus::Solid;
     return body;
 }
 
-Body CloseAndOrient(Shell shell) {
+Body CloseAndOrient(const Shell& shell) {
     std::vector<EdgeUse> uses = CollectEdgeUses(shell.faces);
     const std::vector<EdgeUse> odd = FindOddEdges(uses);
     const std::optional<Caps> caps = FindCaps(shell.points, odd, GetSurfaceM2(shell));
@@ -189,8 +212,10 @@ Body CloseAndOrient(Shell shell) {
     Shell closed = shell;
     closed.faces.insert(closed.faces.end(), caps->faces.begin(), caps->faces.end());
     if (!odd.empty()) uses = CollectEdgeUses(closed.faces);
-    std::optional<std::vector<Solid>> solids = FindSolids(closed, uses);
-    return solids ? BodyOf(std::move(*solids), shell, caps->areaM2) : OpenBody(shell);
+    std::optional<Body> body = FindSolids(closed, static_cast<Index>(shell.faces.size()), uses);
+    if (!body) return OpenBody(shell);
+    // Of what is closed but flat, both sides are there.
+    return body->solids.empty() ? OpenSurface(GetSurfaceM2(shell) / 2.0) : std::move(*body);
 }
 
 /// Where in BODY the cavity lies, with a margin for rounding.
@@ -207,7 +232,7 @@ Body MakeBody(const Shell& shell) {
     if (welded.faces.empty()) return {};
     SplitTJunctions(welded.points, welded.faces);
     DropInnerFaces(welded.faces);
-    return CloseAndOrient(std::move(welded));
+    return CloseAndOrient(welded);
 }
 
 Body MakeBodyWithCavities(const Shell& outer, const std::vector<Shell>& cavities) {
