@@ -140,10 +140,6 @@ std::optional<Operands> CombineAll(Operation operation, Operands a, const Operan
     return UniteAll(std::move(a), b, budget);
 }
 
-Transform MoveBy(const Vector3& by) {
-    return {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}, by};
-}
-
 Body GivenUp(Body body) {
     body.status = BodyStatus::GivenUp;
     return body;

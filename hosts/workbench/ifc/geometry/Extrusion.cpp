@@ -71,8 +71,7 @@ Reach FindReach(const Profile& profile, const Axis& axis, const Vector2& along) 
 
 Body Extrude(const Profile& profile, const Vector3& direction, double depthM) {
     const Vector3 path = PathOf(direction, depthM);
-    Transform top;
-    top.origin = path;
+    const Transform top = MoveBy(path);
     Body body = Loft({PlaceSection(profile, {}), PlaceSection(profile, top)}, Ends::Capped);
     SetTrueVolume(body, GetAreaM2(profile) * std::abs(path.z));
     return body;
@@ -81,8 +80,7 @@ Body Extrude(const Profile& profile, const Vector3& direction, double depthM) {
 Body ExtrudeTapered(const Profile& start, const Profile& end, const Vector3& direction, double depthM) {
     if (!AreAlike(start, end)) return {};
     const Vector3 path = PathOf(direction, depthM);
-    Transform top;
-    top.origin = path;
+    const Transform top = MoveBy(path);
     Body body = Loft({PlaceSection(start, {}), PlaceSection(end, top)}, Ends::Capped);
     const double areas = GetAreaM2(start) + 4.0 * GetAreaM2(Middle(start, end)) + GetAreaM2(end);
     SetTrueVolume(body, areas * std::abs(path.z) / 6.0);

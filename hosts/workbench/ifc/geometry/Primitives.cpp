@@ -13,8 +13,7 @@ constexpr double Pi = std::numbers::pi;
 constexpr Vector3 Up{0.0, 0.0, 1.0};
 
 Profile CornerRectangle(double x, double y) {
-    Transform move;
-    move.origin = {x / 2.0, y / 2.0, 0.0};
+    const Transform move = MoveBy({x / 2.0, y / 2.0, 0.0});
     return Transformed(Rectangle(x, y), move);
 }
 

@@ -15,6 +15,10 @@ struct Transform {
     [[nodiscard]] double GetDeterminant() const { return Dot(x, Cross(y, z)); }
 };
 
+inline Transform MoveBy(const Vector3& by) {
+    return {{1.0, 0.0, 0.0}, {0.0, 1.0, 0.0}, {0.0, 0.0, 1.0}, by};
+}
+
 /// First INNER, then OUTER.
 inline Transform Combine(const Transform& outer, const Transform& inner) {
     return {outer.ApplyToDirection(inner.x), outer.ApplyToDirection(inner.y), outer.ApplyToDirection(inner.z),

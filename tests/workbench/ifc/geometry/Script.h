@@ -258,7 +258,7 @@ inline const std::map<std::string, std::function<void(Script&)>>& Script::Words(
         {"shift",
          [](S s) {
              const Vector2 by = s.FlatPoint();
-             s.profiles.push_back(Transformed(Pop(s.profiles), {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, Raised(by)}));
+             s.profiles.push_back(Transformed(Pop(s.profiles), MoveBy(Raised(by))));
          }},
         {"area", [](S s) { s.Say(GetAreaM2(Top(s.profiles))); }},
         {"polygon-area", [](S s) { s.Say(GetPolygonAreaM2(Top(s.profiles))); }},
@@ -324,10 +324,7 @@ inline const std::map<std::string, std::function<void(Script&)>>& Script::Words(
              const Plane plane = PlaneAt(s.Point(), normal);
              s.bodies.push_back(BoundedHalfSpace(plane, {}, Pop(s.profiles).outer, GetBox(Top(s.bodies))));
          }},
-        {"move",
-         [](S s) {
-             s.Move({{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, s.Point()});
-         }},
+        {"move", [](S s) { s.Move(MoveBy(s.Point())); }},
         {"scale",
          [](S s) {
              const Vector3 f = s.Point();
@@ -373,10 +370,7 @@ inline const std::map<std::string, std::function<void(Script&)>>& Script::Words(
              }
              s.shell = loose;
          }},
-        {"move-shell",
-         [](S s) {
-             s.shell = Transformed(s.shell, {{1, 0, 0}, {0, 1, 0}, {0, 0, 1}, s.Point()});
-         }},
+        {"move-shell", [](S s) { s.shell = Transformed(s.shell, MoveBy(s.Point())); }},
         {"cavity", [](S s) { s.cavities.push_back(s.shell); }},
         {"clean",
          [](S s) {
