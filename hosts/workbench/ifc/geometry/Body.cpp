@@ -2,11 +2,25 @@
 
 #include <iterator>
 
+#include "workbench/ifc/geometry/PointWeld.h"
+
 namespace workbench::geometry {
 namespace {
 
 /// A regular hexagon has 17 % less area than its circle; no chords of ours are coarser than twelve to a circle.
 constexpr double MostOffByChords = 1.2;
+/// Of volumes: a thousand kilometres for a metre.
+constexpr double MostScale = 1e18;
+
+Body GivenUp() {
+    Body body;
+    body.status = BodyStatus::GivenUp;
+    return body;
+}
+
+bool IsUsable(const Shell& shell) {
+    return std::all_of(shell.points.begin(), shell.points.end(), [](const Vector3& point) { return IsUsable(point); });
+}
 
 } // namespace
 
@@ -43,9 +57,12 @@ Box GetBox(const Body& body) {
 }
 
 Body Transformed(Body body, const Transform& transform) {
-    for (Solid& solid : body.solids)
-        solid.shell = Transformed(std::move(solid.shell), transform);
     const double factor = std::abs(transform.GetDeterminant());
+    if (!(factor < MostScale)) return GivenUp();
+    for (Solid& solid : body.solids) {
+        solid.shell = Transformed(std::move(solid.shell), transform);
+        if (!IsUsable(solid.shell)) return GivenUp();
+    }
     const double areaFactor = std::cbrt(factor) * std::cbrt(factor);
     body.capAreaM2 *= areaFactor;
     body.sheetAreaM2 *= areaFactor;

@@ -43,7 +43,8 @@ struct Body {
 
 [[nodiscard]] Box GetBox(const Body& body);
 
-/// Volumes and areas go with the map; the areas of caps and sheets as if it scaled evenly.
+/// Volumes and areas go with the map; the areas of caps and sheets as if it scaled evenly. GivenUp without solids where
+/// points come to lie beyond what can be worked with.
 [[nodiscard]] Body Transformed(Body body, const Transform& transform);
 
 /// Both side by side, uncut. The status is the worse of the two.

@@ -43,6 +43,16 @@ public:
         return answer.str();
     }
 
+    [[nodiscard]] bool HasFiniteMeasures() const {
+        return std::all_of(bodies.begin(), bodies.end(), [](const Body& body) {
+            return std::isfinite(GetVolumeM3(body)) && std::isfinite(GetSurfaceM2(body)) &&
+                   std::isfinite(GetPlanAreaM2(body)) && std::isfinite(body.capAreaM2);
+        });
+    }
+
+    using Word = std::function<void(Script&)>;
+    static const std::map<std::string, Word>& Words();
+
 private:
     template <class T>
     static T Pop(std::vector<T>& stack) {
@@ -119,8 +129,6 @@ private:
         found->second(*this);
     }
 
-    static const std::map<std::string, std::function<void(Script&)>>& Words();
-
     std::vector<double> numbers;
     std::vector<Profile> profiles;
     std::vector<Curve> curves;
@@ -130,9 +138,9 @@ private:
     std::ostringstream answer;
 };
 
-inline const std::map<std::string, std::function<void(Script&)>>& Script::Words() {
+inline const std::map<std::string, Script::Word>& Script::Words() {
     using S = Script&;
-    static const std::map<std::string, std::function<void(S)>> words = {
+    static const std::map<std::string, Word> words = {
         // Curves
         {"line",
          [](S s) {
@@ -357,7 +365,10 @@ inline const std::map<std::string, std::function<void(Script&)>>& Script::Words(
         {"inner-bound", [](S s) { Top(s.shell.faces).loops.push_back(s.Indices()); }},
         {"turn-face", [](S s) { TurnFace(s.shell.faces.at(s.FaceNumber())); }},
         {"drop-face",
-         [](S s) { s.shell.faces.erase(s.shell.faces.begin() + static_cast<std::ptrdiff_t>(s.FaceNumber())); }},
+         [](S s) {
+             const std::size_t face = s.FaceNumber();
+             s.shell.faces.erase(s.shell.faces.begin() + static_cast<std::ptrdiff_t>(face));
+         }},
         {"loosen", // the faces get points of their own, off by x
          [](S s) {
              const double off = s.N();
