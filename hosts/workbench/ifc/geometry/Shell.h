@@ -1,4 +1,5 @@
-// Faces over shared points, as files hold them: nothing is promised about directions, gaps or doubled faces.
+// Faces over shared points, as files hold them: nothing is promised about directions, gaps or doubled faces. What is
+// asked here wants loops of points that are there; MakeBody also takes others.
 #pragma once
 
 #include <cstdint>

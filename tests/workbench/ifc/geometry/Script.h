@@ -114,6 +114,13 @@ private:
         Top(shell.faces);
         return std::min(Count(1e9), shell.faces.size() - 1);
     }
+    [[nodiscard]] bool HasItsPoints() const {
+        return std::all_of(shell.faces.begin(), shell.faces.end(), [&](const Face& face) {
+            return !face.loops.empty() && std::all_of(face.loops.begin(), face.loops.end(), [&](const PointLoop& loop) {
+                return !loop.empty() && *std::max_element(loop.begin(), loop.end()) < shell.points.size();
+            });
+        });
+    }
     void SubtractAll() {
         Top(bodies);
         const std::vector<Body> cutters(bodies.begin() + 1, bodies.end());
@@ -389,6 +396,7 @@ inline const std::map<std::string, Script::Word>& Script::Words() {
          }},
         {"triangles",
          [](S s) {
+             if (!s.HasItsPoints()) return;
              Shell cut{s.shell.points, {}};
              for (const Triangle& triangle : Triangulate(s.shell))
                  cut.faces.push_back({{{triangle[0], triangle[1], triangle[2]}}});
