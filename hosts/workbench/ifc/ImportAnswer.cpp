@@ -218,13 +218,13 @@ std::string EncodeProgress(double share) {
     return Frame(FrameKind::Progress, writer.bytes);
 }
 
-std::string EncodeWorking(std::int32_t entity) {
+std::string EncodeWorking(std::uint64_t entity) {
     Writer writer;
     writer(entity);
     return Frame(FrameKind::Working, writer.bytes);
 }
 
-std::string EncodeRefusal(const StepProblem& problem) {
+std::string EncodeRefusal(const ImportProblem& problem) {
     Writer writer;
     writer(problem.code, problem.what, problem.advice);
     return Frame(FrameKind::Refused, writer.bytes);
@@ -277,7 +277,7 @@ bool AnswerReader::TakePayload(FrameKind kind, std::string_view payload) {
         if (*working == 0) working.reset();
         return reader.IsWhole();
     case FrameKind::Refused: {
-        StepProblem problem;
+        ImportProblem problem;
         reader(problem.code, problem.what, problem.advice);
         refusal = problem;
         return reader.IsWhole() && problem.code > ImportError::None && problem.code <= ImportError::Cancelled;

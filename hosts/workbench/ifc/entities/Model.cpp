@@ -25,7 +25,9 @@ Entity Model::Resolve(const step::Value& value) const {
 void Model::ForEachReference(const step::Value& value, const std::function<void(const Entity&)>& tell) const {
     const Entity single = Resolve(value);
     if (!single.IsNone()) tell(single);
-    for (const step::Value& item : value) // as deep as the file's lists may be
+    // As deep as the file's lists may be.
+    if (value.GetKind() == step::ValueKind::Typed) ForEachReference(value.GetContent(), tell);
+    for (const step::Value& item : value)
         ForEachReference(item, tell);
 }
 

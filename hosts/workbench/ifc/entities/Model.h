@@ -32,7 +32,8 @@ public:
     [[nodiscard]] Entity Find(step::EntityNumber number) const;
     /// What a reference refers to; none for other values.
     [[nodiscard]] Entity Resolve(const step::Value& value) const;
-    /// For every reference in VALUE, a single one or those of a list and of lists within it, in their order.
+    /// For every reference in VALUE, a single one or those of a list and of lists and typed values within it, in their
+    /// order.
     void ForEachReference(const step::Value& value, const std::function<void(const Entity&)>& tell) const;
 
     /// Entities of the type, written as in the schema, and of those that inherit from it; by number.

@@ -57,6 +57,9 @@ public:
     [[nodiscard]] std::string_view GetTypeName() const;
     [[nodiscard]] Value GetContent() const;
 
+    /// A value without text and parentheses, as it is written.
+    [[nodiscard]] std::string_view GetWritten() const { return token; }
+
     /// Items of a list, read one after the other; other values have none.
     [[nodiscard]] Iterator begin() const;
     [[nodiscard]] static std::default_sentinel_t end() { return {}; }
