@@ -62,8 +62,9 @@ void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_co
 template <class Archive, class Field>
 void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedBuilding> {
     archive(field.schema, field.projectName, field.layers, field.storeys, field.materials, field.elements,
-            field.leftOut, field.sumsOfParts, field.withoutQuantity, field.withoutMaterial, field.correctedVolumes,
-            field.grossFloorAreaM2, field.grossFloorAreaSource, field.metresPerLengthUnit, field.warnings);
+            field.leftOut, field.sumsOfParts, field.withoutQuantity, field.withoutVolume, field.withoutMaterial,
+            field.sharesUnknown, field.correctedVolumes, field.grossFloorAreaM2, field.grossFloorAreaSource,
+            field.metresPerLengthUnit, field.warnings);
 }
 
 class Writer {
@@ -195,7 +196,7 @@ bool IsSound(const ImportedElement& element, const ImportedBuilding& building) {
 }
 
 bool IsSound(const ImportedBuilding& building) {
-    return building.grossFloorAreaSource <= FloorAreaSource::SpacesMixed &&
+    return building.grossFloorAreaSource <= FloorAreaSource::SpacesOther &&
            std::all_of(building.elements.begin(), building.elements.end(),
                        [&](const ImportedElement& element) { return IsSound(element, building); });
 }

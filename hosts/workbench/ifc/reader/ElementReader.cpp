@@ -64,12 +64,14 @@ public:
     ImportedBuilding Run() {
         building.schema = model.GetSchema().GetName();
         building.metresPerLengthUnit = units.lengthM;
+        RemarkOnFile();
         const std::vector<Entity> objects = model.GetAll("IfcObjectDefinition");
         std::size_t done = 0;
         for (const Entity& object : objects) {
             ReadObject(object);
             if (++done % 32 == 0) listener.progress(double(done) / double(objects.size()));
         }
+        materials.DeriveDensities();
         Aggregate();
         if (building.elements.empty()) {
             building.warnings.emplace_back("The file has no building element.");
@@ -79,6 +81,28 @@ public:
     }
 
 private:
+    /// What was assumed or left out in reading the file.
+    void RemarkOnFile() {
+        const step::StepFile& file = model.GetFile();
+        const std::string written = file.GetHeader().schema.substr(0, 40);
+        const step::CodePage& page = file.GetCodePage();
+        if (schema::ChooseSchema(written).isApproximate)
+            building.warnings.push_back("The file is of the schema " + written + " and is read as " + building.schema +
+                                        ".");
+        if (page.isDoubtful) {
+            building.warnings.emplace_back(
+                "The file's texts are of a code page that cannot be told; letters may be wrong.");
+        } else if (page.name != step::CodePage().name) {
+            building.warnings.push_back("The file's texts are read in the code page " + page.name + ".");
+        }
+        Count(file.CountDoubled(), "have the number of another one, which counts");
+        Count(file.CountComplex(), "are of several types at once and are left out");
+    }
+
+    void Count(std::size_t entities, const char* what) {
+        if (entities > 0) building.warnings.push_back(std::to_string(entities) + " entities of the file " + what + ".");
+    }
+
     void ReadObject(const Entity& object) {
         switch (RoleOf(object)) {
         case EntityRole::Project:
@@ -113,22 +137,29 @@ private:
         return candidate;
     }
 
+    static std::optional<double> FirstOf(std::initializer_list<std::optional<double>> values) {
+        const auto found = std::find_if(values.begin(), values.end(), [](const auto& value) { return value; });
+        return found == values.end() ? std::nullopt : *found;
+    }
+
+    [[nodiscard]] std::optional<double> LengthOf(const Entity& entity, const char* attribute) const {
+        return PlausibleQuantity(entity.GetReal(attribute).value_or(0.0) * units.lengthM);
+    }
+
     void ReadOpening(const Entity& opening, ElementKind kind) {
         Candidate candidate = Begin(opening);
         candidate.isOpening = true;
         ImportedElement& element = candidate.element;
         element.kind = kind;
-        const auto quantities = ReadQuantities(model, units, opening, QuantityPlaces::QuantitySets);
-        const auto size = [&](const char* attribute, const char* name) {
-            const auto own = opening.GetReal(attribute);
-            if (const auto length = PlausibleQuantity(own.value_or(0.0) * units.lengthM)) return length;
-            const auto stated = quantities.find(name);
-            return stated != quantities.end() ? PlausibleQuantity(stated->second) : std::nullopt;
-        };
-        element.overallWidthM = size("OverallWidth", "Width");
-        element.overallHeightM = size("OverallHeight", "Height");
-        if (element.overallWidthM && element.overallHeightM) {
-            element.areaM2 = *element.overallWidthM * *element.overallHeightM;
+        const OpeningSize own = PickOpeningSize(ReadStatedValues(model, units, opening));
+        const OpeningSize ofType = PickOpeningSize(ReadStatedValues(model, units, TypeOf(model, opening)));
+        element.overallWidthM = FirstOf({LengthOf(opening, "OverallWidth"), own.widthM, ofType.widthM});
+        element.overallHeightM = FirstOf({LengthOf(opening, "OverallHeight"), own.heightM, ofType.heightM});
+        const bool isMeasured = element.overallWidthM && element.overallHeightM;
+        const auto area = isMeasured ? std::optional(*element.overallWidthM * *element.overallHeightM)
+                                     : FirstOf({own.areaM2, ofType.areaM2});
+        if (area) {
+            element.areaM2 = *area;
             element.areaSource = QuantitySource::StatedGross;
         }
         Keep(std::move(candidate));
@@ -140,11 +171,13 @@ private:
         const ClassRule rule = RuleOf(element.ifcType);
         element.kind = rule.kind;
         const std::string whose = element.ifcType + " " + element.globalId;
-        const StatedQuantities stated = PickStated(ReadQuantities(model, units, entity, QuantityPlaces::QuantitySets),
-                                                   rule.area, whose, building.warnings);
+        const StatedQuantities stated =
+            PickStated(ReadStatedValues(model, units, entity), rule.area, whose, building.warnings);
         candidate.use = materials.UseOf(entity);
+        materials.TakeWeight(candidate.use, stated);
         const BodyGeometry body = ComputeGeometry(entity, whose, TaskOf(rule.area, stated, candidate.use));
-        candidate.isCorrected = SetQuantities(element, rule.area, stated, body.meshes, TotalThicknessM(candidate.use));
+        candidate.isCorrected =
+            SetQuantities(element, rule.area, stated, body.meshes, ThicknessOf(stated, candidate.use));
         if (!body.trouble.empty() && element.volumeSource != QuantitySource::StatedNet &&
             element.volumeSource != QuantitySource::StatedGross) {
             building.warnings.push_back("The geometry of " + whose + " may be inexact: " + body.trouble);
@@ -152,8 +185,13 @@ private:
         Keep(std::move(candidate));
     }
 
+    static double ThicknessOf(const StatedQuantities& stated, const MaterialUse& use) {
+        const double layers = TotalThicknessM(use);
+        return layers > 0.0 ? layers : stated.thicknessM.value_or(0.0);
+    }
+
     static GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) {
-        const bool hasArea = TotalThicknessM(use) > 0.0 || StatedArea(rule, stated).has_value();
+        const bool hasArea = ThicknessOf(stated, use) > 0.0 || StatedArea(rule, stated).has_value();
         return {StatedVolume(stated), StatedVolume(stated) && hasArea};
     }
 
@@ -227,6 +265,8 @@ private:
         ImportedElement& element = candidate.element;
         if (element.volumeM3 <= 0.0 && element.areaM2 <= 0.0) building.withoutQuantity.push_back(FindingOf(element));
         if (!candidate.isOpening) {
+            if (element.volumeM3 <= 0.0 && element.areaM2 > 0.0) building.withoutVolume.push_back(FindingOf(element));
+            if (candidate.use.areSharesUnknown) building.sharesUnknown.push_back(FindingOf(element));
             element.components = SplitByMaterial(candidate.use, element.volumeM3, element.areaM2);
             if (element.components.empty()) {
                 element.components.push_back({materials.WithoutMaterial(), element.volumeM3, element.areaM2});

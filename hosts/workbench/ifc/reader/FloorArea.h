@@ -7,7 +7,9 @@
 
 namespace workbench::ifc {
 
-/// Sets the gross floor area: that of the buildings, failing that the sum over the spaces, gross before net.
+/// Sets the gross floor area and where it comes from: the buildings' own, else that of the storeys, gross, else that of
+/// the spaces if one is gross, else that of the storeys, net, else that of the spaces as far as they say. Outdoor
+/// spaces, parts of storeys and spaces that are counted with their whole, and planned areas never count.
 void ReadFloorArea(const entities::Model& model, const UnitFactors& units, ImportedBuilding& building);
 
 } // namespace workbench::ifc

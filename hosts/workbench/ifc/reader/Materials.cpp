@@ -1,5 +1,6 @@
 #include "Materials.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "Relations.h"
@@ -16,6 +17,57 @@ constexpr int deepestWhole = 8;
 } // namespace
 
 MaterialUse Materials::UseOf(const Entity& object) {
+    MaterialUse use = FindUse(object);
+    const bool hasFractions = use.form == MaterialForm::Constituents &&
+                              std::all_of(use.shares.begin(), use.shares.end(),
+                                          [](const MaterialShare& share) { return share.fraction.has_value(); });
+    const bool isList = use.form == MaterialForm::List || use.form == MaterialForm::Constituents;
+    const bool isOfSeveral = std::any_of(use.shares.begin(), use.shares.end(), [&](const MaterialShare& share) {
+        return share.material != use.shares.front().material;
+    });
+    if (isList && !hasFractions && isOfSeveral) FindShares(object, use);
+    return use;
+}
+
+std::vector<SharingMaterial> Materials::Describe(const MaterialUse& use) const {
+    std::vector<SharingMaterial> described;
+    for (const MaterialShare& share : use.shares)
+        described.push_back({building.materials[share.material].name, share.constituent});
+    return described;
+}
+
+/// Replaces the equal shares of USE by better ones.
+void Materials::FindShares(const Entity& object, MaterialUse& use) {
+    const std::vector<SharingMaterial> materials = Describe(use);
+    const std::vector<double> weights = shares.FindWeights(object, materials);
+    if (!weights.empty()) {
+        use.form = MaterialForm::Constituents;
+        for (std::size_t i = 0; i < weights.size(); ++i)
+            use.shares[i].fraction = weights[i];
+    } else if (const Entity set = shares.FindLayerSet(object, materials); !set.IsNone()) {
+        use = Layers(set);
+    } else {
+        use.areSharesUnknown = true;
+    }
+}
+
+void Materials::TakeWeight(const MaterialUse& use, const StatedQuantities& stated) {
+    if (use.form != MaterialForm::Single || !stated.netWeightKg || !stated.netVolumeM3) return;
+    Weighed& sum = weighed[use.shares.front().material];
+    sum.kg += *stated.netWeightKg;
+    sum.m3 += *stated.netVolumeM3;
+}
+
+void Materials::DeriveDensities() {
+    for (const auto& [index, sum] : weighed) {
+        ImportedMaterial& material = building.materials[index];
+        const double density = sum.kg / sum.m3;
+        if (!material.densityKgPerM3 && material.name != NoMaterialName && density <= heaviestKgPerM3)
+            material.densityKgPerM3 = density;
+    }
+}
+
+MaterialUse Materials::FindUse(const Entity& object) {
     Entity part = object;
     for (int depth = 0; depth < deepestWhole && !part.IsNone(); ++depth) {
         if (MaterialUse own = OwnUse(part); own.form != MaterialForm::None) return own;
@@ -26,9 +78,19 @@ MaterialUse Materials::UseOf(const Entity& object) {
 }
 
 std::size_t Materials::WithoutMaterial() {
-    const auto [place, isNew] = byName.emplace(NoMaterialName, building.materials.size());
-    if (isNew) building.materials.push_back({NoMaterialName, std::nullopt});
+    return IndexOfName(NoMaterialName);
+}
+
+std::size_t Materials::IndexOfName(const std::string& name) {
+    const auto [place, isNew] = byName.emplace(name.empty() ? NoMaterialName : name, building.materials.size());
+    if (isNew) building.materials.push_back({place->first, std::nullopt});
     return place->second;
+}
+
+/// An air layer often has a name and no material.
+std::size_t Materials::IndexOfLayer(const Entity& layer) {
+    const Entity material = layer.GetEntity("Material");
+    return material.IsNone() ? IndexOfName(layer.GetText("Name")) : IndexOf(material);
 }
 
 MaterialUse Materials::OwnUse(const Entity& definition) {
@@ -52,13 +114,13 @@ MaterialUse Materials::Read(const Entity& select) {
 }
 
 MaterialUse Materials::Single(const Entity& material) {
-    return {MaterialForm::Single, {{IndexOf(material), 0.0, std::nullopt}}};
+    return {MaterialForm::Single, {{.material = IndexOf(material)}}};
 }
 
 MaterialUse Materials::List(const std::vector<Entity>& materials) {
     MaterialUse use{MaterialForm::List, {}};
     for (const Entity& material : materials)
-        use.shares.push_back({IndexOf(material), 0.0, std::nullopt});
+        use.shares.push_back({.material = IndexOf(material)});
     return use;
 }
 
@@ -67,7 +129,7 @@ MaterialUse Materials::Layers(const Entity& set) {
     for (const Entity& layer : set.GetEntities("MaterialLayers")) {
         const double thickness = layer.GetReal("LayerThickness").value_or(0.0);
         if (thickness <= 0.0) continue;
-        use.shares.push_back({IndexOf(layer.GetEntity("Material")), thickness * units.lengthM, std::nullopt});
+        use.shares.push_back({.material = IndexOfLayer(layer), .thicknessM = thickness * units.lengthM});
     }
     return use;
 }
@@ -82,25 +144,25 @@ MaterialUse Materials::Profiles(const Entity& set) {
 MaterialUse Materials::Constituents(const Entity& set) {
     MaterialUse use{MaterialForm::Constituents, {}};
     for (const Entity& constituent : set.GetEntities("MaterialConstituents"))
-        use.shares.push_back({IndexOf(constituent.GetEntity("Material")), 0.0, constituent.GetReal("Fraction")});
+        use.shares.push_back({.material = IndexOf(constituent.GetEntity("Material")),
+                              .fraction = constituent.GetReal("Fraction"),
+                              .constituent = constituent.GetText("Name")});
     return use;
 }
 
 std::size_t Materials::IndexOf(const Entity& material) {
     if (material.IsNone()) return WithoutMaterial();
     if (const auto known = byEntity.find(material); known != byEntity.end()) return known->second;
-    std::string name = material.GetText("Name");
-    if (name.empty()) name = NoMaterialName;
+    const std::string name = material.GetText("Name");
     const auto density = DensityOf(material);
-    const auto [place, isNew] = byName.emplace(name, building.materials.size());
-    if (isNew) building.materials.push_back({name, std::nullopt});
-    ImportedMaterial& entry = building.materials[place->second];
+    const std::size_t index = IndexOfName(name);
+    ImportedMaterial& entry = building.materials[index];
     if (density && entry.densityKgPerM3 && std::abs(*density - *entry.densityKgPerM3) > 1e-6 * *density) {
         building.warnings.push_back("The material " + name + " has two densities; the first is used.");
     }
     if (!entry.densityKgPerM3) entry.densityKgPerM3 = density;
-    byEntity.emplace(material, place->second);
-    return place->second;
+    byEntity.emplace(material, index);
+    return index;
 }
 
 /// By a property of the material, or by the older schema's attribute.
