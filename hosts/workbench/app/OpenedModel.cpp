@@ -24,10 +24,15 @@ std::string Name(const ifc::ImportFinding& element) {
 }
 
 /// By ifc::FloorAreaSource.
-constexpr const char* FloorAreaSources[] = {
-    "the model", "the building's gross floor area", "sum of the spaces' gross floor areas",
-    "sum of the spaces' net floor areas", "sum of the spaces' gross, else net floor areas"};
-static_assert(std::size(FloorAreaSources) == static_cast<std::size_t>(ifc::FloorAreaSource::SpacesMixed) + 1);
+constexpr const char* FloorAreaSources[] = {"the model",
+                                            "the building's gross floor area",
+                                            "sum of the spaces' gross floor areas",
+                                            "sum of the spaces' net floor areas",
+                                            "sum of the spaces' gross, else net, else other areas",
+                                            "sum of the storeys' gross floor areas",
+                                            "sum of the storeys' net floor areas",
+                                            "sum of the spaces' areas"};
+static_assert(std::size(FloorAreaSources) == static_cast<std::size_t>(ifc::FloorAreaSource::SpacesOther) + 1);
 
 std::optional<StatedFloorArea> GetFloorArea(const std::optional<ifc::ImportedBuilding>& building) {
     if (!building || !building->grossFloorAreaM2) return std::nullopt;
@@ -106,8 +111,12 @@ std::vector<std::string> OpenedModel::ListFindings() const {
     if (!building) return findings;
     for (const ifc::ImportFinding& element : building->withoutQuantity)
         findings.push_back("no quantity and no usable geometry: " + Name(element));
+    for (const ifc::ImportFinding& element : building->withoutVolume)
+        findings.push_back("has a surface, no volume: " + Name(element));
     for (const ifc::ImportFinding& element : building->withoutMaterial)
         findings.push_back("no material: " + Name(element));
+    for (const ifc::ImportFinding& element : building->sharesUnknown)
+        findings.push_back("shares of its materials unknown, equal ones are used: " + Name(element));
     for (const ifc::VolumeCorrection& correction : building->correctedVolumes)
         findings.push_back("stated volume " + FormatShort(correction.statedM3, 6) +
                            " m3 does not fit the geometry, whose " + FormatShort(correction.geometryM3, 6) +

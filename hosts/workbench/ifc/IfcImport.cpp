@@ -8,7 +8,7 @@
 
 #include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
-#include "workbench/ifc/StepText.h"
+#include "workbench/ifc/ImportProblem.h"
 
 namespace workbench::ifc {
 namespace {
@@ -46,30 +46,29 @@ public:
 
 private:
     /// What can be refused without the reader program.
-    std::optional<StepProblem> Look() const {
+    std::optional<ImportProblem> Look() const {
         std::error_code failure;
         const auto status = std::filesystem::status(file, failure);
         if (!std::filesystem::exists(status)) {
-            return StepProblem{ImportError::NotReadable, "does not exist", "Check the path."};
+            return ImportProblem{ImportError::NotReadable, "does not exist", "Check the path."};
         }
         if (std::filesystem::is_directory(status)) {
-            return StepProblem{ImportError::NotReadable, "is a folder", "Give the .ifc file in it."};
+            return ImportProblem{ImportError::NotReadable, "is a folder", "Give the .ifc file in it."};
         }
         std::ifstream stream(file, std::ios::binary);
-        std::string start(HeaderLimit, '\0');
+        std::string start(step::HeaderLimit, '\0');
         stream.read(start.data(), static_cast<std::streamsize>(start.size()));
         if (stream.bad() || (stream.gcount() == 0 && !stream.eof())) {
-            return StepProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
+            return ImportProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
         }
         start.resize(static_cast<std::size_t>(stream.gcount()));
-        StepProblem problem;
-        return ReadStepHeader(start, problem) ? std::nullopt : std::optional(problem);
+        return RefuseStart(start);
     }
 
     ChildReport RunOnce(AnswerReader& answer) {
         ChildCommand command{reader, {file.string()}, limits.memoryBytes, deadline};
         if (withoutGeometry) command.arguments.emplace_back("--no-geometry");
-        for (const std::int32_t entity : skipped)
+        for (const std::uint64_t entity : skipped)
             command.arguments.push_back("--skip=" + std::to_string(entity));
         return RunChild(command, [&](std::string_view piece) {
             if (!answer.Take(piece)) return false;
@@ -126,7 +125,7 @@ private:
     }
 
     ImportResult Cancel() { return Fail(ImportError::Cancelled, "was not read", "The import was stopped."); }
-    ImportResult Refuse(const StepProblem& problem) { return Fail(problem.code, problem.what, problem.advice); }
+    ImportResult Refuse(const ImportProblem& problem) { return Fail(problem.code, problem.what, problem.advice); }
 
     /// One sentence: the advice, a sentence of its own, follows after a semicolon.
     ImportResult Fail(ImportError code, const std::string& what, std::string advice) {
@@ -144,7 +143,7 @@ private:
     const ImportProgress& progress;
     const std::filesystem::path& reader;
     std::chrono::steady_clock::time_point deadline;
-    std::vector<std::int32_t> skipped;
+    std::vector<std::uint64_t> skipped;
     bool withoutGeometry = false;
     bool cancelled = false;
     double shown = 0.0;

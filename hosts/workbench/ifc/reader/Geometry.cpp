@@ -3,12 +3,18 @@
 #include <cmath>
 #include <unordered_set>
 
+#include <ifcpp/IFC4/include/IfcElement.h>
 #include <ifcpp/IFC4/include/IfcFeatureElementSubtraction.h>
+#include <ifcpp/IFC4/include/IfcLabel.h>
 #include <ifcpp/IFC4/include/IfcLocalPlacement.h>
 #include <ifcpp/IFC4/include/IfcProductRepresentation.h>
 #include <ifcpp/IFC4/include/IfcRelVoidsElement.h>
 #include <ifcpp/IFC4/include/IfcRepresentation.h>
 #include <ifcpp/geometry/Carve/GeometryConverter.h>
+#include <ifcpp/model/BuildingModel.h>
+#include <ifcpp/reader/ReaderSTEP.h>
+
+#include "LibraryText.h"
 
 namespace workbench::ifc {
 namespace {
@@ -18,6 +24,24 @@ constexpr int sidesOfCircle = 96;
 constexpr int fewestSidesOfArc = 12;
 /// The library's tolerance for points that are one, in metres.
 constexpr double samePointM = 1.5e-5;
+
+/// The objects behind a list of back references that are still there and of class T.
+template <class T, class Reference>
+std::vector<std::shared_ptr<T>> Alive(const std::vector<std::weak_ptr<Reference>>& references) {
+    std::vector<std::shared_ptr<T>> alive;
+    for (const auto& reference : references) {
+        if (auto object = std::dynamic_pointer_cast<T>(reference.lock())) alive.push_back(std::move(object));
+    }
+    return alive;
+}
+
+std::shared_ptr<BuildingModel> ReadByLibrary(const entities::Model& model) {
+    auto read = std::make_shared<BuildingModel>();
+    ReaderSTEP reader;
+    std::string text = WriteForLibrary(model);
+    reader.loadModelFromString(text, read);
+    return read;
+}
 
 struct MeshSums {
     double volume = 0.0;
@@ -78,14 +102,14 @@ void GivePlacementToOpenings(const IfcElement& element) {
 } // namespace
 
 struct Geometry::Parts {
-    const LibraryModel& model;
+    std::shared_ptr<BuildingModel> model;
     std::shared_ptr<GeometrySettings> settings = std::make_shared<GeometrySettings>();
     std::shared_ptr<UnitConverter> units;
     std::shared_ptr<RepresentationConverter> converter;
     std::string trouble;
 
-    Parts(const LibraryModel& model, const UnitFactors& factors)
-        : model(model), units(model.Model()->getUnitConverter()) {
+    Parts(const entities::Model& given, const UnitFactors& factors)
+        : model(ReadByLibrary(given)), units(model->getUnitConverter()) {
         if (!units) units = std::make_shared<UnitConverter>();
         units->setLengthInMeterFactor(factors.lengthM);
         units->setCustomLengthFactor(1.0);
@@ -104,12 +128,20 @@ struct Geometry::Parts {
             trouble += c >= 0x20 && c < 0x7F ? static_cast<char>(c) : ' ';
     }
 
-    [[nodiscard]] bool IsBody(const IfcRepresentation& representation) const {
-        return model.Text(representation.m_RepresentationIdentifier) == "Body";
+    /// Null where the library has none of that number.
+    [[nodiscard]] std::shared_ptr<IfcElement> Find(step::EntityNumber number) const {
+        const auto found = model->getMapIfcEntities().find(static_cast<int>(number));
+        return found != model->getMapIfcEntities().end() ? std::dynamic_pointer_cast<IfcElement>(found->second)
+                                                         : nullptr;
+    }
+
+    static bool IsBody(const IfcRepresentation& representation) {
+        return representation.m_RepresentationIdentifier &&
+               representation.m_RepresentationIdentifier->m_value == L"Body";
     }
 
     /// The representations named "Body"; where none has a name, those that have none.
-    std::vector<std::shared_ptr<IfcRepresentation>> Bodies(const IfcElement& element) const {
+    static std::vector<std::shared_ptr<IfcRepresentation>> Bodies(const IfcElement& element) {
         std::vector<std::shared_ptr<IfcRepresentation>> bodies;
         std::vector<std::shared_ptr<IfcRepresentation>> nameless;
         for (const auto& representation : element.m_Representation->m_Representations) {
@@ -177,13 +209,14 @@ struct Geometry::Parts {
     }
 };
 
-Geometry::Geometry(const LibraryModel& model, const UnitFactors& units)
+Geometry::Geometry(const entities::Model& model, const UnitFactors& units)
     : parts(std::make_unique<Parts>(model, units)) {}
 Geometry::~Geometry() = default;
 
-BodyGeometry Geometry::Compute(const std::shared_ptr<IfcElement>& element, const GeometryTask& task) {
+BodyGeometry Geometry::Compute(const entities::Entity& entity, const GeometryTask& task) {
     BodyGeometry body;
-    if (!element->m_Representation) return body;
+    const std::shared_ptr<IfcElement> element = parts->Find(entity.GetNumber());
+    if (!element || !element->m_Representation) return body;
     parts->trouble.clear();
     try {
         body = parts->Compute(element, task);

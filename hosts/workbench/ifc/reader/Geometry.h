@@ -6,11 +6,9 @@
 #include <optional>
 #include <string>
 
-#include "LibraryModel.h"
 #include "Units.h"
 #include "workbench/ifc/ElementRules.h"
-
-class IfcElement;
+#include "workbench/ifc/entities/Model.h"
 
 namespace workbench::ifc {
 
@@ -29,13 +27,14 @@ struct BodyGeometry {
 
 class Geometry {
 public:
-    Geometry(const LibraryModel& model, const UnitFactors& units);
+    /// Lets the library read the model anew.
+    Geometry(const entities::Model& model, const UnitFactors& units);
     ~Geometry();
     Geometry(const Geometry&) = delete;
     Geometry& operator=(const Geometry&) = delete;
 
     /// Does not throw for what the element holds, but the library may bring the process down.
-    [[nodiscard]] BodyGeometry Compute(const std::shared_ptr<IfcElement>& element, const GeometryTask& task);
+    [[nodiscard]] BodyGeometry Compute(const entities::Entity& entity, const GeometryTask& task);
 
 private:
     struct Parts;
