@@ -202,7 +202,7 @@ Body Combine(Operation operation, const Body& a, const Body& b, const BooleanLim
     if (!result) return GivenUp(a);
     Body body = ToBody(*result, origin);
     body.capAreaM2 = a.capAreaM2;
-    if (a.status == BodyStatus::ClosedByCaps && !body.solids.empty()) body.status = a.status;
+    if (!body.solids.empty()) body.status = std::max({body.status, a.status, b.status});
     return body;
 }
 

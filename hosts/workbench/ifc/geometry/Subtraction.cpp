@@ -23,8 +23,7 @@ Box BoxOf(const Operands& operands) {
 }
 
 bool HasVolume(const Body& body) {
-    const bool isClosed = body.status == BodyStatus::Solid || body.status == BodyStatus::ClosedByCaps;
-    return isClosed && GetVolumeM3(body) > 0.0;
+    return !body.solids.empty() && GetVolumeM3(body) > 0.0;
 }
 
 /// A body that is being cut.
@@ -46,12 +45,13 @@ public:
         return CutterUse::Cut;
     }
 
-    /// HOW: the body that was cut, for what stays as it was.
-    [[nodiscard]] Body GetBody(const Body& how) const {
-        Body body = ToBody(operands, origin);
-        if (!body.solids.empty()) body.status = hasGivenUp ? BodyStatus::GivenUp : how.status;
-        body.capAreaM2 = how.capAreaM2;
-        body.deductedM3 = how.deductedM3 + deductedM3;
+    /// WHOLE is the body as it was; what of it is no solid stays as it is.
+    [[nodiscard]] Body GetBody(const Body& whole) const {
+        Body body = whole;
+        body.solids = ToBody(operands, origin).solids;
+        body.deductedM3 += deductedM3;
+        const bool isGone = body.solids.empty() && body.sheetAreaM2 == 0.0;
+        if (hasGivenUp || isGone) body.status = hasGivenUp ? BodyStatus::GivenUp : BodyStatus::Empty;
         return body;
     }
 
