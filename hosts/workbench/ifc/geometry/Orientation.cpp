@@ -1,5 +1,6 @@
 #include "workbench/ifc/geometry/Orientation.h"
 
+#include <numbers>
 #include <numeric>
 #include <utility>
 
@@ -111,11 +112,21 @@ std::vector<bool> FindOpenParts(const Parts& parts, const std::vector<EdgeUse>& 
     return isOpen;
 }
 
-/// The direction in which FACE goes away from the edge: its normal turned about the edge.
+/// The direction in which FACE goes away from the edge: its normal turned about the edge. Half a turn is always below 0,
+/// so that rounding does not part faces that lie on each other.
 double AngleAbout(const EdgeUse& use, const Transform& frame, const Vector3& doubledArea) {
     const Vector3 along = use.isForward ? frame.z : -frame.z;
     const Vector3 away = Cross(doubledArea, along);
-    return std::atan2(Dot(away, frame.y), Dot(away, frame.x));
+    const double angle = std::atan2(Dot(away, frame.y), Dot(away, frame.x));
+    return angle > std::numbers::pi - 1e-6 ? angle - 2.0 * std::numbers::pi : angle;
+}
+
+/// Faces that lie on each other are taken to be apart: each is moved along its normal, by its number, so little that
+/// others keep their order. About an edge that it runs backward this turns it the other way.
+double MovedAngle(double angle, const EdgeUse& use, std::size_t faces) {
+    constexpr double MostMovedRad = 1e-5;
+    const double by = MostMovedRad * static_cast<double>(use.face + 1) / static_cast<double>(faces + 1);
+    return angle + (use.isForward ? by : -by);
 }
 
 /// Round the edge every second space is solid, so neighbours in that order run the edge in opposite ways.
@@ -123,8 +134,10 @@ void PairByAngle(const std::vector<Vector3>& points, const std::vector<Face>& fa
                  std::vector<Pair>& pairs) {
     const Transform frame = Frame({}, points[edge[0].high] - points[edge[0].low], {1.0, 0.0, 0.0});
     std::vector<std::pair<double, std::size_t>> order;
-    for (std::size_t i = 0; i < edge.size(); ++i)
-        order.emplace_back(AngleAbout(edge[i], frame, GetDoubledArea(points, faces[edge[i].face])), i);
+    for (std::size_t i = 0; i < edge.size(); ++i) {
+        const double angle = AngleAbout(edge[i], frame, GetDoubledArea(points, faces[edge[i].face]));
+        order.emplace_back(MovedAngle(angle, edge[i], faces.size()), i);
+    }
     std::sort(order.begin(), order.end());
     for (std::size_t i = 1; i < order.size(); ++i) {
         const EdgeUse& a = edge[order[i - 1].second];
