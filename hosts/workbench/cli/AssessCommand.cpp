@@ -250,7 +250,7 @@ Outcome RunAssess(const AssessOptions& options) {
         if (Outcome outcome = WriteOutput(options.json, WriteJson(assessment, warnings)); outcome.HasFailed())
             return outcome;
     if (options.isStrict && !assessment.findings.empty())
-        return Failure::Findings(options.model + ": " + std::to_string(assessment.findings.size()) +
+        return Failure::Findings(options.model.path + ": " + std::to_string(assessment.findings.size()) +
                                  " finding(s), the first: " + assessment.findings.front());
     return Outcome::Done();
 }

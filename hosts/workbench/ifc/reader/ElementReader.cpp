@@ -91,7 +91,7 @@ private:
                                         ".");
         if (page.isDoubtful) {
             building.warnings.emplace_back(
-                "The file's texts are of a code page that cannot be told; letters may be wrong.");
+                "The code page of the file's texts cannot be told, so letters may be wrong; name it.");
         } else if (page.name != step::CodePage().name) {
             building.warnings.push_back("The file's texts are read in the code page " + page.name + ".");
         }
