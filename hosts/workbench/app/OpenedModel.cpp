@@ -50,8 +50,8 @@ bool IsProjectFile(const std::string& path) {
 Result<OpenedModel> OpenedModel::Open(const ModelFile& file, const std::string& savePath,
                                       const ProgressObserver& observer) {
     const std::string& path = file.path;
-    const bool isIfc = HasExtension(path, ".ifc");
-    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc or a .kvp file");
+    const bool isIfc = HasExtension(path, ".ifc") || HasExtension(path, ".ifczip");
+    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc, .ifczip or .kvp file");
     OpenedModel model(path, savePath);
     const Outcome outcome = isIfc ? model.ReadIfc(file.codePage, observer) : model.ReadProject();
     if (outcome.HasFailed()) return outcome.GetFailure();

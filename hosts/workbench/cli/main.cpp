@@ -43,7 +43,7 @@ struct Arguments {
 };
 
 void AddModel(CLI::App& command, ModelFile& model) {
-    command.add_option("MODEL", model.path, "The building: an .ifc or a .kvp file")->required();
+    command.add_option("MODEL", model.path, "The building: an .ifc, .ifczip or .kvp file")->required();
     command.add_option("--code-page", model.codePage,
                        "Code page of the texts of an .ifc file that does not keep to the format, such as CP932");
 }

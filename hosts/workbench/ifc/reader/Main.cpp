@@ -81,6 +81,11 @@ bool IsMostlyUnknown(const entities::Model& model) {
 std::optional<ImportProblem> Run(const Command& command) {
     auto text = ReadText(command.file);
     if (!text) return ImportProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
+    if (archive::IsZip(*text)) {
+        archive::Unpacked unpacked = archive::UnpackOnly(*text, ".ifc");
+        if (unpacked.problem != archive::UnpackProblem::None) return ProblemOf(unpacked.problem);
+        text = std::move(unpacked.content);
+    }
     step::Problem damage;
     auto file = step::StepFile::Read(std::move(*text), {command.codePage}, damage);
     if (!file) return ProblemOf(damage);
