@@ -3,6 +3,7 @@
 #include "workbench/app/ImportedProject.h"
 #include "workbench/app/Text.h"
 #include "workbench/ifc/IfcImport.h"
+#include "workbench/ifc/step/CodePage.h"
 #include "workbench/store/ProjectFile.h"
 
 namespace workbench {
@@ -46,19 +47,22 @@ bool IsProjectFile(const std::string& path) {
     return HasExtension(path, ".kvp");
 }
 
-Result<OpenedModel> OpenedModel::Open(const std::string& path, const std::string& savePath,
+Result<OpenedModel> OpenedModel::Open(const ModelFile& file, const std::string& savePath,
                                       const ProgressObserver& observer) {
-    const bool isIfc = HasExtension(path, ".ifc");
-    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc or a .kvp file");
+    const std::string& path = file.path;
+    const bool isIfc = HasExtension(path, ".ifc") || HasExtension(path, ".ifczip");
+    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc, .ifczip or .kvp file");
     OpenedModel model(path, savePath);
-    const Outcome outcome = isIfc ? model.ReadIfc(observer) : model.ReadProject();
+    const Outcome outcome = isIfc ? model.ReadIfc(file.codePage, observer) : model.ReadProject();
     if (outcome.HasFailed()) return outcome.GetFailure();
     model.project->name = std::filesystem::path(path).stem().string();
     return model;
 }
 
-Outcome OpenedModel::ReadIfc(const ProgressObserver& observer) {
-    ifc::ImportResult result = ifc::ReadIfcFile(path, {}, [&](double share) {
+Outcome OpenedModel::ReadIfc(const std::string& codePage, const ProgressObserver& observer) {
+    if (!codePage.empty() && !step::IsKnownCodePage(codePage))
+        return Failure::Usage("code page " + codePage + ": unknown; iconv -l lists the names");
+    ifc::ImportResult result = ifc::ReadIfcFile(path, {.codePage = codePage}, [&](double share) {
         observer(share);
         return true;
     });

@@ -20,10 +20,10 @@ constexpr std::size_t MostSkipped = 12;
 /// One import: the reader program, started again where an element's geometry kills it.
 class Import {
 public:
-    Import(const std::filesystem::path& file, const ImportLimits& limits, const ImportProgress& progress,
+    Import(const std::filesystem::path& file, const ImportSettings& settings, const ImportProgress& progress,
            const std::filesystem::path& reader)
-        : file(file), limits(limits), progress(progress), reader(reader),
-          deadline(std::chrono::steady_clock::now() + limits.time) {}
+        : file(file), settings(settings), progress(progress), reader(reader),
+          deadline(std::chrono::steady_clock::now() + settings.time) {}
 
     ImportResult Run() {
         if (const auto refused = Look()) return Refuse(*refused);
@@ -66,7 +66,8 @@ private:
     }
 
     ChildReport RunOnce(AnswerReader& answer) {
-        ChildCommand command{reader, {file.string()}, limits.memoryBytes, deadline};
+        ChildCommand command{reader, {file.string()}, settings.memoryBytes, deadline};
+        if (!settings.codePage.empty()) command.arguments.push_back("--code-page=" + settings.codePage);
         if (withoutGeometry) command.arguments.emplace_back("--no-geometry");
         for (const std::uint64_t entity : skipped)
             command.arguments.push_back("--skip=" + std::to_string(entity));
@@ -114,7 +115,7 @@ private:
 
     ImportResult OutOfMemory() {
         return Fail(ImportError::OutOfMemory,
-                    "needs more than " + std::to_string(limits.memoryBytes >> 20) + " MiB of memory to read",
+                    "needs more than " + std::to_string(settings.memoryBytes >> 20) + " MiB of memory to read",
                     "Export a smaller part of the model, or allow more memory.");
     }
 
@@ -135,11 +136,11 @@ private:
     }
 
     [[nodiscard]] long long Seconds() const {
-        return std::max<long long>(1, std::chrono::duration_cast<std::chrono::seconds>(limits.time).count());
+        return std::max<long long>(1, std::chrono::duration_cast<std::chrono::seconds>(settings.time).count());
     }
 
     const std::filesystem::path& file;
-    const ImportLimits& limits;
+    const ImportSettings& settings;
     const ImportProgress& progress;
     const std::filesystem::path& reader;
     std::chrono::steady_clock::time_point deadline;
@@ -157,9 +158,9 @@ std::filesystem::path DefaultReaderProgram() {
     return (failure ? std::filesystem::path() : self.parent_path()) / "kelvarnix-ifc-reader";
 }
 
-ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportLimits& limits, const ImportProgress& progress,
-                         const std::filesystem::path& readerProgram) {
-    return Import(file, limits, progress, readerProgram).Run();
+ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportSettings& settings,
+                         const ImportProgress& progress, const std::filesystem::path& readerProgram) {
+    return Import(file, settings, progress, readerProgram).Run();
 }
 
 } // namespace workbench::ifc

@@ -6,6 +6,7 @@
 #include <string_view>
 
 #include "workbench/ifc/IfcImport.h"
+#include "workbench/ifc/archive/Unpacking.h"
 #include "workbench/ifc/step/Header.h"
 #include "workbench/ifc/step/Problem.h"
 
@@ -20,10 +21,13 @@ struct ImportProblem {
 
 [[nodiscard]] ImportProblem ProblemOf(const step::Problem& problem);
 
+[[nodiscard]] ImportProblem ProblemOf(archive::UnpackProblem problem);
+
 /// The problem of a file whose schema is not read.
 [[nodiscard]] std::optional<ImportProblem> RefuseSchema(const step::Header& header);
 
-/// The same, and that of a file that is no STEP file. START is as for step::ReadHeader.
+/// The same, and that of a file that is no STEP file. START is as for step::ReadHeader. Of a compressed file nothing is
+/// known before it is unpacked.
 [[nodiscard]] std::optional<ImportProblem> RefuseStart(std::string_view start);
 
 } // namespace workbench::ifc

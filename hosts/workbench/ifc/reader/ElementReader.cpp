@@ -91,16 +91,16 @@ private:
                                         ".");
         if (page.isDoubtful) {
             building.warnings.emplace_back(
-                "The file's texts are of a code page that cannot be told; letters may be wrong.");
+                "The code page of the file's texts cannot be told, so letters may be wrong; name it.");
         } else if (page.name != step::CodePage().name) {
             building.warnings.push_back("The file's texts are read in the code page " + page.name + ".");
         }
-        Count(file.CountDoubled(), "have the number of another one, which counts");
-        Count(file.CountComplex(), "are of several types at once and are left out");
+        CountLeftOut("Entities with the number of an earlier one", file.CountDoubled());
+        CountLeftOut("Entities of several types at once", file.CountComplex());
     }
 
-    void Count(std::size_t entities, const char* what) {
-        if (entities > 0) building.warnings.push_back(std::to_string(entities) + " entities of the file " + what + ".");
+    void CountLeftOut(const char* what, std::size_t count) {
+        if (count > 0) building.warnings.push_back(std::string(what) + " are left out: " + std::to_string(count) + ".");
     }
 
     void ReadObject(const Entity& object) {

@@ -59,9 +59,8 @@ struct Telling {
     std::string_view rest = {}; ///< behind them
 };
 
-/// The library knows IFC4 without its last corrections, and IFC2X3.
+/// The library knows IFC4 and IFC2X3.
 Telling TellingOf(const schema::EntityType& type, const schema::Schema& schema) {
-    if (type.IsA("IfcCartesianPointList")) return {type.name, 1};
     if (&schema != &schema::IFC4X3) return {type.name, AllArguments};
     if (const schema::EntityType* known = schema::IFC4.FindEntity(type.name)) {
         return {type.name, known->CountAttributes()};

@@ -1,6 +1,6 @@
 // kelvarnix-ifc-reader: reads one IFC file and writes what it holds to descriptor 3. It is
 // started by the import with limits on memory and time and may die of a hostile file; nothing else should start it.
-//   kelvarnix-ifc-reader FILE [--skip=ENTITY]... [--no-geometry]
+//   kelvarnix-ifc-reader FILE [--code-page=NAME] [--skip=ENTITY]... [--no-geometry]
 
 #include <charconv>
 #include <fstream>
@@ -34,6 +34,7 @@ void Send(std::string_view frame) {
 
 struct Command {
     std::string file;
+    std::string codePage;
     ReadOptions options;
 };
 
@@ -45,6 +46,8 @@ std::optional<Command> ParseCommand(int count, char** words) {
             command.file = word;
         } else if (word == "--no-geometry") {
             command.options.geometry = false;
+        } else if (word.starts_with("--code-page=")) {
+            command.codePage = word.substr(word.find('=') + 1);
         } else if (word.starts_with("--skip=")) {
             step::EntityNumber number = 0;
             const auto end = std::from_chars(word.data() + 7, word.data() + word.size(), number);
@@ -78,8 +81,13 @@ bool IsMostlyUnknown(const entities::Model& model) {
 std::optional<ImportProblem> Run(const Command& command) {
     auto text = ReadText(command.file);
     if (!text) return ImportProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
+    if (archive::IsZip(*text)) {
+        archive::Unpacked unpacked = archive::UnpackOnly(*text, ".ifc");
+        if (unpacked.problem != archive::UnpackProblem::None) return ProblemOf(unpacked.problem);
+        text = std::move(unpacked.content);
+    }
     step::Problem damage;
-    auto file = step::StepFile::Read(std::move(*text), {}, damage);
+    auto file = step::StepFile::Read(std::move(*text), {command.codePage}, damage);
     if (!file) return ProblemOf(damage);
     if (const auto refused = RefuseSchema(file->GetHeader())) return refused;
     const schema::SchemaChoice choice = schema::ChooseSchema(file->GetHeader().schema);
