@@ -1,5 +1,5 @@
 // What the import of a building model yields: plain values in SI units, elements with their material components, and
-// the lists of everything that was left out, doubted or missing. Knows neither the reading library nor the project
+// the lists of everything that was left out, doubted or missing. Knows neither the file's form nor the project
 // file.
 #pragma once
 

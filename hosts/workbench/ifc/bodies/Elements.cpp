@@ -68,13 +68,21 @@ ElementBody ElementReader::ReadOwn(const Entity& product, Detail detail) {
     return read;
 }
 
+/// Those that have a body.
+std::vector<Entity> ElementReader::FindOpenings(const Entity& element) const {
+    std::vector<Entity> openings;
+    for (const Entity& relation : model.GetReferencing(element, "IfcRelVoidsElement", "RelatingBuildingElement")) {
+        const Entity opening = relation.GetEntity("RelatedOpeningElement");
+        if (!FindBodies(opening).empty()) openings.push_back(opening);
+    }
+    return openings;
+}
+
 void ElementReader::TakeOpenings(const Entity& element, ElementBody& read) {
     std::size_t nested = 0;
     const Context context{model, units, read.remarks, nested};
     std::vector<geometry::Body> cutters;
-    for (const Entity& relation : model.GetReferencing(element, "IfcRelVoidsElement", "RelatingBuildingElement")) {
-        const Entity opening = relation.GetEntity("RelatedOpeningElement");
-        if (FindBodies(opening).empty()) continue;
+    for (const Entity& opening : FindOpenings(element)) {
         ElementBody cutter = ReadOwn(opening, Detail::Full);
         read.remarks.merge(cutter.remarks);
         cutters.push_back(Transformed(std::move(cutter.body), Between(context, element, opening)));
@@ -91,8 +99,11 @@ ElementBody ElementReader::Read(const Entity& element) {
     return read;
 }
 
-ElementBody ElementReader::ReadUncut(const Entity& element) {
-    return ReadOwn(element, Detail::Uncut);
+UncutVolume ElementReader::ReadUncut(const Entity& element) {
+    UncutVolume uncut{GetVolumeM3(ReadOwn(element, Detail::Uncut).body), 0.0};
+    for (const Entity& opening : FindOpenings(element))
+        uncut.openingsM3 += GetVolumeM3(ReadOwn(opening, Detail::Uncut).body);
+    return uncut;
 }
 
 std::string DescribeMethod(const geometry::Body& body) {

@@ -10,6 +10,12 @@ struct ElementBody {
     Remarks remarks;
 };
 
+/// What can be said of an element's volume without cutting anything.
+struct UncutVolume {
+    double wholeM3 = 0.0;    ///< without openings and clippings
+    double openingsM3 = 0.0; ///< of all openings, as if they lay apart and wholly within the element
+};
+
 /// Of the file's representations of PRODUCT those that are its body: named Body; else Facetation or Tessellation; else
 /// those without a name; else those of a type for solids that are not named as something else.
 [[nodiscard]] std::vector<entities::Entity> FindBodies(const entities::Entity& product);
@@ -22,11 +28,12 @@ public:
     /// All openings taken out.
     [[nodiscard]] ElementBody Read(const entities::Entity& element);
 
-    /// Without openings and clippings, which takes a fraction of the time: the volume is as large or larger.
-    [[nodiscard]] ElementBody ReadUncut(const entities::Entity& element);
+    /// Takes a fraction of the time.
+    [[nodiscard]] UncutVolume ReadUncut(const entities::Entity& element);
 
 private:
     ElementBody ReadOwn(const entities::Entity& product, Detail detail);
+    [[nodiscard]] std::vector<entities::Entity> FindOpenings(const entities::Entity& element) const;
     void TakeOpenings(const entities::Entity& element, ElementBody& body);
 
     const entities::Model& model;

@@ -11,7 +11,7 @@ namespace workbench::ifc {
 
 struct ReadOptions {
     bool geometry = true;
-    std::set<step::EntityNumber> skipped; ///< entity numbers of elements whose geometry brings the library down
+    std::set<step::EntityNumber> skipped; ///< entity numbers of elements whose geometry crashed the reader or took too long
 };
 
 struct ReadListener {

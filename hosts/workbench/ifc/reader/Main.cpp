@@ -109,12 +109,6 @@ std::optional<ImportProblem> Run(const Command& command) {
 
 } // namespace
 
-/// Asked for by the address sanitizer, where there is one. The reading library is not instrumented and keeps circles of
-/// owners; its leaks end with this process.
-extern "C" const char* __asan_default_options() {
-    return "detect_leaks=0";
-}
-
 int main(int count, char** words) {
     std::set_new_handler([] { _exit(ExitOutOfMemory); });
     const auto command = ParseCommand(count, words);
