@@ -86,10 +86,11 @@ Body ItemReader::ReadMapped(const Context& context, const Entity& item, Detail d
     const Key key{representation.GetNumber(), detail};
     auto found = known.find(key);
     if (found == known.end()) {
+        found = known.emplace(key, Known{{}, {"A copy of itself is left out."}}).first;
         Known read;
         const Context own{context.model, context.units, read.remarks, context.nested};
         read.body = ReadAll(own, representation, detail, depth + 1);
-        found = known.emplace(key, std::move(read)).first;
+        found->second = std::move(read);
     }
     context.remarks.insert(found->second.remarks.begin(), found->second.remarks.end());
     const Transform origin = ReadPlacement(context, source.GetEntity("MappingOrigin"));
