@@ -3,6 +3,7 @@
 #include "workbench/app/ImportedProject.h"
 #include "workbench/app/Text.h"
 #include "workbench/ifc/IfcImport.h"
+#include "workbench/ifc/step/CodePage.h"
 #include "workbench/store/ProjectFile.h"
 
 namespace workbench {
@@ -24,10 +25,15 @@ std::string Name(const ifc::ImportFinding& element) {
 }
 
 /// By ifc::FloorAreaSource.
-constexpr const char* FloorAreaSources[] = {
-    "the model", "the building's gross floor area", "sum of the spaces' gross floor areas",
-    "sum of the spaces' net floor areas", "sum of the spaces' gross, else net floor areas"};
-static_assert(std::size(FloorAreaSources) == static_cast<std::size_t>(ifc::FloorAreaSource::SpacesMixed) + 1);
+constexpr const char* FloorAreaSources[] = {"the model",
+                                            "the building's gross floor area",
+                                            "sum of the spaces' gross floor areas",
+                                            "sum of the spaces' net floor areas",
+                                            "sum of the spaces' gross, else net, else other areas",
+                                            "sum of the storeys' gross floor areas",
+                                            "sum of the storeys' net floor areas",
+                                            "sum of the spaces' areas"};
+static_assert(std::size(FloorAreaSources) == static_cast<std::size_t>(ifc::FloorAreaSource::SpacesOther) + 1);
 
 std::optional<StatedFloorArea> GetFloorArea(const std::optional<ifc::ImportedBuilding>& building) {
     if (!building || !building->grossFloorAreaM2) return std::nullopt;
@@ -41,19 +47,22 @@ bool IsProjectFile(const std::string& path) {
     return HasExtension(path, ".kvp");
 }
 
-Result<OpenedModel> OpenedModel::Open(const std::string& path, const std::string& savePath,
+Result<OpenedModel> OpenedModel::Open(const ModelFile& file, const std::string& savePath,
                                       const ProgressObserver& observer) {
-    const bool isIfc = HasExtension(path, ".ifc");
-    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc or a .kvp file");
+    const std::string& path = file.path;
+    const bool isIfc = HasExtension(path, ".ifc") || HasExtension(path, ".ifczip");
+    if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc, .ifczip or .kvp file");
     OpenedModel model(path, savePath);
-    const Outcome outcome = isIfc ? model.ReadIfc(observer) : model.ReadProject();
+    const Outcome outcome = isIfc ? model.ReadIfc(file.codePage, observer) : model.ReadProject();
     if (outcome.HasFailed()) return outcome.GetFailure();
     model.project->name = std::filesystem::path(path).stem().string();
     return model;
 }
 
-Outcome OpenedModel::ReadIfc(const ProgressObserver& observer) {
-    ifc::ImportResult result = ifc::ReadIfcFile(path, {}, [&](double share) {
+Outcome OpenedModel::ReadIfc(const std::string& codePage, const ProgressObserver& observer) {
+    if (!codePage.empty() && !step::IsKnownCodePage(codePage))
+        return Failure::Usage("code page " + codePage + ": unknown; iconv -l lists the names");
+    ifc::ImportResult result = ifc::ReadIfcFile(path, {.codePage = codePage}, [&](double share) {
         observer(share);
         return true;
     });
@@ -106,8 +115,12 @@ std::vector<std::string> OpenedModel::ListFindings() const {
     if (!building) return findings;
     for (const ifc::ImportFinding& element : building->withoutQuantity)
         findings.push_back("no quantity and no usable geometry: " + Name(element));
+    for (const ifc::ImportFinding& element : building->withoutVolume)
+        findings.push_back("has a surface, no volume: " + Name(element));
     for (const ifc::ImportFinding& element : building->withoutMaterial)
         findings.push_back("no material: " + Name(element));
+    for (const ifc::ImportFinding& element : building->sharesUnknown)
+        findings.push_back("shares of its materials unknown, equal ones are used: " + Name(element));
     for (const ifc::VolumeCorrection& correction : building->correctedVolumes)
         findings.push_back("stated volume " + FormatShort(correction.statedM3, 6) +
                            " m3 does not fit the geometry, whose " + FormatShort(correction.geometryM3, 6) +

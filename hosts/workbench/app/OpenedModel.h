@@ -16,6 +16,12 @@ namespace workbench {
 
 bool IsProjectFile(const std::string& path);
 
+/// A model and how to read it.
+struct ModelFile {
+    std::string path;
+    std::string codePage = {}; ///< of the texts of an IFC file, by iconv's name; empty: found out from them
+};
+
 /// What a user states about a model before it is calculated.
 struct StatedValues {
     MaterialTable table;
@@ -29,7 +35,7 @@ class OpenedModel {
 public:
     /// Reads the model; the observer hears how far the reading of an IFC file is. savePath is the project file that
     /// Save writes; where it is the model's own, every change is written as it happens. Empty: nothing is kept.
-    static Result<OpenedModel> Open(const std::string& path, const std::string& savePath,
+    static Result<OpenedModel> Open(const ModelFile& file, const std::string& savePath,
                                     const ProgressObserver& observer);
 
     /// Opens the model in a session of the add-on. Once.
@@ -54,7 +60,7 @@ public:
 private:
     OpenedModel(std::string path, std::string savePath) : path(std::move(path)), savePath(std::move(savePath)) {}
 
-    Outcome ReadIfc(const ProgressObserver& observer);
+    Outcome ReadIfc(const std::string& codePage, const ProgressObserver& observer);
     Outcome ReadProject();
 
     std::string path;

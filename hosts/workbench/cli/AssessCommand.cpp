@@ -139,6 +139,15 @@ ordered_json ToJson(const std::optional<double>& value) {
     return value ? ordered_json(*value) : ordered_json();
 }
 
+/// GlobalIds; none for null.
+ordered_json ListIds(const std::vector<ifc::ImportFinding>* findings) {
+    ordered_json ids = ordered_json::array();
+    if (!findings) return ids;
+    for (const ifc::ImportFinding& finding : *findings)
+        ids.push_back(finding.globalId);
+    return ids;
+}
+
 ordered_json DescribeModel(const OpenedModel& opened) {
     const Model& model = opened.GetModel();
     ordered_json json;
@@ -157,10 +166,9 @@ ordered_json DescribeModel(const OpenedModel& opened) {
     const std::optional<ifc::ImportedBuilding>& building = opened.GetBuilding();
     json["left_out"] = building ? ordered_json(building->leftOut) : ordered_json::object();
     json["sums_of_parts"] = building ? building->sumsOfParts.size() : 0;
-    json["without_quantity"] = ordered_json::array();
-    if (building)
-        for (const ifc::ImportFinding& element : building->withoutQuantity)
-            json["without_quantity"].push_back(element.globalId);
+    json["without_quantity"] = ListIds(building ? &building->withoutQuantity : nullptr);
+    json["without_volume"] = ListIds(building ? &building->withoutVolume : nullptr);
+    json["shares_unknown"] = ListIds(building ? &building->sharesUnknown : nullptr);
     return json;
 }
 
@@ -242,7 +250,7 @@ Outcome RunAssess(const AssessOptions& options) {
         if (Outcome outcome = WriteOutput(options.json, WriteJson(assessment, warnings)); outcome.HasFailed())
             return outcome;
     if (options.isStrict && !assessment.findings.empty())
-        return Failure::Findings(options.model + ": " + std::to_string(assessment.findings.size()) +
+        return Failure::Findings(options.model.path + ": " + std::to_string(assessment.findings.size()) +
                                  " finding(s), the first: " + assessment.findings.front());
     return Outcome::Done();
 }

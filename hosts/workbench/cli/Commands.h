@@ -1,6 +1,7 @@
 // The commands of the program. Each prints its result on standard output and notes on standard error.
 #pragma once
 
+#include "workbench/app/OpenedModel.h"
 #include "workbench/result/Result.h"
 
 #include <nlohmann/json_fwd.hpp>
@@ -15,7 +16,7 @@ struct MaterialReportContent;
 namespace workbench::cli {
 
 struct AssessOptions {
-    std::string model;
+    ModelFile model;
     std::string materials; ///< path of a material table; empty: none
     std::vector<std::string> sets;
     std::string settings; ///< path of a settings file; empty: none
@@ -36,7 +37,7 @@ struct AssessOptions {
 Outcome RunAssess(const AssessOptions& options);
 
 struct MaterialReportOptions {
-    std::string model;
+    ModelFile model;
     std::string place;    ///< "X,Y" in metres; empty: not placed
     std::string favorite; ///< settings for placing; empty: the default ones
     std::string save;     ///< path of a project file; empty: not saved
@@ -60,7 +61,7 @@ struct TeamworkOptions {
 Outcome RunTeamwork(const TeamworkOptions& options);
 
 struct EnergyOptions {
-    std::string model;
+    ModelFile model;
     std::string data;    ///< path of the results to send; empty: only lists the targets
     std::string target;  ///< menu text; empty: the only one
     std::string save;    ///< path of a project file; empty: the changes go into the model's own
@@ -72,9 +73,9 @@ Outcome RunEnergy(const EnergyOptions& options);
 
 /// database  its name; empty: the floor plan
 Outcome RunDrawing(const std::string& model, const std::string& database, const std::string& png);
-Outcome RunInfo(const std::string& model);
+Outcome RunInfo(const ModelFile& model);
 /// output empty: standard output
-Outcome RunMaterials(const std::string& model, const std::string& output);
+Outcome RunMaterials(const ModelFile& model, const std::string& output);
 Outcome RunRecord(const std::string& project, const std::string& json);
 
 /// To a file, or to standard output for "-" or an empty path.

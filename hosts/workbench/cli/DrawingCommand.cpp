@@ -9,7 +9,7 @@
 namespace workbench::cli {
 
 Outcome RunDrawing(const std::string& path, const std::string& name, const std::string& png) {
-    const Result<OpenedModel> opened = OpenModel(path);
+    const Result<OpenedModel> opened = OpenModel({path});
     if (opened.HasFailed()) return opened;
     const Model& model = opened.Get().GetModel();
     Result<host::Database> database = FindDatabase(model, "--database", name);

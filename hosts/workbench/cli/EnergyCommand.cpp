@@ -48,7 +48,7 @@ Outcome PrintTargets(Session& session) {
 /// Which file keeps the data: without --save the model itself, where it is a project; empty where none does.
 std::string ChooseSavePath(const EnergyOptions& options) {
     if (options.data.empty()) return {};
-    return options.save.empty() && IsProjectFile(options.model) ? options.model : options.save;
+    return options.save.empty() && IsProjectFile(options.model.path) ? options.model.path : options.save;
 }
 
 } // namespace
@@ -64,7 +64,8 @@ Outcome RunEnergy(const EnergyOptions& options) {
     if (options.data.empty()) return PrintTargets(model.GetSession());
     Result<EnergyTransfer> transfer = SendEnergyData(model.GetSession(), options.data, options.target);
     if (transfer.HasFailed()) return transfer;
-    if (savePath.empty()) PrintNote(options.model + " cannot keep the data; name with --save a .kvp file that does");
+    if (savePath.empty())
+        PrintNote(options.model.path + " cannot keep the data; name with --save a .kvp file that does");
     if (Outcome outcome = model.Save(); outcome.HasFailed()) return outcome;
     for (const std::string& message : model.GetSession().GetMessages())
         PrintWarning(message);

@@ -30,7 +30,7 @@ std::string WriteTable(const MaterialReportContent& content) {
 std::string WriteJson(const MaterialReportOptions& options, const MaterialReportContent& content,
                       const std::vector<std::string>& warnings) {
     nlohmann::ordered_json json;
-    json["file"] = options.model;
+    json["file"] = options.model.path;
     json["materials"] = DescribeMaterials(content);
     json["total"] = content.rows.back().gwp.value_or(0.0);
     json["warnings"] = warnings;

@@ -6,9 +6,9 @@
 
 namespace workbench::cli {
 
-Result<OpenedModel> OpenModel(const std::string& path, const std::string& savePath) {
-    ProgressBar bar("Reading " + std::filesystem::path(path).filename().string());
-    return OpenedModel::Open(path, savePath, [&](double share) { bar.Show(share); });
+Result<OpenedModel> OpenModel(const ModelFile& file, const std::string& savePath) {
+    ProgressBar bar("Reading " + std::filesystem::path(file.path).filename().string());
+    return OpenedModel::Open(file, savePath, [&](double share) { bar.Show(share); });
 }
 
 Outcome Calculate(Session& session) {

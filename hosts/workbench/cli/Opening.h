@@ -5,8 +5,8 @@
 
 namespace workbench::cli {
 
-/// savePath as for OpenedModel::Open.
-Result<OpenedModel> OpenModel(const std::string& path, const std::string& savePath = {});
+/// file and savePath as for OpenedModel::Open.
+Result<OpenedModel> OpenModel(const ModelFile& file, const std::string& savePath = {});
 Outcome Calculate(Session& session);
 
 } // namespace workbench::cli

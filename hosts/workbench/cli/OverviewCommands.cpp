@@ -150,11 +150,11 @@ std::string DescribeReading(const lca::PropertyKeyRow& row, const std::optional<
 
 } // namespace
 
-Outcome RunInfo(const std::string& path) {
-    const Result<OpenedModel> opened = OpenModel(path);
+Outcome RunInfo(const ModelFile& file) {
+    const Result<OpenedModel> opened = OpenModel(file);
     if (opened.HasFailed()) return opened;
     const Model& model = opened.Get().GetModel();
-    std::string text = path + "\n";
+    std::string text = file.path + "\n";
     if (const auto& building = opened.Get().GetBuilding()) text += DescribeBuilding(*building);
     text.append("\n").append(ListElements(model)).append("\n").append(ListMaterials(model));
     std::vector<std::string> missing = opened.Get().GetWarnings();
@@ -166,8 +166,8 @@ Outcome RunInfo(const std::string& path) {
     return WriteOutput({}, text);
 }
 
-Outcome RunMaterials(const std::string& path, const std::string& output) {
-    const Result<OpenedModel> opened = OpenModel(path);
+Outcome RunMaterials(const ModelFile& file, const std::string& output) {
+    const Result<OpenedModel> opened = OpenModel(file);
     if (opened.HasFailed()) return opened;
     const Model& model = opened.Get().GetModel();
     const std::vector<MaterialCells> materials = ListMaterialCells(model);
@@ -197,7 +197,7 @@ Outcome RunMaterials(const std::string& path, const std::string& output) {
 
 Outcome RunRecord(const std::string& path, const std::string& jsonPath) {
     if (!IsProjectFile(path)) return Failure::Usage(path + ": a record is kept in a project file (.kvp)");
-    const Result<OpenedModel> opened = OpenModel(path);
+    const Result<OpenedModel> opened = OpenModel({path});
     if (opened.HasFailed()) return opened;
     Rows rows = {{"Key", "Property", "Stored", "Read as"}};
     nlohmann::ordered_json json = nlohmann::ordered_json::array();

@@ -49,7 +49,7 @@ std::string ListMembers(const Model& model) {
 
 Result<OpenedModel> OpenShared(const std::string& file) {
     if (!IsProjectFile(file)) return Failure::Usage(file + ": members are kept in a project file (.kvp)");
-    return OpenModel(file, file);
+    return OpenModel({file}, file);
 }
 
 } // namespace

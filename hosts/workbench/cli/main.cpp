@@ -36,13 +36,16 @@ struct Arguments {
     std::vector<std::string> members;
     std::string database;
     std::string png;
-    std::string model;
+    ModelFile model;     ///< of "info" and "materials"
+    std::string project; ///< of the other commands
     std::string output;
     std::string json;
 };
 
-void AddModel(CLI::App& command, std::string& path) {
-    command.add_option("MODEL", path, "The building: an .ifc or a .kvp file")->required();
+void AddModel(CLI::App& command, ModelFile& model) {
+    command.add_option("MODEL", model.path, "The building: an .ifc, .ifczip or .kvp file")->required();
+    command.add_option("--code-page", model.codePage,
+                       "Code page of the texts of an .ifc file that does not keep to the format, such as CP932");
 }
 
 void AddAssess(CLI::App& app, Arguments& arguments) {
@@ -93,7 +96,7 @@ void AddMaterialReport(CLI::App& app, MaterialReportOptions& options) {
 
 void AddTeamwork(CLI::App& app, Arguments& arguments) {
     CLI::App* share = app.add_subcommand("share", "Makes a project shared, or adds members to a shared one");
-    share->add_option("PROJECT", arguments.model, "A .kvp file")->required();
+    share->add_option("PROJECT", arguments.project, "A .kvp file")->required();
     share->add_option("--member", arguments.members, "LOGIN;FULL NAME of a member")
         ->required()
         ->allow_extra_args(false);
@@ -109,7 +112,7 @@ void AddTeamwork(CLI::App& app, Arguments& arguments) {
 
 void AddDrawing(CLI::App& app, Arguments& arguments) {
     CLI::App* command = app.add_subcommand("drawing", "A picture of a database with its placed objects");
-    command->add_option("MODEL", arguments.model, "The project: a .kvp file")->required();
+    command->add_option("MODEL", arguments.project, "The project: a .kvp file")->required();
     command->add_option("--database", arguments.database, "Its name, such as \"Layout 1\"; without it the floor plan");
     command->add_option("--png", arguments.png, "Write the picture to this file")->required();
 }
@@ -120,7 +123,7 @@ void AddOverviews(CLI::App& app, Arguments& arguments) {
     AddModel(*materials, arguments.model);
     materials->add_option("--out", arguments.output, "Write the table to this file");
     CLI::App* record = app.add_subcommand("record", "Every stored setting of a project and what it is read as");
-    record->add_option("PROJECT", arguments.model, "A .kvp file")->required();
+    record->add_option("PROJECT", arguments.project, "A .kvp file")->required();
     record->add_option("--json", arguments.json, "Write JSON to this file, - for standard output");
 }
 
@@ -128,12 +131,12 @@ Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
     if (app.got_subcommand("assess")) return RunAssess(arguments.assess);
     if (app.got_subcommand("energy")) return RunEnergy(arguments.energy);
     if (app.got_subcommand("report-materials")) return RunMaterialReport(arguments.materialReport);
-    if (app.got_subcommand("drawing")) return RunDrawing(arguments.model, arguments.database, arguments.png);
-    if (app.got_subcommand("share")) return RunShare(arguments.model, arguments.members);
+    if (app.got_subcommand("drawing")) return RunDrawing(arguments.project, arguments.database, arguments.png);
+    if (app.got_subcommand("share")) return RunShare(arguments.project, arguments.members);
     if (app.got_subcommand("teamwork")) return RunTeamwork(arguments.teamwork);
     if (app.got_subcommand("info")) return RunInfo(arguments.model);
     if (app.got_subcommand("materials")) return RunMaterials(arguments.model, arguments.output);
-    return RunRecord(arguments.model, arguments.json);
+    return RunRecord(arguments.project, arguments.json);
 }
 
 int Run(int argc, char** argv) {

@@ -73,8 +73,10 @@ double TotalThicknessM(const MaterialUse& use) {
 
 bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
                    const std::optional<MeshQuantities>& meshes, double totalThicknessM) {
-    const Sourced said = NetBeforeGross(stated.netVolumeM3, stated.grossVolumeM3);
     const Sourced computed = meshes ? MeshVolume(*meshes, totalThicknessM) : Sourced{};
+    Sourced said = NetBeforeGross(stated.netVolumeM3, stated.grossVolumeM3);
+    if (said.source == QuantitySource::None && computed.source == QuantitySource::None)
+        said = NetBeforeGross(stated.roundedVolumeM3, std::nullopt);
     if (said.source != QuantitySource::None) element.statedVolumeM3 = said.value;
     if (computed.source != QuantitySource::None) element.geometryVolumeM3 = computed.value;
 

@@ -15,6 +15,10 @@ struct StatedQuantities {
     std::optional<double> netVolumeM3, grossVolumeM3;
     std::optional<double> netSideAreaM2, grossSideAreaM2;
     std::optional<double> netAreaM2, grossAreaM2;
+    std::optional<double> leftFaceAreaM2, rightFaceAreaM2; ///< of a wall; their mean is its side area
+    std::optional<double> roundedVolumeM3;                 ///< counts only where there is no geometry
+    std::optional<double> thicknessM;                      ///< counts only where there are no layers
+    std::optional<double> netWeightKg;
 };
 
 /// Body of an element as meshes, openings subtracted.
@@ -30,14 +34,16 @@ enum class AreaRule : std::uint8_t { None, Side, Plan };
 enum class MaterialForm : std::uint8_t { None, Single, Layers, Constituents, List };
 
 struct MaterialShare {
-    std::size_t material = 0;       ///< index into ImportedBuilding::materials
-    double thicknessM = 0.0;        ///< layers
-    std::optional<double> fraction; ///< constituents
+    std::size_t material = 0;            ///< index into ImportedBuilding::materials
+    double thicknessM = 0.0;             ///< layers
+    std::optional<double> fraction = {}; ///< constituents; of their sum
+    std::string constituent = {};        ///< name of the part, where it has one
 };
 
 struct MaterialUse {
     MaterialForm form = MaterialForm::None;
-    std::vector<MaterialShare> shares;
+    std::vector<MaterialShare> shares = {};
+    bool areSharesUnknown = false; ///< of different materials the file says nothing but their names
 };
 
 /// A stated volume may be off from the geometry's by this factor before it is believed to be in a wrong unit.
@@ -53,8 +59,9 @@ inline constexpr double MostOff = 2.0;
 /// Sum of the layer thicknesses above 0; 0 for other forms.
 [[nodiscard]] double TotalThicknessM(const MaterialUse& use);
 
-/// Sets volume, area, their sources and what was stated and computed. A stated volume that is off from closed meshes by
-/// more than a factor of two gives way to them, and so does the area stated beside it; then true is answered.
+/// Sets volume, area, their sources and what was stated and computed. A rounded volume counts where nothing else does.
+/// A stated volume that is off from closed meshes by more than a factor of two gives way to them, and so does the area
+/// stated beside it; then true is answered.
 [[nodiscard]] bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
                                  const std::optional<MeshQuantities>& meshes, double totalThicknessM);
 

@@ -8,7 +8,7 @@
 
 #include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
-#include "workbench/ifc/StepText.h"
+#include "workbench/ifc/ImportProblem.h"
 
 namespace workbench::ifc {
 namespace {
@@ -20,10 +20,10 @@ constexpr std::size_t MostSkipped = 12;
 /// One import: the reader program, started again where an element's geometry kills it.
 class Import {
 public:
-    Import(const std::filesystem::path& file, const ImportLimits& limits, const ImportProgress& progress,
+    Import(const std::filesystem::path& file, const ImportSettings& settings, const ImportProgress& progress,
            const std::filesystem::path& reader)
-        : file(file), limits(limits), progress(progress), reader(reader),
-          deadline(std::chrono::steady_clock::now() + limits.time) {}
+        : file(file), settings(settings), progress(progress), reader(reader),
+          deadline(std::chrono::steady_clock::now() + settings.time) {}
 
     ImportResult Run() {
         if (const auto refused = Look()) return Refuse(*refused);
@@ -46,30 +46,30 @@ public:
 
 private:
     /// What can be refused without the reader program.
-    std::optional<StepProblem> Look() const {
+    std::optional<ImportProblem> Look() const {
         std::error_code failure;
         const auto status = std::filesystem::status(file, failure);
         if (!std::filesystem::exists(status)) {
-            return StepProblem{ImportError::NotReadable, "does not exist", "Check the path."};
+            return ImportProblem{ImportError::NotReadable, "does not exist", "Check the path."};
         }
         if (std::filesystem::is_directory(status)) {
-            return StepProblem{ImportError::NotReadable, "is a folder", "Give the .ifc file in it."};
+            return ImportProblem{ImportError::NotReadable, "is a folder", "Give the .ifc file in it."};
         }
         std::ifstream stream(file, std::ios::binary);
-        std::string start(HeaderLimit, '\0');
+        std::string start(step::HeaderLimit, '\0');
         stream.read(start.data(), static_cast<std::streamsize>(start.size()));
         if (stream.bad() || (stream.gcount() == 0 && !stream.eof())) {
-            return StepProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
+            return ImportProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
         }
         start.resize(static_cast<std::size_t>(stream.gcount()));
-        StepProblem problem;
-        return ReadStepHeader(start, problem) ? std::nullopt : std::optional(problem);
+        return RefuseStart(start);
     }
 
     ChildReport RunOnce(AnswerReader& answer) {
-        ChildCommand command{reader, {file.string()}, limits.memoryBytes, deadline};
+        ChildCommand command{reader, {file.string()}, settings.memoryBytes, deadline};
+        if (!settings.codePage.empty()) command.arguments.push_back("--code-page=" + settings.codePage);
         if (withoutGeometry) command.arguments.emplace_back("--no-geometry");
-        for (const std::int32_t entity : skipped)
+        for (const std::uint64_t entity : skipped)
             command.arguments.push_back("--skip=" + std::to_string(entity));
         return RunChild(command, [&](std::string_view piece) {
             if (!answer.Take(piece)) return false;
@@ -115,7 +115,7 @@ private:
 
     ImportResult OutOfMemory() {
         return Fail(ImportError::OutOfMemory,
-                    "needs more than " + std::to_string(limits.memoryBytes >> 20) + " MiB of memory to read",
+                    "needs more than " + std::to_string(settings.memoryBytes >> 20) + " MiB of memory to read",
                     "Export a smaller part of the model, or allow more memory.");
     }
 
@@ -126,7 +126,7 @@ private:
     }
 
     ImportResult Cancel() { return Fail(ImportError::Cancelled, "was not read", "The import was stopped."); }
-    ImportResult Refuse(const StepProblem& problem) { return Fail(problem.code, problem.what, problem.advice); }
+    ImportResult Refuse(const ImportProblem& problem) { return Fail(problem.code, problem.what, problem.advice); }
 
     /// One sentence: the advice, a sentence of its own, follows after a semicolon.
     ImportResult Fail(ImportError code, const std::string& what, std::string advice) {
@@ -136,15 +136,15 @@ private:
     }
 
     [[nodiscard]] long long Seconds() const {
-        return std::max<long long>(1, std::chrono::duration_cast<std::chrono::seconds>(limits.time).count());
+        return std::max<long long>(1, std::chrono::duration_cast<std::chrono::seconds>(settings.time).count());
     }
 
     const std::filesystem::path& file;
-    const ImportLimits& limits;
+    const ImportSettings& settings;
     const ImportProgress& progress;
     const std::filesystem::path& reader;
     std::chrono::steady_clock::time_point deadline;
-    std::vector<std::int32_t> skipped;
+    std::vector<std::uint64_t> skipped;
     bool withoutGeometry = false;
     bool cancelled = false;
     double shown = 0.0;
@@ -158,9 +158,9 @@ std::filesystem::path DefaultReaderProgram() {
     return (failure ? std::filesystem::path() : self.parent_path()) / "kelvarnix-ifc-reader";
 }
 
-ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportLimits& limits, const ImportProgress& progress,
-                         const std::filesystem::path& readerProgram) {
-    return Import(file, limits, progress, readerProgram).Run();
+ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportSettings& settings,
+                         const ImportProgress& progress, const std::filesystem::path& readerProgram) {
+    return Import(file, settings, progress, readerProgram).Run();
 }
 
 } // namespace workbench::ifc

@@ -1,4 +1,4 @@
-// Reads an IFC file into plain values. The reading library runs in a child program with limits on memory and time, so
+// Reads an IFC file into plain values. The reading is done by a child program with limits on memory and time, so
 // that a hostile file costs a plain error and not this process.
 #pragma once
 
@@ -13,9 +13,10 @@
 
 namespace workbench::ifc {
 
-struct ImportLimits {
+struct ImportSettings {
     std::uint64_t memoryBytes = std::uint64_t(4) << 30; ///< address space of the child
     std::chrono::milliseconds time{600'000};            ///< wall clock of the child
+    std::string codePage = {}; ///< of all texts, by iconv's name, known to it; empty: what they hold decides
 };
 
 enum class ImportError : std::uint8_t {
@@ -50,7 +51,7 @@ using ImportProgress = std::function<bool(double)>;
 [[nodiscard]] std::filesystem::path DefaultReaderProgram();
 
 /// Reads FILE. Blocks until done; leaves no child behind. Thread-safe. Does not throw for what the file holds.
-ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportLimits& limits = {},
+ImportResult ReadIfcFile(const std::filesystem::path& file, const ImportSettings& settings = {},
                          const ImportProgress& progress = {},
                          const std::filesystem::path& readerProgram = DefaultReaderProgram());
 

@@ -62,8 +62,9 @@ void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_co
 template <class Archive, class Field>
 void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedBuilding> {
     archive(field.schema, field.projectName, field.layers, field.storeys, field.materials, field.elements,
-            field.leftOut, field.sumsOfParts, field.withoutQuantity, field.withoutMaterial, field.correctedVolumes,
-            field.grossFloorAreaM2, field.grossFloorAreaSource, field.metresPerLengthUnit, field.warnings);
+            field.leftOut, field.sumsOfParts, field.withoutQuantity, field.withoutVolume, field.withoutMaterial,
+            field.sharesUnknown, field.correctedVolumes, field.grossFloorAreaM2, field.grossFloorAreaSource,
+            field.metresPerLengthUnit, field.warnings);
 }
 
 class Writer {
@@ -195,7 +196,7 @@ bool IsSound(const ImportedElement& element, const ImportedBuilding& building) {
 }
 
 bool IsSound(const ImportedBuilding& building) {
-    return building.grossFloorAreaSource <= FloorAreaSource::SpacesMixed &&
+    return building.grossFloorAreaSource <= FloorAreaSource::SpacesOther &&
            std::all_of(building.elements.begin(), building.elements.end(),
                        [&](const ImportedElement& element) { return IsSound(element, building); });
 }
@@ -218,13 +219,13 @@ std::string EncodeProgress(double share) {
     return Frame(FrameKind::Progress, writer.bytes);
 }
 
-std::string EncodeWorking(std::int32_t entity) {
+std::string EncodeWorking(std::uint64_t entity) {
     Writer writer;
     writer(entity);
     return Frame(FrameKind::Working, writer.bytes);
 }
 
-std::string EncodeRefusal(const StepProblem& problem) {
+std::string EncodeRefusal(const ImportProblem& problem) {
     Writer writer;
     writer(problem.code, problem.what, problem.advice);
     return Frame(FrameKind::Refused, writer.bytes);
@@ -277,7 +278,7 @@ bool AnswerReader::TakePayload(FrameKind kind, std::string_view payload) {
         if (*working == 0) working.reset();
         return reader.IsWhole();
     case FrameKind::Refused: {
-        StepProblem problem;
+        ImportProblem problem;
         reader(problem.code, problem.what, problem.advice);
         refusal = problem;
         return reader.IsWhole() && problem.code > ImportError::None && problem.code <= ImportError::Cancelled;

@@ -9,7 +9,7 @@
 //   16      8     FNV-1a (64 bits) of the payload
 //   24      ...   payload
 //
-// Progress: one double. Working: the entity number (4 bytes) of the element whose geometry is computed next, so that a
+// Progress: one double. Working: the entity number (8 bytes) of the element whose geometry is computed next, so that a
 // death can be laid to it, 0 when it is done. Refused: code (1 byte), what is wrong, what to do. Building: the whole
 // result, last frame. Within a payload a text or list is its count (4 bytes) and its items, an optional value one byte
 // 0 or 1 and the value.
@@ -20,12 +20,12 @@
 #include <string>
 #include <string_view>
 
+#include "workbench/ifc/ImportProblem.h"
 #include "workbench/ifc/ImportedBuilding.h"
-#include "workbench/ifc/StepText.h"
 
 namespace workbench::ifc {
 
-inline constexpr std::uint16_t AnswerVersion = 1;
+inline constexpr std::uint16_t AnswerVersion = 2;
 inline constexpr std::size_t FrameHeaderSize = 24;
 inline constexpr std::uint64_t LongestPayload = std::uint64_t(1) << 31;
 
@@ -38,8 +38,8 @@ inline constexpr int ExitNoAnswerPipe = 3;
 inline constexpr int ExitOutOfMemory = 71;
 
 [[nodiscard]] std::string EncodeProgress(double share);
-[[nodiscard]] std::string EncodeWorking(std::int32_t entity);
-[[nodiscard]] std::string EncodeRefusal(const StepProblem& problem);
+[[nodiscard]] std::string EncodeWorking(std::uint64_t entity);
+[[nodiscard]] std::string EncodeRefusal(const ImportProblem& problem);
 [[nodiscard]] std::string EncodeBuilding(const ImportedBuilding& building);
 
 /// Puts the pieces of an answer together. What comes from a child that may have gone mad is believed in nothing: magic,
@@ -50,8 +50,8 @@ public:
     bool Take(std::string_view piece);
 
     [[nodiscard]] double Progress() const { return progress; }
-    [[nodiscard]] std::optional<std::int32_t> Working() const { return working; }
-    [[nodiscard]] const std::optional<StepProblem>& Refusal() const { return refusal; }
+    [[nodiscard]] std::optional<std::uint64_t> Working() const { return working; }
+    [[nodiscard]] const std::optional<ImportProblem>& Refusal() const { return refusal; }
     [[nodiscard]] std::optional<ImportedBuilding>& Building() { return building; }
     [[nodiscard]] bool IsBroken() const { return broken; }
 
@@ -61,8 +61,8 @@ private:
 
     std::string pending;
     double progress = 0.0;
-    std::optional<std::int32_t> working;
-    std::optional<StepProblem> refusal;
+    std::optional<std::uint64_t> working;
+    std::optional<ImportProblem> refusal;
     std::optional<ImportedBuilding> building;
     bool broken = false;
 };

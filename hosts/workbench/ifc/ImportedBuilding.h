@@ -1,5 +1,5 @@
 // What the import of a building model yields: plain values in SI units, elements with their material components, and
-// the lists of everything that was left out, doubted or missing. Knows neither the reading library nor the project
+// the lists of everything that was left out, doubted or missing. Knows neither the file's form nor the project
 // file.
 #pragma once
 
@@ -80,10 +80,19 @@ struct VolumeCorrection {
     double geometryM3 = 0.0;
 };
 
-enum class FloorAreaSource : std::uint8_t { None, Building, SpacesGross, SpacesNet, SpacesMixed };
+enum class FloorAreaSource : std::uint8_t {
+    None,
+    Building,
+    SpacesGross,
+    SpacesNet,
+    SpacesMixed, ///< each space with its best area
+    StoreysGross,
+    StoreysNet,
+    SpacesOther ///< areas of spaces that are neither called gross nor net
+};
 
 struct ImportedBuilding {
-    std::string schema;      ///< as in the header: "IFC2X3", "IFC4"
+    std::string schema;      ///< by which the file was read: "IFC2X3", "IFC4", "IFC4X3"
     std::string projectName; ///< may be empty
     std::vector<std::string> layers;
     std::vector<ImportedStorey> storeys; ///< by elevation
@@ -92,7 +101,9 @@ struct ImportedBuilding {
     std::map<std::string, int> leftOut;     ///< furnishing, distribution ...: how many by IFC type
     std::vector<ImportFinding> sumsOfParts; ///< aggregates whose parts carry the quantities; no element of their own
     std::vector<ImportFinding> withoutQuantity;
+    std::vector<ImportFinding> withoutVolume; ///< with a surface, but no body and no layers that make a volume of it
     std::vector<ImportFinding> withoutMaterial;
+    std::vector<ImportFinding> sharesUnknown; ///< several materials in equal shares, because the file gives none
     std::vector<VolumeCorrection> correctedVolumes;
     std::optional<double> grossFloorAreaM2;
     FloorAreaSource grossFloorAreaSource = FloorAreaSource::None;

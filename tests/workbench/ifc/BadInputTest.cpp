@@ -38,7 +38,8 @@ TEST(BadInput, IsRefusedPlainly) {
     ExpectFailure(Read(""), ImportError::NotIfc, "model.ifc is empty; ");
     ExpectFailure(Read(noise), ImportError::NotIfc, "model.ifc is no IFC file but binary data; ");
     ExpectFailure(Read(good.substr(0, good.size() / 2)), ImportError::Damaged, "model.ifc is cut off in line ");
-    ExpectFailure(Read(File("IFC4X3", "")), ImportError::UnsupportedSchema, "model.ifc is of the schema IFC4X3; ");
+    ExpectFailure(Read(File("IFC5", "")), ImportError::UnsupportedSchema, "model.ifc is of the schema IFC5; ");
+    ExpectFailure(Read(File("", "")), ImportError::UnsupportedSchema, "model.ifc does not say its schema; ");
     ExpectFailure(Read(File("IFC4", noise)), ImportError::Damaged, "model.ifc is damaged in line 8; ");
     ExpectFailure(Read(File("IFC4", MetricProject() +
                                         std::string("#20=IFCA();#21=IFCB();#22=IFCC();#23=IFCD();#24=IFCE();#25=IFCF();"
@@ -146,7 +147,7 @@ TEST(BadReader, WritesNothingToTheTerminal) {
 TEST(Limits, TooLittleMemoryIsAPlainError) {
     if (!LimitsAddressSpace) GTEST_SKIP() << "an address space limit and the address sanitizer exclude each other";
     std::string body = MetricProject();
-    for (int id = 100; id < 200'000; ++id)
+    for (int id = 100; id < 3'500'000; ++id)
         body.append("#").append(std::to_string(id)).append("=IFCCARTESIANPOINT((1.,2.,3.));\n");
     ExpectFailure(Read(File("IFC4", body), {.memoryBytes = std::uint64_t(160) << 20}), ImportError::OutOfMemory,
                   "needs more than 160 MiB of memory");

@@ -62,7 +62,7 @@ std::filesystem::path Reader() {
     return std::filesystem::path(KELVARNIX_BIN_DIR) / "kelvarnix-ifc-reader";
 }
 
-ImportResult Read(std::string_view text, const ImportLimits& limits) {
+ImportResult Read(std::string_view text, const ImportSettings& limits) {
     const TemporaryFile file("model.ifc", text);
     return ReadIfcFile(file.Path(), limits, {}, Reader());
 }

@@ -39,7 +39,8 @@ private:
 [[nodiscard]] std::filesystem::path Reader();
 
 /// Reads TEXT with the real child program.
-[[nodiscard]] workbench::ifc::ImportResult Read(std::string_view text, const workbench::ifc::ImportLimits& limits = {});
+[[nodiscard]] workbench::ifc::ImportResult Read(std::string_view text,
+                                                const workbench::ifc::ImportSettings& limits = {});
 
 /// Reads TEXT, fails the test where that fails, and gives the building, empty then.
 [[nodiscard]] workbench::ifc::ImportedBuilding Building(std::string_view text);

@@ -33,6 +33,8 @@ ImportedBuilding Sample() {
     building.elements = {wall, door};
     building.leftOut = {{"IfcFurniture", 3}};
     building.withoutQuantity = {{"d", "IfcDoor", ""}};
+    building.withoutVolume = {{"a", "", ""}};
+    building.sharesUnknown = {{"b", "", ""}};
     building.correctedVolumes = {{{"w", "IfcWall", "Wand"}, 1500.0, 1.5}};
     building.grossFloorAreaM2 = 120.25;
     building.grossFloorAreaSource = FloorAreaSource::SpacesNet;
@@ -54,6 +56,7 @@ TEST(ImportAnswer, CarriesEveryField) {
     EXPECT_EQ(read.elements.at(0).storey, 0U);
     EXPECT_FALSE(read.elements.at(1).storey);
     EXPECT_EQ(read.storeys.at(0).elevationM, -0.5);
+    EXPECT_EQ(read.withoutVolume.at(0).globalId + read.sharesUnknown.at(0).globalId, "ab");
     EXPECT_EQ(read.projectName, "Häuser");
     EXPECT_FALSE(reader.Take("x")) << "nothing may follow";
 }

@@ -497,7 +497,7 @@ TEST(ImportRules, ReadsTheOlderSchema) {
     EXPECT_EQ(building.projectName, "House");
     EXPECT_EQ(Element(building, "w").name, "Wände ü l'été");
     EXPECT_EQ(Components(building, "w"), "Stahl/Beton (C25) 1.9 m3 7.6 m2");
-    EXPECT_EQ(building.leftOut.at("IFCELECTRICALELEMENT"), 1);
+    EXPECT_EQ(building.leftOut.at("IfcElectricalElement"), 1);
 }
 
 TEST(ImportRules, MergesMaterialsOfOneName) {

@@ -2,25 +2,19 @@
 
 #include <algorithm>
 #include <map>
-#include <unordered_map>
 
-#include <ifcpp/IFC4/include/IfcBuildingStorey.h>
-#include <ifcpp/IFC4/include/IfcDoor.h>
-#include <ifcpp/IFC4/include/IfcElement.h>
-#include <ifcpp/IFC4/include/IfcGloballyUniqueId.h>
-#include <ifcpp/IFC4/include/IfcLabel.h>
-#include <ifcpp/IFC4/include/IfcPositiveLengthMeasure.h>
-#include <ifcpp/IFC4/include/IfcProject.h>
-#include <ifcpp/IFC4/include/IfcRelAggregates.h>
-#include <ifcpp/IFC4/include/IfcWindow.h>
-
+#include "FloorArea.h"
 #include "Geometry.h"
 #include "Materials.h"
 #include "Places.h"
 #include "Quantities.h"
+#include "Relations.h"
+#include "Roles.h"
 
 namespace workbench::ifc {
 namespace {
+
+using entities::Entity;
 
 struct ClassRule {
     std::string_view prefix; ///< of the class name
@@ -51,33 +45,33 @@ ClassRule RuleOf(std::string_view className) {
     return {className, ElementKind::Object, AreaRule::None};
 }
 
-/// Elements that only the older schema has; the library skips them.
-constexpr std::string_view oldLeftOut[] = {"IFCELECTRICALELEMENT", "IFCEQUIPMENTELEMENT",
-                                           "IFCELECTRICDISTRIBUTIONPOINT"};
-
 /// An element with what decides whether it stays.
 struct Candidate {
     ImportedElement element;
-    const IfcObjectDefinition* entity = nullptr;
+    Entity entity;
     std::vector<std::size_t> parts; ///< indices of other candidates
     bool isOpening = false;         ///< a door or window
+    MaterialUse use;                ///< of others than doors and windows
+    bool isCorrected = false;       ///< the stated volume gave way to the geometry's
 };
 
 class BuildingReader {
 public:
-    BuildingReader(const LibraryModel& model, const ReadOptions& options, const ReadListener& listener)
+    BuildingReader(const entities::Model& model, const ReadOptions& options, const ReadListener& listener)
         : model(model), options(options), listener(listener), units(ReadUnits(model, building.warnings)),
           materials(model, units, building), places(model, units, building) {}
 
     ImportedBuilding Run() {
-        building.schema = model.Step().schema;
+        building.schema = model.GetSchema().GetName();
         building.metresPerLengthUnit = units.lengthM;
-        CountOldElements();
+        RemarkOnFile();
+        const std::vector<Entity> objects = model.GetAll("IfcObjectDefinition");
         std::size_t done = 0;
-        for (const ModelEntity& found : model.Entities()) {
-            ReadEntity(found);
-            if (++done % 32 == 0) listener.progress(double(done) / double(model.Entities().size()));
+        for (const Entity& object : objects) {
+            ReadObject(object);
+            if (++done % 32 == 0) listener.progress(double(done) / double(objects.size()));
         }
+        materials.DeriveDensities();
         Aggregate();
         if (building.elements.empty()) {
             building.warnings.emplace_back("The file has no building element.");
@@ -87,87 +81,103 @@ public:
     }
 
 private:
-    void CountOldElements() {
-        for (const std::string_view keyword : oldLeftOut) {
-            const auto found = model.Step().keywords.find(std::string(keyword));
-            if (found != model.Step().keywords.end()) building.leftOut[found->first] += found->second;
+    /// What was assumed or left out in reading the file.
+    void RemarkOnFile() {
+        const step::StepFile& file = model.GetFile();
+        const std::string written = file.GetHeader().schema.substr(0, 40);
+        const step::CodePage& page = file.GetCodePage();
+        if (schema::ChooseSchema(written).isApproximate)
+            building.warnings.push_back("The file is of the schema " + written + " and is read as " + building.schema +
+                                        ".");
+        if (page.isDoubtful) {
+            building.warnings.emplace_back(
+                "The code page of the file's texts cannot be told, so letters may be wrong; name it.");
+        } else if (page.name != step::CodePage().name) {
+            building.warnings.push_back("The file's texts are read in the code page " + page.name + ".");
         }
+        CountLeftOut("Entities with the number of an earlier one", file.CountDoubled());
+        CountLeftOut("Entities of several types at once", file.CountComplex());
     }
 
-    void ReadEntity(const ModelEntity& found) {
-        switch (found.role) {
-        case EntityRole::Project: {
-            const auto& project = dynamic_cast<const IfcProject&>(*found.entity);
-            building.projectName = model.Text(project.m_LongName);
-            if (building.projectName.empty()) building.projectName = model.Text(project.m_Name);
+    void CountLeftOut(const char* what, std::size_t count) {
+        if (count > 0) building.warnings.push_back(std::string(what) + " are left out: " + std::to_string(count) + ".");
+    }
+
+    void ReadObject(const Entity& object) {
+        switch (RoleOf(object)) {
+        case EntityRole::Project:
+            building.projectName = object.GetText("LongName");
+            if (building.projectName.empty()) building.projectName = object.GetText("Name");
             break;
-        }
         case EntityRole::LeftOut:
-            building.leftOut[found.entity->className()]++;
+            building.leftOut[std::string(object.GetTypeName())]++;
             break;
         case EntityRole::Door:
-            ReadOpening<IfcDoor>(found, ElementKind::Door);
+            ReadOpening(object, ElementKind::Door);
             break;
         case EntityRole::Window:
-            ReadOpening<IfcWindow>(found, ElementKind::Window);
+            ReadOpening(object, ElementKind::Window);
             break;
         case EntityRole::Element:
-            ReadElement(found);
+            ReadElement(object);
             break;
-        default:
+        case EntityRole::Other:
             break;
         }
     }
 
-    Candidate Begin(const ModelEntity& found, const IfcElement& element) {
+    Candidate Begin(const Entity& entity) {
         Candidate candidate;
-        candidate.entity = &element;
-        candidate.element.globalId = model.Text(element.m_GlobalId);
-        candidate.element.name = model.Text(element.m_Name);
-        candidate.element.ifcType = found.entity->className();
-        candidate.element.layer = places.LayerOf(element);
-        candidate.element.storey = places.StoreyOf(element);
+        candidate.entity = entity;
+        candidate.element.globalId = entity.GetText("GlobalId");
+        candidate.element.name = entity.GetText("Name");
+        candidate.element.ifcType = entity.GetTypeName();
+        candidate.element.layer = places.LayerOf(entity);
+        candidate.element.storey = places.StoreyOf(entity);
         return candidate;
     }
 
-    template <class Opening>
-    void ReadOpening(const ModelEntity& found, ElementKind kind) {
-        const auto opening = std::dynamic_pointer_cast<Opening>(found.entity);
-        Candidate candidate = Begin(found, *opening);
+    static std::optional<double> FirstOf(std::initializer_list<std::optional<double>> values) {
+        const auto found = std::find_if(values.begin(), values.end(), [](const auto& value) { return value; });
+        return found == values.end() ? std::nullopt : *found;
+    }
+
+    [[nodiscard]] std::optional<double> LengthOf(const Entity& entity, const char* attribute) const {
+        return PlausibleQuantity(entity.GetReal(attribute).value_or(0.0) * units.lengthM);
+    }
+
+    void ReadOpening(const Entity& opening, ElementKind kind) {
+        Candidate candidate = Begin(opening);
         candidate.isOpening = true;
         ImportedElement& element = candidate.element;
         element.kind = kind;
-        const auto quantities = ReadQuantities(model, units, *opening, QuantityPlaces::QuantitySets);
-        const auto size = [&](const std::shared_ptr<IfcPositiveLengthMeasure>& own, const char* name) {
-            if (own) {
-                if (const auto length = PlausibleQuantity(own->m_value * units.lengthM)) return length;
-            }
-            const auto stated = quantities.find(name);
-            return stated != quantities.end() ? PlausibleQuantity(stated->second) : std::nullopt;
-        };
-        element.overallWidthM = size(opening->m_OverallWidth, "Width");
-        element.overallHeightM = size(opening->m_OverallHeight, "Height");
-        if (element.overallWidthM && element.overallHeightM) {
-            element.areaM2 = *element.overallWidthM * *element.overallHeightM;
+        const OpeningSize own = PickOpeningSize(ReadStatedValues(model, units, opening));
+        const OpeningSize ofType = PickOpeningSize(ReadStatedValues(model, units, TypeOf(model, opening)));
+        element.overallWidthM = FirstOf({LengthOf(opening, "OverallWidth"), own.widthM, ofType.widthM});
+        element.overallHeightM = FirstOf({LengthOf(opening, "OverallHeight"), own.heightM, ofType.heightM});
+        const bool isMeasured = element.overallWidthM && element.overallHeightM;
+        const auto area = isMeasured ? std::optional(*element.overallWidthM * *element.overallHeightM)
+                                     : FirstOf({own.areaM2, ofType.areaM2});
+        if (area) {
+            element.areaM2 = *area;
             element.areaSource = QuantitySource::StatedGross;
         }
         Keep(std::move(candidate));
     }
 
-    void ReadElement(const ModelEntity& found) {
-        const auto entity = std::dynamic_pointer_cast<IfcElement>(found.entity);
-        Candidate candidate = Begin(found, *entity);
+    void ReadElement(const Entity& entity) {
+        Candidate candidate = Begin(entity);
         ImportedElement& element = candidate.element;
         const ClassRule rule = RuleOf(element.ifcType);
         element.kind = rule.kind;
         const std::string whose = element.ifcType + " " + element.globalId;
-        const StatedQuantities stated = PickStated(ReadQuantities(model, units, *entity, QuantityPlaces::QuantitySets),
-                                                   rule.area, whose, building.warnings);
-        uses.push_back(materials.UseOf(*entity));
-        const MaterialUse& use = uses.back();
-        useOf[found.entity.get()] = uses.size() - 1;
-        const BodyGeometry body = ComputeGeometry(found.number, entity, whose, TaskOf(rule.area, stated, use));
-        if (SetQuantities(element, rule.area, stated, body.meshes, TotalThicknessM(use))) corrected.insert(&*entity);
+        const StatedQuantities stated =
+            PickStated(ReadStatedValues(model, units, entity), rule.area, whose, building.warnings);
+        candidate.use = materials.UseOf(entity);
+        materials.TakeWeight(candidate.use, stated);
+        const BodyGeometry body = ComputeGeometry(entity, whose, TaskOf(rule.area, stated, candidate.use));
+        candidate.isCorrected =
+            SetQuantities(element, rule.area, stated, body.meshes, ThicknessOf(stated, candidate.use));
         if (!body.trouble.empty() && element.volumeSource != QuantitySource::StatedNet &&
             element.volumeSource != QuantitySource::StatedGross) {
             building.warnings.push_back("The geometry of " + whose + " may be inexact: " + body.trouble);
@@ -175,14 +185,19 @@ private:
         Keep(std::move(candidate));
     }
 
+    static double ThicknessOf(const StatedQuantities& stated, const MaterialUse& use) {
+        const double layers = TotalThicknessM(use);
+        return layers > 0.0 ? layers : stated.thicknessM.value_or(0.0);
+    }
+
     static GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) {
-        const bool hasArea = TotalThicknessM(use) > 0.0 || StatedArea(rule, stated).has_value();
+        const bool hasArea = ThicknessOf(stated, use) > 0.0 || StatedArea(rule, stated).has_value();
         return {StatedVolume(stated), StatedVolume(stated) && hasArea};
     }
 
-    BodyGeometry ComputeGeometry(int number, const std::shared_ptr<IfcElement>& entity, const std::string& whose,
-                                 const GeometryTask& task) {
-        if (!options.geometry) return {};
+    BodyGeometry ComputeGeometry(const Entity& entity, const std::string& whose, const GeometryTask& task) {
+        if (!options.geometry || entity.GetEntity("Representation").IsNone()) return {};
+        const step::EntityNumber number = entity.GetNumber();
         if (options.skipped.contains(number)) {
             building.warnings.push_back("The geometry of " + whose + " cannot be computed.");
             return {};
@@ -204,11 +219,9 @@ private:
     void Aggregate() {
         std::vector<bool> isPartOfOpening(candidates.size(), false);
         for (Candidate& candidate : candidates) {
-            for (const auto& relation : Alive<IfcRelAggregates>(candidate.entity->m_IsDecomposedBy_inverse)) {
-                for (const auto& part : relation->m_RelatedObjects) {
-                    const auto known = byEntity.find(part.get());
-                    if (known != byEntity.end()) candidate.parts.push_back(known->second);
-                }
+            for (const Entity& part : PartsOf(model, candidate.entity)) {
+                const auto known = byEntity.find(part);
+                if (known != byEntity.end()) candidate.parts.push_back(known->second);
             }
         }
         for (std::size_t i = 0; i < candidates.size(); ++i) {
@@ -252,13 +265,14 @@ private:
         ImportedElement& element = candidate.element;
         if (element.volumeM3 <= 0.0 && element.areaM2 <= 0.0) building.withoutQuantity.push_back(FindingOf(element));
         if (!candidate.isOpening) {
-            const MaterialUse& use = uses[useOf.at(candidate.entity)];
-            element.components = SplitByMaterial(use, element.volumeM3, element.areaM2);
+            if (element.volumeM3 <= 0.0 && element.areaM2 > 0.0) building.withoutVolume.push_back(FindingOf(element));
+            if (candidate.use.areSharesUnknown) building.sharesUnknown.push_back(FindingOf(element));
+            element.components = SplitByMaterial(candidate.use, element.volumeM3, element.areaM2);
             if (element.components.empty()) {
                 element.components.push_back({materials.WithoutMaterial(), element.volumeM3, element.areaM2});
             }
             if (HasNoMaterial(element)) building.withoutMaterial.push_back(FindingOf(element));
-            if (corrected.contains(candidate.entity)) {
+            if (candidate.isCorrected) {
                 building.correctedVolumes.push_back(
                     {FindingOf(element), *element.statedVolumeM3, *element.geometryVolumeM3});
             }
@@ -277,7 +291,7 @@ private:
         return {element.globalId, element.ifcType, element.name};
     }
 
-    const LibraryModel& model;
+    const entities::Model& model;
     const ReadOptions& options;
     const ReadListener& listener;
     ImportedBuilding building;
@@ -286,15 +300,12 @@ private:
     Places places;
     std::optional<Geometry> geometry;
     std::vector<Candidate> candidates;
-    std::vector<MaterialUse> uses;
-    std::unordered_map<const void*, std::size_t> useOf;
-    std::unordered_map<const IfcObjectDefinition*, std::size_t> byEntity;
-    std::set<const void*> corrected;
+    std::map<Entity, std::size_t> byEntity;
 };
 
 } // namespace
 
-ImportedBuilding ReadBuilding(const LibraryModel& model, const ReadOptions& options, const ReadListener& listener) {
+ImportedBuilding ReadBuilding(const entities::Model& model, const ReadOptions& options, const ReadListener& listener) {
     return BuildingReader(model, options, listener).Run();
 }
 

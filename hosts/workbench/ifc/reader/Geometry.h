@@ -1,16 +1,12 @@
-// Volume and surface of an element's body, by the reading library's geometry: closed meshes and open shells in metres,
-// openings subtracted. The library's bulky geometry headers stay in this one source file.
+// Volume and surface of an element's body in metres, openings subtracted, as the rules of the import want them.
 #pragma once
 
-#include <memory>
 #include <optional>
 #include <string>
 
-#include "LibraryModel.h"
 #include "Units.h"
 #include "workbench/ifc/ElementRules.h"
-
-class IfcElement;
+#include "workbench/ifc/bodies/Elements.h"
 
 namespace workbench::ifc {
 
@@ -22,24 +18,24 @@ struct GeometryTask {
 
 struct BodyGeometry {
     std::optional<MeshQuantities> meshes; ///< nothing where the element has no body that can be computed
-    /// The stated volume is certainly within a factor of two of the geometry's; there was no need to subtract openings.
+    /// The stated volume is within a factor of two of what is left without the openings; nothing had to be cut for
+    /// that.
     bool confirmed = false;
-    std::string trouble; ///< what the library complained of; the meshes may then be inexact
+    std::string trouble; ///< what was not computed, or not exactly, in sentences
 };
 
 class Geometry {
 public:
-    Geometry(const LibraryModel& model, const UnitFactors& units);
-    ~Geometry();
-    Geometry(const Geometry&) = delete;
-    Geometry& operator=(const Geometry&) = delete;
+    /// MODEL must outlive the geometry.
+    Geometry(const entities::Model& model, const UnitFactors& units)
+        : elements(model, {units.lengthM, units.angleRad}) {}
 
-    /// Does not throw for what the element holds, but the library may bring the process down.
-    [[nodiscard]] BodyGeometry Compute(const std::shared_ptr<IfcElement>& element, const GeometryTask& task);
+    [[nodiscard]] BodyGeometry Compute(const entities::Entity& entity, const GeometryTask& task);
 
 private:
-    struct Parts;
-    std::unique_ptr<Parts> parts;
+    [[nodiscard]] bool IsConfirmed(const entities::Entity& entity, double statedVolumeM3);
+
+    bodies::ElementReader elements;
 };
 
 } // namespace workbench::ifc

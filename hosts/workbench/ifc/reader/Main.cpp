@@ -1,6 +1,6 @@
-// kelvarnix-ifc-reader: reads one IFC file with the reading library and writes what it holds to descriptor 3. It is
+// kelvarnix-ifc-reader: reads one IFC file and writes what it holds to descriptor 3. It is
 // started by the import with limits on memory and time and may die of a hostile file; nothing else should start it.
-//   kelvarnix-ifc-reader FILE [--skip=ENTITY]... [--no-geometry]
+//   kelvarnix-ifc-reader FILE [--code-page=NAME] [--skip=ENTITY]... [--no-geometry]
 
 #include <charconv>
 #include <fstream>
@@ -10,18 +10,19 @@
 #include <unistd.h>
 
 #include "ElementReader.h"
-#include "LibraryModel.h"
 #include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
+#include "workbench/ifc/ImportProblem.h"
 
 namespace {
 
+using namespace workbench;
 using namespace workbench::ifc;
 
 /// One element's geometry may take this long before the reader gives itself up and is started again without it.
 constexpr unsigned longestGeometrySeconds = 30;
 /// How the time goes: reading the text up to here, then the elements.
-constexpr double shareOfReading = 0.6;
+constexpr double shareOfReading = 0.1;
 
 void Send(std::string_view frame) {
     while (!frame.empty()) {
@@ -33,6 +34,7 @@ void Send(std::string_view frame) {
 
 struct Command {
     std::string file;
+    std::string codePage;
     ReadOptions options;
 };
 
@@ -44,8 +46,10 @@ std::optional<Command> ParseCommand(int count, char** words) {
             command.file = word;
         } else if (word == "--no-geometry") {
             command.options.geometry = false;
+        } else if (word.starts_with("--code-page=")) {
+            command.codePage = word.substr(word.find('=') + 1);
         } else if (word.starts_with("--skip=")) {
-            int number = 0;
+            step::EntityNumber number = 0;
             const auto end = std::from_chars(word.data() + 7, word.data() + word.size(), number);
             if (end.ec != std::errc()) return std::nullopt;
             command.options.skipped.insert(number);
@@ -56,55 +60,61 @@ std::optional<Command> ParseCommand(int count, char** words) {
     return command.file.empty() ? std::nullopt : std::optional(command);
 }
 
-std::optional<PreparedStep> ReadText(const std::string& path, StepProblem& problem) {
+std::optional<std::string> ReadText(const std::string& path) {
     std::ifstream stream(path, std::ios::binary | std::ios::ate);
     const std::streamoff size = stream ? static_cast<std::streamoff>(stream.tellg()) : -1;
-    problem = {ImportError::NotReadable, "cannot be read", "Check its permissions."};
     if (size < 0) return std::nullopt;
     std::string text(static_cast<std::size_t>(size), '\0');
     stream.seekg(0);
-    if (!stream.read(text.data(), size)) return std::nullopt;
-    return PrepareStep(text, problem);
+    return stream.read(text.data(), size) ? std::optional(std::move(text)) : std::nullopt;
 }
 
-void Run(const Command& command) {
-    StepProblem problem;
-    auto step = ReadText(command.file, problem);
-    if (step && IsMostlyUnknown(*step)) {
-        problem = {ImportError::Damaged, "holds little but entities that no IFC schema has",
-                   "Export it again from the program that made it."};
-        step.reset();
+/// Text in the form of a model, but no model.
+bool IsMostlyUnknown(const entities::Model& model) {
+    std::size_t unknown = 0;
+    for (const auto& [keyword, count] : model.GetUnknown())
+        unknown += count;
+    return 2 * unknown > model.GetFile().CountEntities();
+}
+
+/// The problem, where there is one.
+std::optional<ImportProblem> Run(const Command& command) {
+    auto text = ReadText(command.file);
+    if (!text) return ImportProblem{ImportError::NotReadable, "cannot be read", "Check its permissions."};
+    if (archive::IsZip(*text)) {
+        archive::Unpacked unpacked = archive::UnpackOnly(*text, ".ifc");
+        if (unpacked.problem != archive::UnpackProblem::None) return ProblemOf(unpacked.problem);
+        text = std::move(unpacked.content);
     }
-    if (!step) {
-        Send(EncodeRefusal(problem));
-        return;
+    step::Problem damage;
+    auto file = step::StepFile::Read(std::move(*text), {command.codePage}, damage);
+    if (!file) return ProblemOf(damage);
+    if (const auto refused = RefuseSchema(file->GetHeader())) return refused;
+    const schema::SchemaChoice choice = schema::ChooseSchema(file->GetHeader().schema);
+    const entities::Model model(std::move(*file), *choice.schema);
+    if (IsMostlyUnknown(model)) {
+        return ImportProblem{ImportError::Damaged, "holds little but entities that no IFC schema has",
+                             "Export it again from the program that made it."};
     }
-    Send(EncodeProgress(0.1));
-    const LibraryModel model(std::move(*step));
     Send(EncodeProgress(shareOfReading));
     const ReadListener listener{
         [](double share) { Send(EncodeProgress(shareOfReading + (1.0 - shareOfReading) * share)); },
-        [](std::int32_t entity) {
+        [](step::EntityNumber entity) {
             Send(EncodeWorking(entity));
             alarm(entity == 0 ? 0 : longestGeometrySeconds);
         }};
     Send(EncodeBuilding(ReadBuilding(model, command.options, listener)));
+    return std::nullopt;
 }
 
 } // namespace
-
-/// Asked for by the address sanitizer, where there is one. The reading library is not instrumented and keeps circles of
-/// owners; its leaks end with this process.
-extern "C" const char* __asan_default_options() {
-    return "detect_leaks=0";
-}
 
 int main(int count, char** words) {
     std::set_new_handler([] { _exit(ExitOutOfMemory); });
     const auto command = ParseCommand(count, words);
     if (!command) return ExitUsage;
     try {
-        Run(*command);
+        if (const auto problem = Run(*command)) Send(EncodeRefusal(*problem));
     } catch (const std::bad_alloc&) {
         _exit(ExitOutOfMemory);
     } catch (const std::exception& failure) {

@@ -1,34 +1,14 @@
 #include "Materials.h"
 
+#include <algorithm>
 #include <cmath>
-#include <set>
 
-#include <ifcpp/IFC4/include/IfcIdentifier.h>
-#include <ifcpp/IFC4/include/IfcLabel.h>
-#include <ifcpp/IFC4/include/IfcMaterial.h>
-#include <ifcpp/IFC4/include/IfcMaterialConstituent.h>
-#include <ifcpp/IFC4/include/IfcMaterialConstituentSet.h>
-#include <ifcpp/IFC4/include/IfcMaterialLayer.h>
-#include <ifcpp/IFC4/include/IfcMaterialLayerSet.h>
-#include <ifcpp/IFC4/include/IfcMaterialLayerSetUsage.h>
-#include <ifcpp/IFC4/include/IfcMaterialList.h>
-#include <ifcpp/IFC4/include/IfcMaterialProfile.h>
-#include <ifcpp/IFC4/include/IfcMaterialProfileSet.h>
-#include <ifcpp/IFC4/include/IfcMaterialProfileSetUsage.h>
-#include <ifcpp/IFC4/include/IfcMaterialProperties.h>
-#include <ifcpp/IFC4/include/IfcNonNegativeLengthMeasure.h>
-#include <ifcpp/IFC4/include/IfcNormalisedRatioMeasure.h>
-#include <ifcpp/IFC4/include/IfcObject.h>
-#include <ifcpp/IFC4/include/IfcPropertySingleValue.h>
-#include <ifcpp/IFC4/include/IfcRelAggregates.h>
-#include <ifcpp/IFC4/include/IfcRelAssociatesMaterial.h>
-#include <ifcpp/IFC4/include/IfcRelDefinesByType.h>
-#include <ifcpp/IFC4/include/IfcTypeObject.h>
-#include <ifcpp/IFC4/include/IfcUnit.h>
-#include <ifcpp/IFC4/include/IfcValue.h>
+#include "Relations.h"
 
 namespace workbench::ifc {
 namespace {
+
+using entities::Entity;
 
 /// Osmium has 22,600 kg/m3; what is heavier is in a wrong unit.
 constexpr double heaviestKgPerM3 = 30000.0;
@@ -36,131 +16,177 @@ constexpr int deepestWhole = 8;
 
 } // namespace
 
-Materials::Materials(const LibraryModel& model, const UnitFactors& units, ImportedBuilding& building)
-    : model(model), units(units), building(building) {
-    for (const StatedDensity& density : model.Step().densities)
-        oldDensities.emplace(density.material, density.value * units.densityKgPerM3);
+MaterialUse Materials::UseOf(const Entity& object) {
+    MaterialUse use = FindUse(object);
+    const bool hasFractions = use.form == MaterialForm::Constituents &&
+                              std::all_of(use.shares.begin(), use.shares.end(),
+                                          [](const MaterialShare& share) { return share.fraction.has_value(); });
+    const bool isList = use.form == MaterialForm::List || use.form == MaterialForm::Constituents;
+    const bool isOfSeveral = std::any_of(use.shares.begin(), use.shares.end(), [&](const MaterialShare& share) {
+        return share.material != use.shares.front().material;
+    });
+    if (isList && !hasFractions && isOfSeveral) FindShares(object, use);
+    return use;
 }
 
-MaterialUse Materials::UseOf(const IfcObject& object) {
-    const IfcObject* part = &object;
-    for (int depth = 0; depth < deepestWhole && part != nullptr; ++depth) {
-        if (MaterialUse own = OwnUse(*part); own.form != MaterialForm::None) return own;
-        for (const auto& typed : Alive<IfcRelDefinesByType>(part->m_IsTypedBy_inverse)) {
-            if (!typed->m_RelatingType) continue;
-            if (MaterialUse use = OwnUse(*typed->m_RelatingType); use.form != MaterialForm::None) return use;
-        }
-        const auto wholes = Alive<IfcRelAggregates>(part->m_Decomposes_inverse);
-        part = wholes.empty() ? nullptr : dynamic_cast<const IfcObject*>(wholes.front()->m_RelatingObject.get());
+std::vector<SharingMaterial> Materials::Describe(const MaterialUse& use) const {
+    std::vector<SharingMaterial> described;
+    for (const MaterialShare& share : use.shares)
+        described.push_back({building.materials[share.material].name, share.constituent});
+    return described;
+}
+
+/// Replaces the equal shares of USE by better ones.
+void Materials::FindShares(const Entity& object, MaterialUse& use) {
+    const std::vector<SharingMaterial> materials = Describe(use);
+    const std::vector<double> weights = shares.FindWeights(object, materials);
+    if (!weights.empty()) {
+        use.form = MaterialForm::Constituents;
+        for (std::size_t i = 0; i < weights.size(); ++i)
+            use.shares[i].fraction = weights[i];
+    } else if (const Entity set = shares.FindLayerSet(object, materials); !set.IsNone()) {
+        use = Layers(set);
+    } else {
+        use.areSharesUnknown = true;
+    }
+}
+
+void Materials::TakeWeight(const MaterialUse& use, const StatedQuantities& stated) {
+    if (use.form != MaterialForm::Single || !stated.netWeightKg || !stated.netVolumeM3) return;
+    Weighed& sum = weighed[use.shares.front().material];
+    sum.kg += *stated.netWeightKg;
+    sum.m3 += *stated.netVolumeM3;
+}
+
+void Materials::DeriveDensities() {
+    for (const auto& [index, sum] : weighed) {
+        ImportedMaterial& material = building.materials[index];
+        const double density = sum.kg / sum.m3;
+        if (!material.densityKgPerM3 && material.name != NoMaterialName && density <= heaviestKgPerM3)
+            material.densityKgPerM3 = density;
+    }
+}
+
+MaterialUse Materials::FindUse(const Entity& object) {
+    Entity part = object;
+    for (int depth = 0; depth < deepestWhole && !part.IsNone(); ++depth) {
+        if (MaterialUse own = OwnUse(part); own.form != MaterialForm::None) return own;
+        if (MaterialUse use = OwnUse(TypeOf(model, part)); use.form != MaterialForm::None) return use;
+        part = WholeOf(model, part);
     }
     return {};
 }
 
 std::size_t Materials::WithoutMaterial() {
-    const auto [place, isNew] = byName.emplace(NoMaterialName, building.materials.size());
-    if (isNew) building.materials.push_back({NoMaterialName, std::nullopt});
+    return IndexOfName(NoMaterialName);
+}
+
+std::size_t Materials::IndexOfName(const std::string& name) {
+    const auto [place, isNew] = byName.emplace(name.empty() ? NoMaterialName : name, building.materials.size());
+    if (isNew) building.materials.push_back({place->first, std::nullopt});
     return place->second;
 }
 
-MaterialUse Materials::OwnUse(const IfcObjectDefinition& definition) {
-    for (const auto& relation : Alive<IfcRelAssociatesMaterial>(definition.m_HasAssociations_inverse)) {
-        if (MaterialUse use = Read(relation->m_RelatingMaterial); !use.shares.empty()) return use;
+/// An air layer often has a name and no material.
+std::size_t Materials::IndexOfLayer(const Entity& layer) {
+    const Entity material = layer.GetEntity("Material");
+    return material.IsNone() ? IndexOfName(layer.GetText("Name")) : IndexOf(material);
+}
+
+MaterialUse Materials::OwnUse(const Entity& definition) {
+    for (const Entity& relation : model.GetReferencing(definition, "IfcRelAssociatesMaterial", "RelatedObjects")) {
+        if (MaterialUse use = Read(relation.GetEntity("RelatingMaterial")); !use.shares.empty()) return use;
     }
     return {};
 }
 
-MaterialUse Materials::Read(const std::shared_ptr<IfcMaterialSelect>& select) {
-    if (const auto usage = std::dynamic_pointer_cast<IfcMaterialLayerSetUsage>(select))
-        return Layers(usage->m_ForLayerSet);
-    if (const auto set = std::dynamic_pointer_cast<IfcMaterialLayerSet>(select)) return Layers(set);
-    if (const auto layer = std::dynamic_pointer_cast<IfcMaterialLayer>(select)) return Single(layer->m_Material);
-    if (const auto set = std::dynamic_pointer_cast<IfcMaterialConstituentSet>(select)) return Constituents(*set);
-    if (const auto one = std::dynamic_pointer_cast<IfcMaterialConstituent>(select)) return Single(one->m_Material);
-    if (const auto usage = std::dynamic_pointer_cast<IfcMaterialProfileSetUsage>(select))
-        return Profiles(usage->m_ForProfileSet);
-    if (const auto set = std::dynamic_pointer_cast<IfcMaterialProfileSet>(select)) return Profiles(set);
-    if (const auto profile = std::dynamic_pointer_cast<IfcMaterialProfile>(select)) return Single(profile->m_Material);
-    if (const auto list = std::dynamic_pointer_cast<IfcMaterialList>(select)) return List(list->m_Materials);
-    if (const auto material = std::dynamic_pointer_cast<IfcMaterial>(select)) return Single(material);
-    return {};
+MaterialUse Materials::Read(const Entity& select) {
+    if (select.IsA("IfcMaterialLayerSetUsage")) return Layers(select.GetEntity("ForLayerSet"));
+    if (select.IsA("IfcMaterialLayerSet")) return Layers(select);
+    if (select.IsA("IfcMaterialConstituentSet")) return Constituents(select);
+    if (select.IsA("IfcMaterialProfileSetUsage")) return Profiles(select.GetEntity("ForProfileSet"));
+    if (select.IsA("IfcMaterialProfileSet")) return Profiles(select);
+    if (select.IsA("IfcMaterialList")) return List(select.GetEntities("Materials"));
+    if (select.IsA("IfcMaterial")) return Single(select);
+    const bool isOneOfSet =
+        select.IsA("IfcMaterialLayer") || select.IsA("IfcMaterialConstituent") || select.IsA("IfcMaterialProfile");
+    return isOneOfSet ? Single(select.GetEntity("Material")) : MaterialUse();
 }
 
-MaterialUse Materials::Single(const std::shared_ptr<IfcMaterial>& material) {
-    return {MaterialForm::Single, {{IndexOf(material), 0.0, std::nullopt}}};
+MaterialUse Materials::Single(const Entity& material) {
+    return {MaterialForm::Single, {{.material = IndexOf(material)}}};
 }
 
-MaterialUse Materials::List(const std::vector<std::shared_ptr<IfcMaterial>>& materials) {
+MaterialUse Materials::List(const std::vector<Entity>& materials) {
     MaterialUse use{MaterialForm::List, {}};
-    for (const auto& material : materials)
-        use.shares.push_back({IndexOf(material), 0.0, std::nullopt});
+    for (const Entity& material : materials)
+        use.shares.push_back({.material = IndexOf(material)});
     return use;
 }
 
-MaterialUse Materials::Layers(const std::shared_ptr<IfcMaterialLayerSet>& set) {
+MaterialUse Materials::Layers(const Entity& set) {
     MaterialUse use{MaterialForm::Layers, {}};
-    if (!set) return use;
-    for (const auto& layer : set->m_MaterialLayers) {
-        const double thickness = layer && layer->m_LayerThickness ? layer->m_LayerThickness->m_value : 0.0;
-        if (!std::isfinite(thickness) || thickness <= 0.0) continue;
-        use.shares.push_back({IndexOf(layer->m_Material), thickness * units.lengthM, std::nullopt});
+    for (const Entity& layer : set.GetEntities("MaterialLayers")) {
+        const double thickness = layer.GetReal("LayerThickness").value_or(0.0);
+        if (thickness <= 0.0) continue;
+        use.shares.push_back({.material = IndexOfLayer(layer), .thicknessM = thickness * units.lengthM});
     }
     return use;
 }
 
-MaterialUse Materials::Profiles(const std::shared_ptr<IfcMaterialProfileSet>& set) {
-    std::vector<std::shared_ptr<IfcMaterial>> materials;
-    if (!set) return {};
-    for (const auto& profile : set->m_MaterialProfiles) {
-        if (profile) materials.push_back(profile->m_Material);
-    }
+MaterialUse Materials::Profiles(const Entity& set) {
+    std::vector<Entity> materials;
+    for (const Entity& profile : set.GetEntities("MaterialProfiles"))
+        materials.push_back(profile.GetEntity("Material"));
     return materials.size() == 1 ? Single(materials.front()) : List(materials);
 }
 
-MaterialUse Materials::Constituents(const IfcMaterialConstituentSet& set) {
+MaterialUse Materials::Constituents(const Entity& set) {
     MaterialUse use{MaterialForm::Constituents, {}};
-    for (const auto& constituent : set.m_MaterialConstituents) {
-        if (!constituent) continue;
-        const auto& fraction = constituent->m_Fraction;
-        use.shares.push_back({IndexOf(constituent->m_Material), 0.0,
-                              fraction ? std::optional<double>(fraction->m_value) : std::nullopt});
-    }
+    for (const Entity& constituent : set.GetEntities("MaterialConstituents"))
+        use.shares.push_back({.material = IndexOf(constituent.GetEntity("Material")),
+                              .fraction = constituent.GetReal("Fraction"),
+                              .constituent = constituent.GetText("Name")});
     return use;
 }
 
-std::size_t Materials::IndexOf(const std::shared_ptr<IfcMaterial>& material) {
-    if (!material) return WithoutMaterial();
-    if (const auto known = byEntity.find(material.get()); known != byEntity.end()) return known->second;
-    std::string name = model.Text(material->m_Name);
-    if (name.empty()) name = NoMaterialName;
-    const auto density = DensityOf(*material);
-    const auto [place, isNew] = byName.emplace(name, building.materials.size());
-    if (isNew) building.materials.push_back({name, std::nullopt});
-    ImportedMaterial& entry = building.materials[place->second];
+std::size_t Materials::IndexOf(const Entity& material) {
+    if (material.IsNone()) return WithoutMaterial();
+    if (const auto known = byEntity.find(material); known != byEntity.end()) return known->second;
+    const std::string name = material.GetText("Name");
+    const auto density = DensityOf(material);
+    const std::size_t index = IndexOfName(name);
+    ImportedMaterial& entry = building.materials[index];
     if (density && entry.densityKgPerM3 && std::abs(*density - *entry.densityKgPerM3) > 1e-6 * *density) {
         building.warnings.push_back("The material " + name + " has two densities; the first is used.");
     }
     if (!entry.densityKgPerM3) entry.densityKgPerM3 = density;
-    byEntity.emplace(material.get(), place->second);
-    return place->second;
+    byEntity.emplace(material, index);
+    return index;
 }
 
-std::optional<double> Materials::DensityOf(const IfcMaterial& material) const {
-    std::optional<double> density;
-    for (const auto& set : Alive<IfcMaterialProperties>(material.m_HasProperties_inverse)) {
-        for (const auto& property : set->m_Properties) {
-            const auto single = std::dynamic_pointer_cast<IfcPropertySingleValue>(property);
-            if (!single || density || model.Text(single->m_Name) != "MassDensity") continue;
-            const auto number = NumberOf(single->m_NominalValue);
-            if (number) density = *number * UnitFactor(single->m_Unit).value_or(units.densityKgPerM3);
+/// By a property of the material, or by the older schema's attribute.
+std::optional<double> Materials::StatedDensity(const Entity& material) const {
+    std::optional<double> inOldSchema;
+    for (const Entity& set : model.GetReferencing(material, "IfcMaterialProperties", "Material")) {
+        std::vector<Entity> properties = set.GetEntities("Properties");
+        for (const Entity& property : set.GetEntities("ExtendedProperties"))
+            properties.push_back(property);
+        for (const Entity& property : properties) {
+            const auto number = property.GetReal("NominalValue");
+            if (!number || property.GetText("Name") != "MassDensity") continue;
+            return *number * UnitFactor(property.GetEntity("Unit")).value_or(units.densityKgPerM3);
         }
+        if (const auto number = set.GetReal("MassDensity")) inOldSchema = *number * units.densityKgPerM3;
     }
-    if (!density) {
-        const auto old = oldDensities.find(material.m_entity_id);
-        if (old != oldDensities.end()) density = old->second;
-    }
+    return inOldSchema;
+}
+
+std::optional<double> Materials::DensityOf(const Entity& material) const {
+    const auto density = StatedDensity(material);
     if (!density || *density == 0.0) return std::nullopt;
     if (*density > 0.0 && *density <= heaviestKgPerM3) return density;
-    building.warnings.push_back("The density of the material " + model.Text(material.m_Name) + " (" +
+    building.warnings.push_back("The density of the material " + material.GetText("Name") + " (" +
                                 std::to_string(*density) + " kg/m3) cannot be right and is not used.");
     return std::nullopt;
 }

@@ -1,182 +1,141 @@
 #include "Quantities.h"
 
-#include <cmath>
-
-#include <ifcpp/IFC4/include/IfcAreaMeasure.h>
-#include <ifcpp/IFC4/include/IfcBuilding.h>
-#include <ifcpp/IFC4/include/IfcElementQuantity.h>
-#include <ifcpp/IFC4/include/IfcIdentifier.h>
-#include <ifcpp/IFC4/include/IfcLabel.h>
-#include <ifcpp/IFC4/include/IfcLengthMeasure.h>
-#include <ifcpp/IFC4/include/IfcNamedUnit.h>
-#include <ifcpp/IFC4/include/IfcProperty.h>
-#include <ifcpp/IFC4/include/IfcPropertySet.h>
-#include <ifcpp/IFC4/include/IfcPropertySetDefinitionSet.h>
-#include <ifcpp/IFC4/include/IfcPropertySingleValue.h>
-#include <ifcpp/IFC4/include/IfcQuantityArea.h>
-#include <ifcpp/IFC4/include/IfcQuantityLength.h>
-#include <ifcpp/IFC4/include/IfcQuantityVolume.h>
-#include <ifcpp/IFC4/include/IfcRelAggregates.h>
-#include <ifcpp/IFC4/include/IfcRelDefinesByProperties.h>
-#include <ifcpp/IFC4/include/IfcSpace.h>
-#include <ifcpp/IFC4/include/IfcUnit.h>
-#include <ifcpp/IFC4/include/IfcValue.h>
-#include <ifcpp/IFC4/include/IfcVolumeMeasure.h>
+#include <algorithm>
+#include <cstdint>
+#include <iterator>
+#include <string_view>
 
 namespace workbench::ifc {
 namespace {
 
-using Quantities = std::map<std::string, double>;
-
-class QuantityReader {
-public:
-    QuantityReader(const LibraryModel& model, const UnitFactors& units) : model(model), units(units) {}
-
-    void Read(const IfcPropertySetDefinition& set, QuantityPlaces places) {
-        if (const auto* quantities = dynamic_cast<const IfcElementQuantity*>(&set)) {
-            for (const auto& quantity : quantities->m_Quantities)
-                Read(quantity.get());
-        }
-        const auto* properties = dynamic_cast<const IfcPropertySet*>(&set);
-        if (properties == nullptr || places == QuantityPlaces::QuantitySets) return;
-        for (const auto& property : properties->m_HasProperties)
-            Read(dynamic_cast<const IfcPropertySingleValue*>(property.get()));
-    }
-
-    Quantities fromQuantities;
-    Quantities fromProperties;
-
-private:
-    void Read(const IfcPhysicalQuantity* quantity) {
-        if (const auto* volume = dynamic_cast<const IfcQuantityVolume*>(quantity)) {
-            Put(*volume, volume->m_VolumeValue, units.volumeM3);
-        } else if (const auto* area = dynamic_cast<const IfcQuantityArea*>(quantity)) {
-            Put(*area, area->m_AreaValue, units.areaM2);
-        } else if (const auto* length = dynamic_cast<const IfcQuantityLength*>(quantity)) {
-            Put(*length, length->m_LengthValue, units.lengthM);
-        }
-    }
-
-    template <class Measure>
-    void Put(const IfcPhysicalSimpleQuantity& quantity, const std::shared_ptr<Measure>& measure, double projectFactor) {
-        if (!measure) return;
-        const double value = measure->m_value * UnitFactor(quantity.m_Unit).value_or(projectFactor);
-        if (std::isfinite(value)) fromQuantities.emplace(model.Text(quantity.m_Name), value);
-    }
-
-    void Read(const IfcPropertySingleValue* property) {
-        if (property == nullptr) return;
-        const auto number = NumberOf(property->m_NominalValue);
-        if (!number) return;
-        const IfcValue* value = property->m_NominalValue.get();
-        const double projectFactor = dynamic_cast<const IfcVolumeMeasure*>(value) != nullptr   ? units.volumeM3
-                                     : dynamic_cast<const IfcAreaMeasure*>(value) != nullptr   ? units.areaM2
-                                     : dynamic_cast<const IfcLengthMeasure*>(value) != nullptr ? units.lengthM
-                                                                                               : 1.0;
-        const double si = *number * UnitFactor(property->m_Unit).value_or(projectFactor);
-        if (std::isfinite(si)) fromProperties.emplace(model.Text(property->m_Name), si);
-    }
-
-    const LibraryModel& model;
-    const UnitFactors& units;
+/// In the order of trust.
+enum class SetGroup : std::uint8_t {
+    Standard,      ///< "Qto_..."
+    Base,          ///< "BaseQuantities"
+    Nameless,      ///< of one program's older editions
+    Plain,         ///< "Quantities"
+    OtherQuantity, ///< quantity sets of other names; only the standard's names count
+    Dimensions,    ///< property sets of sizes, in several languages
+    Common,        ///< property sets of the standard
+    Rounded,       ///< values with one decimal
+    Unknown
 };
 
-std::optional<double> Pick(const Quantities& quantities, const std::string& name) {
-    const auto found = quantities.find(name);
-    return found != quantities.end() ? PlausibleQuantity(found->second) : std::nullopt;
+SetGroup GroupOf(const StatedValue& value) {
+    const std::string_view set = value.set;
+    if (set == "tekla quantity") return SetGroup::Rounded;
+    if (IsOfDimensions(value)) return SetGroup::Dimensions;
+    if (value.isProperty) {
+        const bool isCommon = set == "pset_roofcommon" || set == "pset_coveringcommon";
+        return isCommon ? SetGroup::Common : SetGroup::Unknown;
+    }
+    if (set.starts_with("qto_")) return SetGroup::Standard;
+    if (set == "basequantities") return SetGroup::Base;
+    if (set.empty()) return SetGroup::Nameless;
+    return set == "quantities" ? SetGroup::Plain : SetGroup::OtherQuantity;
 }
 
-/// A space that is part of another space is counted with it.
-bool IsPartOfSpace(const IfcSpace& space) {
-    for (const auto& whole : Alive<IfcRelAggregates>(space.m_Decomposes_inverse)) {
-        if (std::dynamic_pointer_cast<IfcSpace>(whole->m_RelatingObject)) return true;
-    }
-    return false;
+using Target = std::optional<double> StatedQuantities::*;
+
+/// What a name means in the sets from one group to another.
+struct NameRow {
+    std::string_view name;
+    Measure measure;
+    SetGroup first, last;
+    Target target;
+    AreaRule rule = AreaRule::None; ///< for areas: of which elements
+};
+
+constexpr SetGroup Standard = SetGroup::Standard;
+constexpr SetGroup Nameless = SetGroup::Nameless;
+constexpr SetGroup OtherQuantity = SetGroup::OtherQuantity;
+constexpr SetGroup Dimensions = SetGroup::Dimensions;
+constexpr SetGroup Common = SetGroup::Common;
+constexpr SetGroup Rounded = SetGroup::Rounded;
+using Stated = StatedQuantities;
+
+constexpr NameRow names[] = {
+    {"netvolume", Measure::Volume, Standard, OtherQuantity, &Stated::netVolumeM3},
+    {"grossvolume", Measure::Volume, Standard, OtherQuantity, &Stated::grossVolumeM3},
+    {"netsidearea", Measure::Area, Standard, OtherQuantity, &Stated::netSideAreaM2, AreaRule::Side},
+    {"grosssidearea", Measure::Area, Standard, OtherQuantity, &Stated::grossSideAreaM2, AreaRule::Side},
+    {"netarea", Measure::Area, Standard, OtherQuantity, &Stated::netAreaM2, AreaRule::Plan},
+    {"grossarea", Measure::Area, Standard, OtherQuantity, &Stated::grossAreaM2, AreaRule::Plan},
+    {"grossceilingarea", Measure::Area, SetGroup::Base, SetGroup::Base, &Stated::grossAreaM2, AreaRule::Plan},
+    {"netweight", Measure::Mass, Standard, OtherQuantity, &Stated::netWeightKg},
+    {"volume", Measure::Volume, Nameless, Nameless, &Stated::netVolumeM3},
+    {"horizontal area", Measure::Area, Nameless, Nameless, &Stated::netAreaM2, AreaRule::Plan},
+    {"left face area", Measure::Area, Nameless, Nameless, &Stated::leftFaceAreaM2, AreaRule::Side},
+    {"right face area", Measure::Area, Nameless, Nameless, &Stated::rightFaceAreaM2, AreaRule::Side},
+    {"volume", Measure::Volume, Dimensions, Dimensions, &Stated::netVolumeM3},
+    {"体積", Measure::Volume, Dimensions, Dimensions, &Stated::netVolumeM3},
+    {"体积", Measure::Volume, Dimensions, Dimensions, &Stated::netVolumeM3},
+    {"area", Measure::Area, Dimensions, Dimensions, &Stated::netSideAreaM2, AreaRule::Side},
+    {"面積", Measure::Area, Dimensions, Dimensions, &Stated::netSideAreaM2, AreaRule::Side},
+    {"面积", Measure::Area, Dimensions, Dimensions, &Stated::netSideAreaM2, AreaRule::Side},
+    {"area", Measure::Area, Dimensions, Dimensions, &Stated::netAreaM2, AreaRule::Plan},
+    {"面積", Measure::Area, Dimensions, Dimensions, &Stated::netAreaM2, AreaRule::Plan},
+    {"面积", Measure::Area, Dimensions, Dimensions, &Stated::netAreaM2, AreaRule::Plan},
+    {"totalarea", Measure::Area, Common, Common, &Stated::netAreaM2, AreaRule::Plan},
+    {"totalthickness", Measure::Length, Common, Common, &Stated::thicknessM},
+    {"volume", Measure::Volume, Rounded, Rounded, &Stated::roundedVolumeM3},
+};
+
+const NameRow* RowOf(const StatedValue& value, SetGroup group, AreaRule rule) {
+    const auto found = std::find_if(std::begin(names), std::end(names), [&](const NameRow& row) {
+        return row.name == value.name && row.measure == value.measure && row.first <= group && group <= row.last &&
+               (row.rule == AreaRule::None || row.rule == rule);
+    });
+    return found == std::end(names) ? nullptr : found;
 }
 
-std::optional<double> BuildingArea(const LibraryModel& model, const UnitFactors& units) {
-    std::optional<double> sum;
-    for (const ModelEntity& found : model.Entities()) {
-        if (found.role != EntityRole::Building) continue;
-        const auto& building = dynamic_cast<const IfcBuilding&>(*found.entity);
-        const Quantities quantities = ReadQuantities(model, units, building, QuantityPlaces::QuantitySetsAndProperties);
-        if (const auto area = Pick(quantities, "GrossFloorArea")) sum = sum.value_or(0.0) + *area;
-    }
-    return sum;
+/// By trust, those of one group in their order.
+std::vector<const StatedValue*> ByTrust(const std::vector<StatedValue>& values) {
+    std::vector<const StatedValue*> ordered;
+    for (const StatedValue& value : values)
+        ordered.push_back(&value);
+    std::stable_sort(ordered.begin(), ordered.end(),
+                     [](const StatedValue* a, const StatedValue* b) { return GroupOf(*a) < GroupOf(*b); });
+    return ordered;
+}
+
+/// The side area of a wall whose two faces are stated.
+void TakeFaces(StatedQuantities& stated) {
+    if (stated.netSideAreaM2 || !stated.leftFaceAreaM2 || !stated.rightFaceAreaM2) return;
+    stated.netSideAreaM2 = (*stated.leftFaceAreaM2 + *stated.rightFaceAreaM2) / 2.0;
 }
 
 } // namespace
 
-Quantities ReadQuantities(const LibraryModel& model, const UnitFactors& units, const IfcObject& object,
-                          QuantityPlaces places) {
-    QuantityReader reader(model, units);
-    for (const auto& relation : Alive<IfcRelDefinesByProperties>(object.m_IsDefinedBy_inverse)) {
-        const auto* definition = relation->m_RelatingPropertyDefinition.get();
-        if (const auto* single = dynamic_cast<const IfcPropertySetDefinition*>(definition)) {
-            reader.Read(*single, places);
-        } else if (const auto* several = dynamic_cast<const IfcPropertySetDefinitionSet*>(definition)) {
-            for (const auto& set : several->m_vec) {
-                if (set) reader.Read(*set, places);
-            }
-        }
-    }
-    reader.fromQuantities.merge(reader.fromProperties);
-    return std::move(reader.fromQuantities);
-}
-
-StatedQuantities PickStated(const Quantities& quantities, AreaRule rule, const std::string& whose,
+StatedQuantities PickStated(const std::vector<StatedValue>& values, AreaRule rule, const std::string& whose,
                             std::vector<std::string>& warnings) {
-    const auto pick = [&](const char* name) -> std::optional<double> {
-        const auto found = quantities.find(name);
-        if (found == quantities.end()) return std::nullopt;
-        const auto plausible = PlausibleQuantity(found->second);
-        if (!plausible && found->second != 0.0) {
-            warnings.push_back("The stated " + std::string(name) + " of " + whose + " (" +
-                               std::to_string(found->second) +
+    StatedQuantities stated;
+    for (const StatedValue* value : ByTrust(values)) {
+        const NameRow* row = RowOf(*value, GroupOf(*value), rule);
+        if (!row || stated.*row->target) continue;
+        stated.*row->target = PlausibleQuantity(value->value);
+        if (!(stated.*row->target) && value->value != 0.0) {
+            warnings.push_back("The stated " + value->writtenName + " of " + whose + " (" +
+                               std::to_string(value->value) +
                                ") is no quantity of a building element and is not used.");
         }
-        return plausible;
-    };
-    StatedQuantities stated;
-    stated.netVolumeM3 = pick("NetVolume");
-    stated.grossVolumeM3 = pick("GrossVolume");
-    if (rule == AreaRule::Side) {
-        stated.netSideAreaM2 = pick("NetSideArea");
-        stated.grossSideAreaM2 = pick("GrossSideArea");
-    } else if (rule == AreaRule::Plan) {
-        stated.netAreaM2 = pick("NetArea");
-        stated.grossAreaM2 = pick("GrossArea");
     }
+    TakeFaces(stated);
     return stated;
 }
 
-void ReadFloorArea(const LibraryModel& model, const UnitFactors& units, ImportedBuilding& building) {
-    if (const auto area = BuildingArea(model, units)) {
-        building.grossFloorAreaM2 = area;
-        building.grossFloorAreaSource = FloorAreaSource::Building;
-        return;
+OpeningSize PickOpeningSize(const std::vector<StatedValue>& values) {
+    OpeningSize size;
+    const auto take = [](std::optional<double>& place, double value) {
+        if (!place) place = PlausibleQuantity(value);
+    };
+    for (const StatedValue* value : ByTrust(values)) {
+        if (GroupOf(*value) > SetGroup::OtherQuantity) continue;
+        if (value->measure == Measure::Length && value->name == "width") take(size.widthM, value->value);
+        if (value->measure == Measure::Length && value->name == "height") take(size.heightM, value->value);
+        if (value->measure == Measure::Area && value->name == "area") take(size.areaM2, value->value);
     }
-    double sum = 0.0;
-    int gross = 0;
-    int net = 0;
-    for (const ModelEntity& found : model.Entities()) {
-        if (found.role != EntityRole::Space) continue;
-        const auto& space = dynamic_cast<const IfcSpace&>(*found.entity);
-        if (IsPartOfSpace(space)) continue;
-        const Quantities quantities = ReadQuantities(model, units, space, QuantityPlaces::QuantitySetsAndProperties);
-        if (const auto area = Pick(quantities, "GrossFloorArea")) {
-            sum += *area;
-            ++gross;
-        } else if (const auto inner = Pick(quantities, "NetFloorArea")) {
-            sum += *inner;
-            ++net;
-        }
-    }
-    if (gross + net == 0) return;
-    building.grossFloorAreaM2 = sum;
-    building.grossFloorAreaSource = net == 0     ? FloorAreaSource::SpacesGross
-                                    : gross == 0 ? FloorAreaSource::SpacesNet
-                                                 : FloorAreaSource::SpacesMixed;
+    return size;
 }
 
 } // namespace workbench::ifc

@@ -1,145 +1,110 @@
 #include "Units.h"
 
+#include <algorithm>
 #include <cmath>
-
-#include <ifcpp/IFC4/include/IfcAreaMeasure.h>
-#include <ifcpp/IFC4/include/IfcConversionBasedUnit.h>
-#include <ifcpp/IFC4/include/IfcDerivedUnit.h>
-#include <ifcpp/IFC4/include/IfcDerivedUnitElement.h>
-#include <ifcpp/IFC4/include/IfcDerivedUnitEnum.h>
-#include <ifcpp/IFC4/include/IfcInteger.h>
-#include <ifcpp/IFC4/include/IfcLengthMeasure.h>
-#include <ifcpp/IFC4/include/IfcMassDensityMeasure.h>
-#include <ifcpp/IFC4/include/IfcMassMeasure.h>
-#include <ifcpp/IFC4/include/IfcMeasureWithUnit.h>
-#include <ifcpp/IFC4/include/IfcNumericMeasure.h>
-#include <ifcpp/IFC4/include/IfcPlaneAngleMeasure.h>
-#include <ifcpp/IFC4/include/IfcProject.h>
-#include <ifcpp/IFC4/include/IfcRatioMeasure.h>
-#include <ifcpp/IFC4/include/IfcReal.h>
-#include <ifcpp/IFC4/include/IfcSIPrefix.h>
-#include <ifcpp/IFC4/include/IfcSIUnit.h>
-#include <ifcpp/IFC4/include/IfcSIUnitName.h>
-#include <ifcpp/IFC4/include/IfcUnitAssignment.h>
-#include <ifcpp/IFC4/include/IfcUnitEnum.h>
-#include <ifcpp/IFC4/include/IfcValue.h>
-#include <ifcpp/IFC4/include/IfcVolumeMeasure.h>
+#include <iterator>
 
 namespace workbench::ifc {
 namespace {
 
+using entities::Entity;
+
 constexpr int deepestConversion = 8;
 
-double PrefixFactor(const std::shared_ptr<IfcSIPrefix>& prefix) {
-    // In the order of the library's enumeration, from exa to atto.
-    constexpr double factors[] = {1e18, 1e15, 1e12, 1e9,  1e6,  1e3,   1e2,   1e1,
-                                  1e-1, 1e-2, 1e-3, 1e-6, 1e-9, 1e-12, 1e-15, 1e-18};
-    return prefix && prefix->m_enum <= IfcSIPrefix::ENUM_ATTO ? factors[prefix->m_enum] : 1.0;
+struct Prefix {
+    std::string_view name;
+    double factor;
+};
+
+constexpr Prefix prefixes[] = {{"EXA", 1e18},  {"PETA", 1e15},  {"TERA", 1e12},   {"GIGA", 1e9},
+                               {"MEGA", 1e6},  {"KILO", 1e3},   {"HECTO", 1e2},   {"DECA", 1e1},
+                               {"DECI", 1e-1}, {"CENTI", 1e-2}, {"MILLI", 1e-3},  {"MICRO", 1e-6},
+                               {"NANO", 1e-9}, {"PICO", 1e-12}, {"FEMTO", 1e-15}, {"ATTO", 1e-18}};
+
+double PrefixFactor(std::string_view name) {
+    const auto found = std::find_if(std::begin(prefixes), std::end(prefixes),
+                                    [&](const Prefix& prefix) { return prefix.name == name; });
+    return found == std::end(prefixes) ? 1.0 : found->factor;
 }
 
-double SIFactor(const IfcSIUnit& unit) {
-    const double prefix = PrefixFactor(unit.m_Prefix);
-    if (!unit.m_Name) return prefix;
-    switch (unit.m_Name->m_enum) {
-    case IfcSIUnitName::ENUM_SQUARE_METRE:
-        return prefix * prefix; // the prefix belongs to the metre
-    case IfcSIUnitName::ENUM_CUBIC_METRE:
-        return prefix * prefix * prefix;
-    case IfcSIUnitName::ENUM_GRAM:
-        return prefix * 1e-3;
-    default:
-        return prefix;
+double SIFactor(const Entity& unit) {
+    const double prefix = PrefixFactor(unit.Get("Prefix").GetEnumeration());
+    const std::string_view name = unit.Get("Name").GetEnumeration();
+    if (name == "SQUARE_METRE") return prefix * prefix; // the prefix belongs to the metre
+    if (name == "CUBIC_METRE") return prefix * prefix * prefix;
+    return name == "GRAM" ? prefix * 1e-3 : prefix;
+}
+
+std::optional<double> UsableFactor(double factor) {
+    return std::isfinite(factor) && factor > 0.0 ? std::optional(factor) : std::nullopt;
+}
+
+std::optional<double> Factor(const Entity& unit, int depth);
+
+std::optional<double> ConvertedFactor(const Entity& unit, int depth) {
+    const Entity measure = unit.GetEntity("ConversionFactor");
+    const auto number = measure.GetReal("ValueComponent");
+    const auto base = Factor(measure.GetEntity("UnitComponent"), depth - 1);
+    return number && base ? UsableFactor(*number * *base) : std::nullopt;
+}
+
+std::optional<double> DerivedFactor(const Entity& unit, int depth) {
+    double product = 1.0;
+    for (const Entity& element : unit.GetEntities("Elements")) {
+        const auto factor = Factor(element.GetEntity("Unit"), depth - 1);
+        if (!factor) return std::nullopt;
+        product *= std::pow(*factor, element.GetReal("Exponent").value_or(0.0));
     }
+    return UsableFactor(product);
 }
 
-template <class... Measures>
-std::optional<double> FirstOf(const IfcValue* value) {
-    std::optional<double> number;
-    const auto take = [&](const auto* measure) {
-        if (measure && !number) number = static_cast<double>(measure->m_value);
-    };
-    (take(dynamic_cast<const Measures*>(value)), ...);
-    return number;
-}
-
-std::optional<double> Factor(const std::shared_ptr<IfcUnit>& unit, int depth) {
-    if (const auto si = std::dynamic_pointer_cast<IfcSIUnit>(unit)) return SIFactor(*si);
+std::optional<double> Factor(const Entity& unit, int depth) {
+    if (unit.IsA("IfcSIUnit")) return SIFactor(unit);
     if (depth == 0) return std::nullopt;
-    if (const auto converted = std::dynamic_pointer_cast<IfcConversionBasedUnit>(unit)) {
-        const auto& measure = converted->m_ConversionFactor;
-        const auto number = measure ? NumberOf(measure->m_ValueComponent) : std::nullopt;
-        const auto base = measure ? Factor(measure->m_UnitComponent, depth - 1) : std::nullopt;
-        const double factor = number && base ? *number * *base : 0.0;
-        return std::isfinite(factor) && factor > 0.0 ? std::optional(factor) : std::nullopt;
-    }
-    if (const auto derived = std::dynamic_pointer_cast<IfcDerivedUnit>(unit)) {
-        double product = 1.0;
-        for (const auto& element : derived->m_Elements) {
-            const auto factor = element ? Factor(element->m_Unit, depth - 1) : std::nullopt;
-            if (!factor) return std::nullopt;
-            product *= std::pow(*factor, element->m_Exponent);
-        }
-        return std::isfinite(product) && product > 0.0 ? std::optional(product) : std::nullopt;
-    }
-    return std::nullopt;
+    if (unit.IsA("IfcConversionBasedUnit")) return ConvertedFactor(unit, depth);
+    return unit.IsA("IfcDerivedUnit") ? DerivedFactor(unit, depth) : std::nullopt;
 }
 
 struct NamedFactors {
-    std::optional<double> length, area, volume, density, angle;
+    std::optional<double> length, area, volume, mass, density, angle;
 };
 
-void Take(const std::shared_ptr<IfcUnit>& unit, NamedFactors& named) {
-    const auto factor = UnitFactor(unit);
-    if (const auto simple = std::dynamic_pointer_cast<IfcNamedUnit>(unit); simple && simple->m_UnitType) {
-        switch (simple->m_UnitType->m_enum) {
-        case IfcUnitEnum::ENUM_LENGTHUNIT:
-            named.length = factor;
-            break;
-        case IfcUnitEnum::ENUM_AREAUNIT:
-            named.area = factor;
-            break;
-        case IfcUnitEnum::ENUM_VOLUMEUNIT:
-            named.volume = factor;
-            break;
-        case IfcUnitEnum::ENUM_PLANEANGLEUNIT:
-            named.angle = factor;
-            break;
-        default:
-            break;
+struct NamedUnit {
+    std::string_view type;
+    std::optional<double> NamedFactors::*factor;
+};
+
+constexpr NamedUnit namedUnits[] = {
+    {"LENGTHUNIT", &NamedFactors::length},       {"AREAUNIT", &NamedFactors::area},
+    {"VOLUMEUNIT", &NamedFactors::volume},       {"MASSUNIT", &NamedFactors::mass},
+    {"MASSDENSITYUNIT", &NamedFactors::density}, {"PLANEANGLEUNIT", &NamedFactors::angle}};
+
+NamedFactors ReadNamed(const entities::Model& model) {
+    NamedFactors named;
+    for (const Entity& project : model.GetAll("IfcProject")) {
+        for (const Entity& unit : project.GetEntity("UnitsInContext").GetEntities("Units")) {
+            for (const NamedUnit& row : namedUnits) {
+                if (unit.Get("UnitType").GetEnumeration() == row.type) named.*row.factor = UnitFactor(unit);
+            }
         }
     }
-    if (const auto derived = std::dynamic_pointer_cast<IfcDerivedUnit>(unit); derived && derived->m_UnitType) {
-        if (derived->m_UnitType->m_enum == IfcDerivedUnitEnum::ENUM_MASSDENSITYUNIT) named.density = factor;
-    }
+    return named;
 }
 
 } // namespace
 
-std::optional<double> UnitFactor(const std::shared_ptr<IfcUnit>& unit) {
+std::optional<double> UnitFactor(const Entity& unit) {
     return Factor(unit, deepestConversion);
 }
 
-std::optional<double> NumberOf(const std::shared_ptr<IfcValue>& value) {
-    const auto number =
-        FirstOf<IfcLengthMeasure, IfcAreaMeasure, IfcVolumeMeasure, IfcRatioMeasure, IfcReal, IfcInteger,
-                IfcMassDensityMeasure, IfcMassMeasure, IfcNumericMeasure, IfcPlaneAngleMeasure>(value.get());
-    return number && std::isfinite(*number) ? number : std::nullopt;
-}
-
-UnitFactors ReadUnits(const LibraryModel& model, std::vector<std::string>& warnings) {
-    NamedFactors named;
-    for (const ModelEntity& found : model.Entities()) {
-        if (found.role != EntityRole::Project) continue;
-        const auto project = std::dynamic_pointer_cast<IfcProject>(found.entity);
-        if (!project->m_UnitsInContext) continue;
-        for (const auto& unit : project->m_UnitsInContext->m_Units)
-            Take(unit, named);
-    }
+UnitFactors ReadUnits(const entities::Model& model, std::vector<std::string>& warnings) {
+    const NamedFactors named = ReadNamed(model);
     if (!named.length) warnings.emplace_back("The file names no length unit that can be read; metres are taken.");
     UnitFactors factors;
     factors.lengthM = named.length.value_or(1.0);
     factors.areaM2 = named.area.value_or(factors.lengthM * factors.lengthM);
     factors.volumeM3 = named.volume.value_or(factors.lengthM * factors.lengthM * factors.lengthM);
+    factors.massKg = named.mass.value_or(1.0);
     factors.densityKgPerM3 = named.density.value_or(1.0);
     factors.angleRad = named.angle.value_or(1.0);
     if (!named.area) warnings.emplace_back("The file names no area unit; the square of its length unit is taken.");

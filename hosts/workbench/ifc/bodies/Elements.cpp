@@ -1,0 +1,130 @@
+#include "workbench/ifc/bodies/Elements.h"
+
+#include <algorithm>
+#include <cstdio>
+
+#include "workbench/ifc/bodies/CutterRemarks.h"
+#include "workbench/ifc/bodies/Placements.h"
+
+namespace workbench::bodies {
+namespace {
+
+using entities::Entity;
+using geometry::BodyStatus;
+using geometry::Transform;
+
+constexpr std::string_view SolidTypes[] = {"SweptSolid", "AdvancedSweptSolid",   "Clipping",     "CSG",
+                                           "Brep",       "AdvancedBrep",         "Tessellation", "SurfaceModel",
+                                           "SolidModel", "MappedRepresentation", "BoundingBrep", "FaceBasedSurface"};
+constexpr std::string_view OtherNames[] = {"Axis",      "Box",       "FootPrint", "Annotation", "Profile",
+                                           "Clearance", "Reference", "CoG",       "Plan",       "Surface"};
+
+template <std::size_t Count>
+bool IsAmong(const std::string& text, const std::string_view (&names)[Count]) {
+    return std::find(std::begin(names), std::end(names), text) != std::end(names);
+}
+
+std::string NameOf(const Entity& representation) {
+    return representation.GetText("RepresentationIdentifier");
+}
+
+bool IsBody(const Entity& representation) {
+    return NameOf(representation) == "Body";
+}
+bool IsFacetted(const Entity& representation) {
+    return NameOf(representation) == "Facetation" || NameOf(representation) == "Tessellation";
+}
+bool IsNameless(const Entity& representation) {
+    return NameOf(representation).empty();
+}
+bool IsOfSolids(const Entity& representation) {
+    return IsAmong(representation.GetText("RepresentationType"), SolidTypes) &&
+           !IsAmong(NameOf(representation), OtherNames);
+}
+
+/// Opening in the element's coordinates.
+Transform Between(const Context& context, const Entity& element, const Entity& opening) {
+    return Combine(Inverse(ReadProductPlacement(context, element)), ReadProductPlacement(context, opening));
+}
+
+} // namespace
+
+std::vector<Entity> FindBodies(const Entity& product) {
+    const std::vector<Entity> all = product.GetEntity("Representation").GetEntities("Representations");
+    for (const auto& isWanted : {IsBody, IsFacetted, IsNameless, IsOfSolids}) {
+        std::vector<Entity> bodies;
+        std::copy_if(all.begin(), all.end(), std::back_inserter(bodies), isWanted);
+        if (!bodies.empty()) return bodies;
+    }
+    return {};
+}
+
+ElementBody ElementReader::ReadOwn(const Entity& product, Detail detail) {
+    ElementBody read;
+    std::size_t nested = 0;
+    const Context context{model, units, read.remarks, nested};
+    for (const Entity& representation : FindBodies(product))
+        read.body = Together(std::move(read.body), items.ReadAll(context, representation, detail));
+    return read;
+}
+
+/// Those that have a body.
+std::vector<Entity> ElementReader::FindOpenings(const Entity& element) const {
+    std::vector<Entity> openings;
+    for (const Entity& relation : model.GetReferencing(element, "IfcRelVoidsElement", "RelatingBuildingElement")) {
+        const Entity opening = relation.GetEntity("RelatedOpeningElement");
+        if (!FindBodies(opening).empty()) openings.push_back(opening);
+    }
+    return openings;
+}
+
+void ElementReader::TakeOpenings(const Entity& element, ElementBody& read) {
+    std::size_t nested = 0;
+    const Context context{model, units, read.remarks, nested};
+    std::vector<geometry::Body> cutters;
+    for (const Entity& opening : FindOpenings(element)) {
+        ElementBody cutter = ReadOwn(opening, Detail::Full);
+        read.remarks.merge(cutter.remarks);
+        cutters.push_back(Transformed(std::move(cutter.body), Between(context, element, opening)));
+    }
+    if (cutters.empty() || read.body.solids.empty()) return;
+    geometry::Subtraction result = geometry::SubtractOpenings(read.body, cutters);
+    RemarkOnCutters(read.remarks, result.uses, "An opening");
+    read.body = std::move(result.body);
+}
+
+ElementBody ElementReader::Read(const Entity& element) {
+    ElementBody read = ReadOwn(element, Detail::Full);
+    TakeOpenings(element, read);
+    return read;
+}
+
+UncutVolume ElementReader::ReadUncut(const Entity& element) {
+    UncutVolume uncut{GetVolumeM3(ReadOwn(element, Detail::Uncut).body), 0.0};
+    for (const Entity& opening : FindOpenings(element))
+        uncut.openingsM3 += GetVolumeM3(ReadOwn(opening, Detail::Uncut).body);
+    return uncut;
+}
+
+std::string DescribeMethod(const geometry::Body& body) {
+    switch (body.status) {
+    case BodyStatus::Empty:
+        return "no body";
+    case BodyStatus::Solid:
+        return "closed faces";
+    case BodyStatus::ClosedByCaps: {
+        char text[80];
+        std::snprintf(text, sizeof text, "closed by faces of our own, %.3g m2", body.capAreaM2);
+        return text;
+    }
+    case BodyStatus::TwoSided:
+        return "two sides of a plate";
+    case BodyStatus::OpenSurface:
+        return "open surface";
+    case BodyStatus::GivenUp:
+        return "given up";
+    }
+    return {};
+}
+
+} // namespace workbench::bodies

@@ -1,0 +1,47 @@
+// The body of an element with its openings taken out, and what can be said of how it came about.
+#pragma once
+
+#include "workbench/ifc/bodies/Items.h"
+
+namespace workbench::bodies {
+
+struct ElementBody {
+    geometry::Body body; ///< in the element's own coordinates, metres
+    Remarks remarks;
+};
+
+/// What can be said of an element's volume without cutting anything.
+struct UncutVolume {
+    double wholeM3 = 0.0;    ///< without openings and clippings
+    double openingsM3 = 0.0; ///< of all openings, as if they lay apart and wholly within the element
+};
+
+/// Of the file's representations of PRODUCT those that are its body: named Body; else Facetation or Tessellation; else
+/// those without a name; else those of a type for solids that are not named as something else.
+[[nodiscard]] std::vector<entities::Entity> FindBodies(const entities::Entity& product);
+
+class ElementReader {
+public:
+    /// MODEL must outlive the reader.
+    ElementReader(const entities::Model& model, Units units) : model(model), units(units) {}
+
+    /// All openings taken out.
+    [[nodiscard]] ElementBody Read(const entities::Entity& element);
+
+    /// Takes a fraction of the time.
+    [[nodiscard]] UncutVolume ReadUncut(const entities::Entity& element);
+
+private:
+    ElementBody ReadOwn(const entities::Entity& product, Detail detail);
+    [[nodiscard]] std::vector<entities::Entity> FindOpenings(const entities::Entity& element) const;
+    void TakeOpenings(const entities::Entity& element, ElementBody& body);
+
+    const entities::Model& model;
+    Units units;
+    ItemReader items;
+};
+
+/// How the body's volume came about: "closed faces".
+[[nodiscard]] std::string DescribeMethod(const geometry::Body& body);
+
+} // namespace workbench::bodies
