@@ -8,6 +8,7 @@
 
 #include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
+#include "workbench/ifc/Origins.h"
 #include "workbench/ifc/StepText.h"
 
 namespace workbench::ifc {
@@ -84,6 +85,7 @@ private:
             building.warnings.emplace_back(
                 "The geometry of too many elements cannot be computed; only stated quantities are used.");
         }
+        DescribeOrigins(building);
         if (progress && !progress(1.0)) cancelled = true;
         return cancelled ? Cancel() : ImportResult(std::move(building));
     }

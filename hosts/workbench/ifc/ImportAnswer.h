@@ -25,7 +25,7 @@
 
 namespace workbench::ifc {
 
-inline constexpr std::uint16_t AnswerVersion = 1;
+inline constexpr std::uint16_t AnswerVersion = 2;
 inline constexpr std::size_t FrameHeaderSize = 24;
 inline constexpr std::uint64_t LongestPayload = std::uint64_t(1) << 31;
 
