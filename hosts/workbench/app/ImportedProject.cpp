@@ -23,10 +23,16 @@ host::BuildingMaterial MakeMaterial(const ifc::ImportedMaterial& source, std::si
     return material;
 }
 
-host::Guid MakeGuid(const ifc::ImportedElement& source, std::vector<std::string>& warnings) {
+Finding MakeFinding(const char* kind, const std::string& sentence, const ifc::ImportedElement& source) {
+    return {kind, "elements", NameElement(source.globalId, source.ifcType, source.name), sentence, source.volumeM3};
+}
+
+host::Guid MakeGuid(const ifc::ImportedElement& source, std::vector<Finding>& warnings) {
     if (const std::optional<host::Guid> guid = ReadGlobalId(source.globalId); guid && !guid->IsNull()) return *guid;
-    warnings.push_back(source.ifcType + " \"" + source.name + "\" has no proper GlobalId (\"" + source.globalId +
-                       "\"); it got a new one");
+    warnings.push_back(MakeFinding("no proper GlobalId, replaced by a new one",
+                                   source.ifcType + " \"" + source.name + "\" has no proper GlobalId (\"" +
+                                       source.globalId + "\"); it got a new one",
+                                   source));
     return host::CreateGuid();
 }
 
@@ -67,7 +73,7 @@ Element MakeElement(const ifc::ImportedElement& source) {
 /// Adds elements with their components; equal origins and the classifications of a type are looked for once.
 class ElementAdder {
 public:
-    ElementAdder(Model& model, std::vector<std::string>& warnings) : model(model), warnings(warnings) {}
+    ElementAdder(Model& model, std::vector<Finding>& warnings) : model(model), warnings(warnings) {}
 
     void Add(const ifc::ImportedElement& source) {
         Element element = MakeElement(source);
@@ -76,8 +82,9 @@ public:
         element.origins = pool.Share(ListOrigins(source));
         TakeComponents(source);
         if (model.AddElement(element, components, thicknessesM)) return;
-        warnings.push_back("GlobalId " + source.globalId + " occurs twice; the later " + source.ifcType +
-                           " got a new one");
+        warnings.push_back(MakeFinding(
+            "GlobalId occurs twice, the later element got a new one",
+            "GlobalId " + source.globalId + " occurs twice; the later " + source.ifcType + " got a new one", source));
         element.guid = host::CreateGuid();
         model.AddElement(std::move(element), components, thicknessesM);
     }
@@ -99,7 +106,7 @@ private:
     }
 
     Model& model;
-    std::vector<std::string>& warnings;
+    std::vector<Finding>& warnings;
     std::map<host::ElementType, host::Guid> classifications;
     OriginPool pool;
     std::vector<host::MaterialComponent> components;
@@ -108,7 +115,7 @@ private:
 
 } // namespace
 
-std::unique_ptr<Project> CreateProject(const ifc::ImportedBuilding& building, std::vector<std::string>& warnings) {
+std::unique_ptr<Project> CreateProject(const ifc::ImportedBuilding& building, std::vector<Finding>& warnings) {
     std::unique_ptr<Project> project = CreateProject();
     AddAttributes(building, project->model);
     ElementAdder adder(project->model, warnings);

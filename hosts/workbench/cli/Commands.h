@@ -30,6 +30,7 @@ struct AssessOptions {
     std::string as;          ///< login of the member as whom the program acts; empty: nobody
     std::string refuse;      ///< name of an operation that the host refuses from the calculation on; empty: none
     bool isStrict = false;
+    bool isVerbose = false; ///< every finding, not the groups
     bool isQuiet = false;
 };
 
@@ -72,7 +73,18 @@ Outcome RunEnergy(const EnergyOptions& options);
 
 /// database  its name; empty: the floor plan
 Outcome RunDrawing(const std::string& model, const std::string& database, const std::string& png);
-Outcome RunInfo(const std::string& model);
+/// isVerbose  every finding, not the groups
+Outcome RunInfo(const std::string& model, bool isVerbose);
+
+struct QuantitiesOptions {
+    std::string model;
+    std::string output; ///< path of a .csv or .json file; empty: the table goes to standard output
+    std::string by;     ///< what to sum by, separated by commas; empty: each part of each element
+    std::string only;   ///< "doubtful"; empty: all elements
+};
+
+Outcome RunQuantities(const QuantitiesOptions& options);
+
 /// output empty: standard output
 Outcome RunMaterials(const std::string& model, const std::string& output);
 Outcome RunRecord(const std::string& project, const std::string& json);

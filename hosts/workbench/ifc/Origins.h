@@ -14,6 +14,9 @@ inline constexpr char OpenShell[] = "computed: open shell";
 inline constexpr char EqualShares[] = "equal shares";
 } // namespace OriginBeginnings
 
+/// What follows it tells of this element alone; overviews leave it out.
+inline constexpr char OriginDetail[] = ";";
+
 /// Fills in the origins of all elements and materials from what the reader program answers: sources of quantities, and
 /// components as they were split.
 void DescribeOrigins(ImportedBuilding& building);
