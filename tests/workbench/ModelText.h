@@ -26,6 +26,11 @@ public:
                 one.text, one.textArray);
     }
 
+    void AddOrigins(const workbench::Origins& origins) {
+        for (const auto& [field, origin] : origins)
+            Add("  origin", field, origin);
+    }
+
     std::ostringstream text;
 
 private:
@@ -47,8 +52,13 @@ private:
         for (const Number number : list)
             text << +number << ' ';
     }
-    void Put(const std::vector<double>& list) {
-        for (const double number : list)
+    template <typename Value>
+    void Put(const std::optional<Value>& value) {
+        if (value) text << *value;
+    }
+    template <typename Number>
+    void Put(const std::vector<Number>& list) {
+        for (const Number number : list)
             text << number << ' ';
     }
     void Put(const host::Variant& value) {
@@ -72,10 +82,21 @@ inline std::string Describe(const workbench::Model& model) {
         text.Add("material", row.index, row.name, row.id, row.densityKgM3, row.cutFill, row.cutFillPen,
                  row.cutFillBackgroundPen, row.cutSurface);
     for (const auto& row : model.GetElements()) {
-        text.Add("element", row.guid, row.type, row.layer, row.classification, row.name, row.kind, row.openingAreaM2);
+        text.Add("element", row.guid, row.type, row.layer, row.classification, row.name, row.kind, row.openingAreaM2,
+                 row.storey, row.statedVolumeM3, row.computedVolumeM3);
+        auto thickness = model.GetThicknesses(row).begin();
         for (const auto& part : model.GetComponents(row))
-            text.Add("  component", part.buildingMaterial, part.volumeM3, part.areaM2);
+            text.Add("  component", part.buildingMaterial, part.volumeM3, part.areaM2, *thickness++);
+        if (row.origins) text.AddOrigins(*row.origins);
     }
+    for (const auto& [material, origins] : model.materialOrigins) {
+        text.Add("origins of", material);
+        text.AddOrigins(origins);
+    }
+    for (const auto& row : model.storeys)
+        text.Add("storey", row.name, row.elevationM);
+    for (const auto& [element, coordinates] : model.triangles)
+        text.Add("triangles", element, coordinates);
     for (const auto& row : model.GetGroups())
         text.Add("group", row.guid, row.name);
     for (const auto& row : model.GetDefinitions()) {

@@ -23,44 +23,104 @@ host::BuildingMaterial MakeMaterial(const ifc::ImportedMaterial& source, std::si
     return material;
 }
 
-host::Guid MakeGuid(const ifc::ImportedElement& source, std::vector<std::string>& warnings) {
+Finding MakeFinding(const char* kind, const std::string& sentence, const ifc::ImportedElement& source) {
+    return {kind, "elements", NameElement(source.globalId, source.ifcType, source.name), sentence, source.volumeM3};
+}
+
+host::Guid MakeGuid(const ifc::ImportedElement& source, std::vector<Finding>& warnings) {
     if (const std::optional<host::Guid> guid = ReadGlobalId(source.globalId); guid && !guid->IsNull()) return *guid;
-    warnings.push_back(source.ifcType + " \"" + source.name + "\" has no proper GlobalId (\"" + source.globalId +
-                       "\"); it got a new one");
+    warnings.push_back(MakeFinding("no proper GlobalId, replaced by a new one",
+                                   source.ifcType + " \"" + source.name + "\" has no proper GlobalId (\"" +
+                                       source.globalId + "\"); it got a new one",
+                                   source));
     return host::CreateGuid();
 }
 
-} // namespace
+Origins ListOrigins(const ifc::ImportedElement& source) {
+    Origins origins;
+    PutOrigin(origins, OriginFields::Volume, source.volumeOrigin);
+    PutOrigin(origins, OriginFields::Area, source.areaOrigin);
+    PutOrigin(origins, OriginFields::Shares, source.sharesOrigin);
+    return origins;
+}
 
-std::unique_ptr<Project> CreateProject(const ifc::ImportedBuilding& building, std::vector<std::string>& warnings) {
-    std::unique_ptr<Project> project = CreateProject();
-    Model& model = project->model;
+void AddAttributes(const ifc::ImportedBuilding& building, Model& model) {
     for (const std::string& layer : building.layers)
         model.AddLayer(layer);
-    for (std::size_t i = 0; i < building.materials.size(); ++i)
-        model.AddBuildingMaterial(MakeMaterial(building.materials[i], i, model));
-    std::map<host::ElementType, host::Guid> classifications;
-    std::vector<host::MaterialComponent> components;
-    for (const ifc::ImportedElement& source : building.elements) {
-        Element element;
-        element.guid = MakeGuid(source, warnings);
-        element.type = static_cast<host::ElementType>(source.kind);
-        element.layer.value = static_cast<std::int32_t>(source.layer + 1);
-        const auto [classification, isNew] = classifications.try_emplace(element.type);
-        if (isNew) classification->second = FindElementClassification(model, element.type);
-        element.classification = classification->second;
-        element.name = source.name;
-        element.kind = source.ifcType;
-        element.openingAreaM2 = source.overallWidthM.value_or(0.0) * source.overallHeightM.value_or(0.0);
-        components.clear();
-        for (const ifc::ImportedComponent& part : source.components)
-            components.push_back({{static_cast<std::int32_t>(part.material + 1)}, part.volumeM3, part.areaM2});
-        if (model.AddElement(element, components)) continue;
-        warnings.push_back("GlobalId " + source.globalId + " occurs twice; the later " + source.ifcType +
-                           " got a new one");
-        element.guid = host::CreateGuid();
-        model.AddElement(std::move(element), components);
+    for (const ifc::ImportedStorey& storey : building.storeys)
+        model.storeys.push_back({storey.name, storey.elevationM});
+    for (std::size_t i = 0; i < building.materials.size(); ++i) {
+        const host::AttributeIndex index = model.AddBuildingMaterial(MakeMaterial(building.materials[i], i, model));
+        const std::string& origin = building.materials[i].densityOrigin;
+        if (!origin.empty()) PutOrigin(model.materialOrigins[index], OriginFields::Density, origin);
     }
+}
+
+/// The element's plain values; without identifier, classification and origins.
+Element MakeElement(const ifc::ImportedElement& source) {
+    Element element;
+    element.type = static_cast<host::ElementType>(source.kind);
+    element.layer.value = static_cast<std::int32_t>(source.layer + 1);
+    element.name = source.name;
+    element.kind = source.ifcType;
+    element.openingAreaM2 = source.overallWidthM.value_or(0.0) * source.overallHeightM.value_or(0.0);
+    if (source.storey) element.storey = static_cast<std::uint32_t>(*source.storey);
+    element.statedVolumeM3 = source.statedVolumeM3;
+    element.computedVolumeM3 = source.geometryVolumeM3;
+    return element;
+}
+
+/// Adds elements with their components; equal origins and the classifications of a type are looked for once.
+class ElementAdder {
+public:
+    ElementAdder(Model& model, std::vector<Finding>& warnings) : model(model), warnings(warnings) {}
+
+    void Add(const ifc::ImportedElement& source) {
+        Element element = MakeElement(source);
+        element.guid = MakeGuid(source, warnings);
+        element.classification = FindClassification(element.type);
+        element.origins = pool.Share(ListOrigins(source));
+        TakeComponents(source);
+        if (model.AddElement(element, components, thicknessesM)) return;
+        warnings.push_back(MakeFinding(
+            "GlobalId occurs twice, the later element got a new one",
+            "GlobalId " + source.globalId + " occurs twice; the later " + source.ifcType + " got a new one", source));
+        element.guid = host::CreateGuid();
+        model.AddElement(std::move(element), components, thicknessesM);
+    }
+
+private:
+    const host::Guid& FindClassification(host::ElementType type) {
+        const auto [entry, isNew] = classifications.try_emplace(type);
+        if (isNew) entry->second = FindElementClassification(model, type);
+        return entry->second;
+    }
+
+    void TakeComponents(const ifc::ImportedElement& source) {
+        components.clear();
+        thicknessesM.clear();
+        for (const ifc::ImportedComponent& part : source.components) {
+            components.push_back({{static_cast<std::int32_t>(part.material + 1)}, part.volumeM3, part.areaM2});
+            thicknessesM.push_back(part.thicknessM);
+        }
+    }
+
+    Model& model;
+    std::vector<Finding>& warnings;
+    std::map<host::ElementType, host::Guid> classifications;
+    OriginPool pool;
+    std::vector<host::MaterialComponent> components;
+    std::vector<double> thicknessesM;
+};
+
+} // namespace
+
+std::unique_ptr<Project> CreateProject(const ifc::ImportedBuilding& building, std::vector<Finding>& warnings) {
+    std::unique_ptr<Project> project = CreateProject();
+    AddAttributes(building, project->model);
+    ElementAdder adder(project->model, warnings);
+    for (const ifc::ImportedElement& source : building.elements)
+        adder.Add(source);
     return project;
 }
 

@@ -58,13 +58,6 @@ std::optional<std::vector<std::string>> SplitCells(std::string_view line) {
     }
 }
 
-/// A cell cannot hold a line break, a name in a model can.
-std::string PutOnOneLine(std::string text) {
-    const auto isBreak = [](char letter) { return letter == '\n' || letter == '\r'; };
-    std::replace_if(text.begin(), text.end(), isBreak, ' ');
-    return text;
-}
-
 class Parser {
 public:
     Parser(const std::string& path, std::vector<MaterialRow>& rows) : path(path), rows(rows) {}

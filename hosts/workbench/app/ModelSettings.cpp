@@ -64,10 +64,6 @@ host::ErrorCode WriteOpening(WorkbenchHost& host, const Element& element, const 
     return host.properties.WriteElementValues(element.guid, {MakeValue(*gwp, host::Variant::OfReal(total))});
 }
 
-bool IsOpening(const Element& element) {
-    return element.type == host::ElementType::Door || element.type == host::ElementType::Window;
-}
-
 host::ErrorCode WriteStoredRecord(WorkbenchHost& host, const lca::LCAProjectData& record) {
     for (const lca::PropertyKeyRow& row : lca::GetPropertyKeys()) {
         if (!lca::IsProjectKey(row.key)) continue;
@@ -90,22 +86,76 @@ void OfferFloorArea(lca::FloorQuantity quantity, const char* name, const StatedF
                     "): " + FormatShort(stated.areaM2, 2) + " m2");
 }
 
-/// What keeps a material's quantities from being counted, and what to do; empty where nothing does.
-std::string FindMissingValue(const Model& model, const host::BuildingMaterial& material,
-                             const MaterialQuantity& quantity) {
-    const std::string text = GetMaterialGWPText(model, material.index);
-    if (text.empty()) return "no GWP and counts as 0; add it to the material table";
-    const lca::MaterialGWP gwp = lca::DecodeMaterialGWP(text);
-    if (!gwp.plain && gwp.byPhase.empty())
-        return "a GWP that cannot be read (\"" + text + "\") and counts as 0; give a number in the material table";
-    const std::string unit = GetMaterialUnit(model, material.index);
-    if (unit == "kg" && material.densityKgM3 <= 0.0)
-        return "a GWP per kg and no density, and counts as 0; add its density";
+/// What keeps a material's quantities from being counted.
+struct MissingValue {
+    std::string kind;
+    std::string sentence; ///< what the material has, and what to do
+};
+
+std::optional<MissingValue> FindMissingQuantity(const std::string& unit, const MaterialQuantity& quantity) {
     const bool isArea = unit == "m2";
     const std::size_t lacking = isArea ? quantity.withoutArea : quantity.withoutVolume;
-    if (lacking == 0) return {};
-    return "a GWP per " + unit + " and in " + std::to_string(lacking) + " of " + std::to_string(quantity.components) +
-           " components no " + (isArea ? "area" : "volume") + ", which count as 0; check the model's quantities";
+    if (lacking == 0) return std::nullopt;
+    const std::string missing = isArea ? "area" : "volume";
+    return MissingValue{"GWP per " + unit + " and components without " + missing + ", which count as 0",
+                        "a GWP per " + unit + " and in " + std::to_string(lacking) + " of " +
+                            std::to_string(quantity.components) + " components no " + missing +
+                            ", which count as 0; check the model's quantities"};
+}
+
+/// None where everything can be counted.
+std::optional<MissingValue> FindMissingValue(const Model& model, const host::BuildingMaterial& material,
+                                             const MaterialQuantity& quantity) {
+    const std::string text = GetMaterialGWPText(model, material.index);
+    if (text.empty())
+        return MissingValue{"no GWP, which counts as 0 until it is in the material table",
+                            "no GWP and counts as 0; add it to the material table"};
+    const lca::MaterialGWP gwp = lca::DecodeMaterialGWP(text);
+    if (!gwp.plain && gwp.byPhase.empty())
+        return MissingValue{"GWP that cannot be read and counts as 0", "a GWP that cannot be read (\"" + text +
+                                                                           "\") and counts as 0; give a number in "
+                                                                           "the material table"};
+    const std::string unit = GetMaterialUnit(model, material.index);
+    if (unit == "kg" && material.densityKgM3 <= 0.0)
+        return MissingValue{"GWP per kg and no density, which counts as 0",
+                            "a GWP per kg and no density, and counts as 0; add its density"};
+    return FindMissingQuantity(unit, quantity);
+}
+
+void ListMaterialsWithoutValue(const Model& model, std::vector<Finding>& findings) {
+    const std::vector<MaterialQuantity> quantities = SumMaterialQuantities(model);
+    for (const host::BuildingMaterial& material : model.GetBuildingMaterials()) {
+        const MaterialQuantity& quantity = quantities[static_cast<std::size_t>(material.index.value - 1)];
+        if (quantity.components == 0) continue;
+        const std::optional<MissingValue> missing = FindMissingValue(model, material, quantity);
+        if (!missing) continue;
+        const std::string owner = "\"" + material.name + "\" (" + FormatShort(quantity.volumeM3, 3) + " m3)";
+        findings.push_back(
+            {missing->kind, "materials", owner, "material " + owner + " has " + missing->sentence, quantity.volumeM3});
+    }
+}
+
+bool HasOwnGWP(const Model& model, std::uint32_t element) {
+    const host::PropertyDefinition* gwp = FindLCADefinition(model, PropertyKey::GWP);
+    const Model::Values* values = model.FindElementValues(element);
+    if (values == nullptr || gwp == nullptr) return false;
+    const auto own = values->find(gwp->guid);
+    return own != values->end() && own->second.real != 0.0;
+}
+
+void ListOpeningsWithoutValue(const Model& model, std::vector<Finding>& findings) {
+    std::map<std::string, int> openings;
+    for (std::uint32_t i = 0; i < model.GetElements().size(); ++i) {
+        const Element& element = model.GetElements()[i];
+        if (!IsOpening(element) || HasOwnGWP(model, i)) continue;
+        const char* kind = element.type == host::ElementType::Door ? "door" : "window";
+        ++openings[std::string(kind) + " \"" + element.name + "\""];
+    }
+    for (const auto& [name, count] : openings) {
+        const std::string owner = name + " (" + std::to_string(count) + (count == 1 ? " piece" : " pieces") + ")";
+        findings.push_back({"doors and windows without GWP, which counts as 0 until it is in the material table",
+                            "names", owner, owner + " has no GWP and counts as 0; add it to the material table", 0.0});
+    }
 }
 
 } // namespace
@@ -166,34 +216,11 @@ Result<std::vector<std::string>> ApplyRecordSettings(Session& session, const Rec
     return notes;
 }
 
-std::vector<std::string> ListMissingValues(const Model& model) {
-    std::vector<std::string> sentences;
-    const std::vector<MaterialQuantity> quantities = SumMaterialQuantities(model);
-    for (const host::BuildingMaterial& material : model.GetBuildingMaterials()) {
-        const MaterialQuantity& quantity = quantities[static_cast<std::size_t>(material.index.value - 1)];
-        if (quantity.components == 0) continue;
-        const std::string missing = FindMissingValue(model, material, quantity);
-        if (missing.empty()) continue;
-        sentences.push_back("material \"" + material.name + "\" (" + FormatShort(quantity.volumeM3, 3) + " m3) has " +
-                            missing);
-    }
-    std::map<std::string, int> openings;
-    const host::PropertyDefinition* gwp = FindLCADefinition(model, PropertyKey::GWP);
-    for (std::uint32_t i = 0; i < model.GetElements().size(); ++i) {
-        const Element& element = model.GetElements()[i];
-        if (!IsOpening(element)) continue;
-        const Model::Values* values = model.FindElementValues(i);
-        const auto own =
-            values == nullptr || gwp == nullptr ? Model::Values::const_iterator() : values->find(gwp->guid);
-        const bool hasGWP = values != nullptr && gwp != nullptr && own != values->end() && own->second.real != 0.0;
-        if (!hasGWP)
-            ++openings[std::string(element.type == host::ElementType::Door ? "door" : "window") + " \"" + element.name +
-                       "\""];
-    }
-    for (const auto& [name, count] : openings)
-        sentences.push_back(name + " (" + std::to_string(count) + (count == 1 ? " piece" : " pieces") +
-                            ") has no GWP and counts as 0; add it to the material table");
-    return sentences;
+std::vector<Finding> ListMissingValues(const Model& model) {
+    std::vector<Finding> findings;
+    ListMaterialsWithoutValue(model, findings);
+    ListOpeningsWithoutValue(model, findings);
+    return findings;
 }
 
 } // namespace workbench

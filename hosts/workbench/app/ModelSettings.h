@@ -3,6 +3,7 @@
 #pragma once
 
 #include "workbench/app/ElementSettings.h"
+#include "workbench/app/Findings.h"
 #include "workbench/app/MaterialTable.h"
 #include "workbench/app/RecordSettings.h"
 #include "workbench/app/Session.h"
@@ -29,7 +30,7 @@ Result<std::vector<std::string>> ApplyRecordSettings(Session& session, const Rec
                                                      const std::optional<StatedFloorArea>& stated);
 
 /// Materials with a quantity and without GWP, kg materials without density, materials whose components lack the
-/// quantity of their unit, doors and windows without GWP: one sentence each.
-std::vector<std::string> ListMissingValues(const Model& model);
+/// quantity of their unit, doors and windows without GWP.
+std::vector<Finding> ListMissingValues(const Model& model);
 
 } // namespace workbench

@@ -1,6 +1,8 @@
 #include "workbench/app/OpenedModel.h"
 
+#include "workbench/app/GlobalId.h"
 #include "workbench/app/ImportedProject.h"
+#include "workbench/app/Quantities.h"
 #include "workbench/app/Text.h"
 #include "workbench/ifc/IfcImport.h"
 #include "workbench/ifc/step/CodePage.h"
@@ -20,8 +22,26 @@ bool IsSameFile(const std::string& a, const std::string& b) {
     return !a.empty() && !b.empty() && std::filesystem::equivalent(a, b, error);
 }
 
-std::string Name(const ifc::ImportFinding& element) {
-    return element.globalId + " (" + element.ifcType + (element.name.empty() ? "" : " \"" + element.name + "\"") + ")";
+/// sentence  without the element
+Finding MakeFinding(const Model& model, const char* kind, const std::string& sentence,
+                    const ifc::ImportFinding& source) {
+    const std::optional<host::Guid> guid = ReadGlobalId(source.globalId);
+    const std::uint32_t element = guid ? model.FindElement(*guid) : ElementIndex::NotFound;
+    const double volumeM3 = element == ElementIndex::NotFound ? 0.0 : SumVolumeM3(model, model.GetElements()[element]);
+    const std::string owner = NameElement(source.globalId, source.ifcType, source.name);
+    return {kind, "elements", owner, sentence + ": " + owner, volumeM3};
+}
+
+Finding MakeFinding(const Model& model, const char* kind, const ifc::ImportFinding& source) {
+    return MakeFinding(model, kind, kind, source);
+}
+
+Finding MakeFinding(const Model& model, const ifc::VolumeCorrection& correction) {
+    return MakeFinding(model, "stated volume does not fit the geometry, which is used",
+                       "stated volume " + FormatShort(correction.statedM3, 6) +
+                           " m3 does not fit the geometry, whose " + FormatShort(correction.geometryM3, 6) +
+                           " m3 is used",
+                       correction.element);
 }
 
 /// By ifc::FloorAreaSource.
@@ -71,8 +91,11 @@ Outcome OpenedModel::ReadIfc(const std::string& codePage, const ProgressObserver
     if (building->elements.empty())
         return Failure::Input(
             path + ": the file has no building element (wall, slab, roof ...); export the building model itself");
-    warnings = building->warnings;
-    project = CreateProject(*building, warnings);
+    std::vector<Finding> replaced;
+    project = CreateProject(*building, replaced);
+    for (const std::string& sentence : building->warnings)
+        warnings.push_back(MakeWarning(sentence, project->model));
+    warnings.insert(warnings.end(), replaced.begin(), replaced.end());
     return Outcome::Done();
 }
 
@@ -110,21 +133,19 @@ Outcome OpenedModel::Save() const {
     return SaveProject(GetProject(), savePath);
 }
 
-std::vector<std::string> OpenedModel::ListFindings() const {
-    std::vector<std::string> findings;
+std::vector<Finding> OpenedModel::ListFindings() const {
+    std::vector<Finding> findings;
     if (!building) return findings;
     for (const ifc::ImportFinding& element : building->withoutQuantity)
-        findings.push_back("no quantity and no usable geometry: " + Name(element));
+        findings.push_back(MakeFinding(GetModel(), "no quantity and no usable geometry", element));
     for (const ifc::ImportFinding& element : building->withoutVolume)
-        findings.push_back("has a surface, no volume: " + Name(element));
+        findings.push_back(MakeFinding(GetModel(), "has a surface, no volume", element));
     for (const ifc::ImportFinding& element : building->withoutMaterial)
-        findings.push_back("no material: " + Name(element));
+        findings.push_back(MakeFinding(GetModel(), "no material", element));
     for (const ifc::ImportFinding& element : building->sharesUnknown)
-        findings.push_back("shares of its materials unknown, equal ones are used: " + Name(element));
+        findings.push_back(MakeFinding(GetModel(), "shares of its materials unknown, equal ones are used", element));
     for (const ifc::VolumeCorrection& correction : building->correctedVolumes)
-        findings.push_back("stated volume " + FormatShort(correction.statedM3, 6) +
-                           " m3 does not fit the geometry, whose " + FormatShort(correction.geometryM3, 6) +
-                           " m3 is used: " + Name(correction.element));
+        findings.push_back(MakeFinding(GetModel(), correction));
     return findings;
 }
 

@@ -2,6 +2,7 @@
 // where that is wanted, open in the add-on's session; at last saved.
 #pragma once
 
+#include "workbench/app/Findings.h"
 #include "workbench/app/ModelSettings.h"
 #include "workbench/app/ProgressObserver.h"
 #include "workbench/app/Session.h"
@@ -52,10 +53,10 @@ public:
     Session& GetSession() const { return *session; }
     /// Of an IFC file: its findings; the elements are in the project.
     const std::optional<ifc::ImportedBuilding>& GetBuilding() const { return building; }
-    /// What the reading had to say, in whole sentences.
-    const std::vector<std::string>& GetWarnings() const { return warnings; }
-    /// Findings of the import as sentences, one an element.
-    std::vector<std::string> ListFindings() const;
+    /// What the reading had to say.
+    const std::vector<Finding>& GetWarnings() const { return warnings; }
+    /// Findings of the import, one an element.
+    std::vector<Finding> ListFindings() const;
 
 private:
     OpenedModel(std::string path, std::string savePath) : path(std::move(path)), savePath(std::move(savePath)) {}
@@ -68,7 +69,7 @@ private:
     std::unique_ptr<Project> project; ///< until the session takes it
     std::unique_ptr<Session> session;
     std::optional<ifc::ImportedBuilding> building;
-    std::vector<std::string> warnings;
+    std::vector<Finding> warnings;
 };
 
 } // namespace workbench

@@ -19,6 +19,16 @@ struct MaterialQuantity {
 /// One entry per building material, in attribute order.
 std::vector<MaterialQuantity> SumMaterialQuantities(const Model& model);
 
+/// A door or window, which has no components.
+bool IsOpening(const Element& element);
+
+double SumVolumeM3(const Model& model, const Element& element);
+/// Of all elements.
+double SumVolumeM3(const Model& model);
+
+/// A part of a volume in percent, as people read it: "3.4 %"; empty where the part or the volume is 0.
+std::string FormatShare(double partM3, double totalM3);
+
 /// What people call a kind of element.
 std::string GetTypeName(host::ElementType type);
 

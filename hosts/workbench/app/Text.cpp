@@ -4,6 +4,7 @@
 
 #include <unistd.h>
 
+#include <algorithm>
 #include <cstdio>
 #include <filesystem>
 #include <fstream>
@@ -77,6 +78,12 @@ Result<std::string> ReadFile(const std::string& path, const std::string& advice)
 Outcome WriteFile(const std::string& path, const std::string& content) {
     if (TryWriteFile(path, content)) return Outcome::Done();
     return Failure::Output(path + ": the file cannot be written; check the folder, its rights and the disk");
+}
+
+std::string PutOnOneLine(std::string text) {
+    const auto isBreak = [](char letter) { return letter == '\n' || letter == '\r'; };
+    std::replace_if(text.begin(), text.end(), isBreak, ' ');
+    return text;
 }
 
 std::string FormatShort(double value, int decimals) {

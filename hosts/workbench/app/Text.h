@@ -17,6 +17,9 @@ Result<std::string> ReadFile(const std::string& path, const std::string& advice)
 /// Writes beside the target and renames, so that an older file stays whole; devices and pipes are written as they are.
 Outcome WriteFile(const std::string& path, const std::string& content);
 
+/// With blanks for line breaks, which names in a model may hold and a table's cells cannot.
+std::string PutOnOneLine(std::string text);
+
 /// A number for people: at most `decimals` places, no trailing zeros.
 std::string FormatShort(double value, int decimals);
 

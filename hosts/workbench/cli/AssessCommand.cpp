@@ -2,6 +2,7 @@
 #include "workbench/app/SchemaView.h"
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
+#include "workbench/cli/FindingText.h"
 #include "workbench/cli/JsonText.h"
 #include "workbench/cli/Opening.h"
 #include "workbench/cli/Options.h"
@@ -63,8 +64,8 @@ Result<Preparation> Prepare(const AssessOptions& options) {
 struct Assessment {
     OpenedModel model;
     PaletteContent palette;
-    MaterialReportContent materials;   ///< of the material report's dialog; only for JSON
-    std::vector<std::string> findings; ///< what --strict stops at
+    MaterialReportContent materials; ///< of the material report's dialog; only for JSON
+    std::vector<Finding> findings;   ///< what --strict stops at
     std::vector<std::string> notes;
 };
 
@@ -110,11 +111,11 @@ Outcome MakeReports(const AssessOptions& options, const std::optional<host::Poin
     return Outcome::Done();
 }
 
-std::vector<std::string> ListFindings(const Assessment& assessment) {
-    std::vector<std::string> findings = assessment.model.ListFindings();
-    if (assessment.palette.isIncomplete)
-        findings.push_back("the results are incomplete: not everything in the model could be read");
-    for (std::string& missing : ListMissingValues(assessment.model.GetModel()))
+std::vector<Finding> ListFindings(const Assessment& assessment) {
+    constexpr char Incomplete[] = "the results are incomplete: not everything in the model could be read";
+    std::vector<Finding> findings = assessment.model.ListFindings();
+    if (assessment.palette.isIncomplete) findings.push_back({Incomplete, "times", {}, Incomplete, 0.0});
+    for (Finding& missing : ListMissingValues(assessment.model.GetModel()))
         findings.push_back(std::move(missing));
     return findings;
 }
@@ -224,6 +225,16 @@ std::string WriteTable(const PaletteContent& palette) {
            "Last update: " + palette.lastUpdate + "\n";
 }
 
+void PrintWarnings(const AssessOptions& options, const Assessment& assessment, const std::vector<Finding>& findings) {
+    const double totalM3 = SumVolumeM3(assessment.model.GetModel());
+    for (const std::string& line : options.isVerbose ? ListSentences(findings) : ListGroups(findings, totalM3))
+        PrintWarning(line);
+    for (const std::string& message : assessment.model.GetSession().GetMessages())
+        PrintWarning(message);
+    for (const std::string& note : assessment.notes)
+        PrintNote(note);
+}
+
 } // namespace
 
 Outcome RunAssess(const AssessOptions& options) {
@@ -234,15 +245,11 @@ Outcome RunAssess(const AssessOptions& options) {
     Assessment assessment{opened.Take(), {}, {}, {}, {}};
     if (Outcome outcome = Assess(options, preparation.Get(), assessment); outcome.HasFailed()) return outcome;
     const std::vector<std::string>& messages = assessment.model.GetSession().GetMessages();
-    std::vector<std::string> warnings = assessment.model.GetWarnings();
-    warnings.insert(warnings.end(), assessment.findings.begin(), assessment.findings.end());
+    std::vector<Finding> findings = assessment.model.GetWarnings();
+    findings.insert(findings.end(), assessment.findings.begin(), assessment.findings.end());
+    std::vector<std::string> warnings = ListSentences(findings);
     warnings.insert(warnings.end(), messages.begin(), messages.end());
-    if (!options.isQuiet) {
-        for (const std::string& warning : warnings)
-            PrintWarning(warning);
-        for (const std::string& note : assessment.notes)
-            PrintNote(note);
-    }
+    if (!options.isQuiet) PrintWarnings(options, assessment, findings);
     warnings.insert(warnings.end(), assessment.notes.begin(), assessment.notes.end());
     if (!options.isQuiet && options.json != "-")
         if (Outcome outcome = WriteOutput({}, WriteTable(assessment.palette)); outcome.HasFailed()) return outcome;
@@ -251,7 +258,7 @@ Outcome RunAssess(const AssessOptions& options) {
             return outcome;
     if (options.isStrict && !assessment.findings.empty())
         return Failure::Findings(options.model.path + ": " + std::to_string(assessment.findings.size()) +
-                                 " finding(s), the first: " + assessment.findings.front());
+                                 " finding(s), the first: " + assessment.findings.front().sentence);
     return Outcome::Done();
 }
 

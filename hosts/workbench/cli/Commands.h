@@ -31,6 +31,7 @@ struct AssessOptions {
     std::string as;          ///< login of the member as whom the program acts; empty: nobody
     std::string refuse;      ///< name of an operation that the host refuses from the calculation on; empty: none
     bool isStrict = false;
+    bool isVerbose = false; ///< every finding, not the groups
     bool isQuiet = false;
 };
 
@@ -73,7 +74,18 @@ Outcome RunEnergy(const EnergyOptions& options);
 
 /// database  its name; empty: the floor plan
 Outcome RunDrawing(const std::string& model, const std::string& database, const std::string& png);
-Outcome RunInfo(const ModelFile& model);
+/// isVerbose  every finding, not the groups
+Outcome RunInfo(const ModelFile& model, bool isVerbose);
+
+struct QuantitiesOptions {
+    ModelFile model;
+    std::string output; ///< path of a .csv or .json file; empty: the table goes to standard output
+    std::string by;     ///< what to sum by, separated by commas; empty: each part of each element
+    std::string only;   ///< "doubtful"; empty: all elements
+};
+
+Outcome RunQuantities(const QuantitiesOptions& options);
+
 /// output empty: standard output
 Outcome RunMaterials(const ModelFile& model, const std::string& output);
 Outcome RunRecord(const std::string& project, const std::string& json);

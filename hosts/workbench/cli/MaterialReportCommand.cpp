@@ -1,6 +1,7 @@
 // report-materials: the embodied carbon by layer and building material, and placing its report object.
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
+#include "workbench/cli/FindingText.h"
 #include "workbench/cli/JsonText.h"
 #include "workbench/cli/Opening.h"
 #include "workbench/cli/Options.h"
@@ -72,7 +73,7 @@ Outcome RunMaterialReport(const MaterialReportOptions& options) {
     if (const Outcome& stored = model.GetProject().GetStoreOutcome(); stored.HasFailed()) return stored;
     if (content.HasFailed()) return content;
     if (Outcome outcome = model.Save(); outcome.HasFailed()) return outcome;
-    std::vector<std::string> warnings = model.GetWarnings();
+    std::vector<std::string> warnings = ListSentences(model.GetWarnings());
     warnings.insert(warnings.end(), session.GetMessages().begin(), session.GetMessages().end());
     for (const std::string& warning : warnings)
         PrintWarning(warning);

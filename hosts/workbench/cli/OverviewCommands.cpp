@@ -5,6 +5,7 @@
 #include "workbench/app/Text.h"
 #include "workbench/cli/Columns.h"
 #include "workbench/cli/Commands.h"
+#include "workbench/cli/FindingText.h"
 #include "workbench/cli/JsonText.h"
 #include "workbench/cli/Opening.h"
 
@@ -148,21 +149,28 @@ std::string DescribeReading(const lca::PropertyKeyRow& row, const std::optional<
                : reading;
 }
 
+std::string WriteFindings(const OpenedModel& opened, bool isVerbose) {
+    std::vector<Finding> findings = opened.GetWarnings();
+    for (Finding& finding : opened.ListFindings())
+        findings.push_back(std::move(finding));
+    if (findings.empty()) return {};
+    if (!isVerbose) return "\nMissing or doubtful:\n" + WriteGroups(findings, SumVolumeM3(opened.GetModel()));
+    std::string text = "\nMissing or doubtful:\n";
+    for (const std::string& sentence : ListSentences(findings))
+        text += "  " + sentence + "\n";
+    return text;
+}
+
 } // namespace
 
-Outcome RunInfo(const ModelFile& file) {
+Outcome RunInfo(const ModelFile& file, bool isVerbose) {
     const Result<OpenedModel> opened = OpenModel(file);
     if (opened.HasFailed()) return opened;
     const Model& model = opened.Get().GetModel();
     std::string text = file.path + "\n";
     if (const auto& building = opened.Get().GetBuilding()) text += DescribeBuilding(*building);
     text.append("\n").append(ListElements(model)).append("\n").append(ListMaterials(model));
-    std::vector<std::string> missing = opened.Get().GetWarnings();
-    for (std::string& finding : opened.Get().ListFindings())
-        missing.push_back(std::move(finding));
-    if (!missing.empty()) text += "\nMissing or doubtful:\n";
-    for (const std::string& finding : missing)
-        text += "  " + finding + "\n";
+    text += WriteFindings(opened.Get(), isVerbose);
     return WriteOutput({}, text);
 }
 

@@ -32,6 +32,7 @@ struct Arguments {
     AssessOptions assess;
     EnergyOptions energy;
     MaterialReportOptions materialReport;
+    QuantitiesOptions quantities;
     TeamworkOptions teamwork;
     std::vector<std::string> members;
     std::string database;
@@ -40,6 +41,7 @@ struct Arguments {
     std::string project; ///< of the other commands
     std::string output;
     std::string json;
+    bool isVerbose = false;
 };
 
 void AddModel(CLI::App& command, ModelFile& model) {
@@ -70,6 +72,7 @@ void AddAssess(CLI::App& app, Arguments& arguments) {
     command->add_flag("--strict", options.isStrict, "Exit 4 when a material or quantity is missing or cannot be read");
     command->add_option("--refuse", options.refuse)->group({}); // for trying what becomes of a refusing host
     command->add_flag("--quiet", options.isQuiet, "No table, no warnings");
+    command->add_flag("--verbose", options.isVerbose, "Warn of every finding instead of telling them by kind");
 }
 
 void AddEnergy(CLI::App& app, EnergyOptions& options) {
@@ -118,13 +121,23 @@ void AddDrawing(CLI::App& app, Arguments& arguments) {
 }
 
 void AddOverviews(CLI::App& app, Arguments& arguments) {
-    AddModel(*app.add_subcommand("info", "Elements, materials and what is missing"), arguments.model);
+    CLI::App* info = app.add_subcommand("info", "Elements, materials and what is missing");
+    AddModel(*info, arguments.model);
+    info->add_flag("--verbose", arguments.isVerbose, "List every finding instead of telling them by kind");
     CLI::App* materials = app.add_subcommand("materials", "A material table of this model to fill in");
     AddModel(*materials, arguments.model);
     materials->add_option("--out", arguments.output, "Write the table to this file");
     CLI::App* record = app.add_subcommand("record", "Every stored setting of a project and what it is read as");
     record->add_option("PROJECT", arguments.project, "A .kvp file")->required();
     record->add_option("--json", arguments.json, "Write JSON to this file, - for standard output");
+}
+
+void AddQuantities(CLI::App& app, QuantitiesOptions& options) {
+    CLI::App* command = app.add_subcommand("quantities", "Volumes, areas and masses, and where they come from");
+    AddModel(*command, options.model);
+    command->add_option("--out", options.output, "Write the table to this .csv or .json file");
+    command->add_option("--by", options.by, "Sums by type, storey, layer, material: any of them, with commas");
+    command->add_option("--only", options.only, "doubtful: only elements about which something is doubtful");
 }
 
 Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
@@ -134,7 +147,8 @@ Outcome RunCommand(const CLI::App& app, const Arguments& arguments) {
     if (app.got_subcommand("drawing")) return RunDrawing(arguments.project, arguments.database, arguments.png);
     if (app.got_subcommand("share")) return RunShare(arguments.project, arguments.members);
     if (app.got_subcommand("teamwork")) return RunTeamwork(arguments.teamwork);
-    if (app.got_subcommand("info")) return RunInfo(arguments.model);
+    if (app.got_subcommand("info")) return RunInfo(arguments.model, arguments.isVerbose);
+    if (app.got_subcommand("quantities")) return RunQuantities(arguments.quantities);
     if (app.got_subcommand("materials")) return RunMaterials(arguments.model, arguments.output);
     return RunRecord(arguments.project, arguments.json);
 }
@@ -152,6 +166,7 @@ int Run(int argc, char** argv) {
     AddTeamwork(app, arguments);
     AddDrawing(app, arguments);
     AddOverviews(app, arguments);
+    AddQuantities(app, arguments.quantities);
     try {
         app.parse(argc, argv);
     } catch (const CLI::ParseError& error) {

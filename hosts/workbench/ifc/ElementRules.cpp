@@ -110,7 +110,9 @@ std::vector<ImportedComponent> SplitByMaterial(const MaterialUse& use, double vo
     std::vector<ImportedComponent> components;
     for (const MaterialShare& share : use.shares) {
         const double part = total > 0.0 ? weight(share) / total : 0.0;
-        if (part > 0.0) components.push_back({share.material, volumeM3 * part, layered ? areaM2 : areaM2 * part});
+        if (part <= 0.0) continue;
+        components.push_back({share.material, volumeM3 * part, layered ? areaM2 : areaM2 * part});
+        if (layered) components.back().thicknessM = share.thicknessM;
     }
     return components;
 }

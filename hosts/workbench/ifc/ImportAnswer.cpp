@@ -43,7 +43,7 @@ void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_co
 }
 template <class Archive, class Field>
 void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedComponent> {
-    archive(field.material, field.volumeM3, field.areaM2);
+    archive(field.material, field.volumeM3, field.areaM2, field.thicknessM);
 }
 template <class Archive, class Field>
 void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedElement> {
@@ -191,7 +191,7 @@ bool IsSound(const ImportedElement& element, const ImportedBuilding& building) {
            element.areaSource <= QuantitySource::LayerThickness && element.volumeM3 >= 0.0 && element.areaM2 >= 0.0 &&
            std::all_of(element.components.begin(), element.components.end(), [&](const ImportedComponent& component) {
                return component.material < building.materials.size() && component.volumeM3 >= 0.0 &&
-                      component.areaM2 >= 0.0;
+                      component.areaM2 >= 0.0 && component.thicknessM >= 0.0;
            });
 }
 

@@ -34,6 +34,7 @@ inline constexpr const char* NoLayerName = "(no layer)";
 struct ImportedMaterial {
     std::string name;                     ///< UTF-8, unique in the building (equal names are one material)
     std::optional<double> densityKgPerM3; ///< the file's MassDensity, > 0
+    std::string densityOrigin{};          ///< in plain English; see Origins.h
 };
 
 struct ImportedStorey {
@@ -46,6 +47,7 @@ struct ImportedComponent {
     std::size_t material = 0; ///< index into ImportedBuilding::materials
     double volumeM3 = 0.0;    ///< >= 0
     double areaM2 = 0.0;      ///< >= 0; for layers the full area of the element
+    double thicknessM = 0.0;  ///< of a layer as the file says it; 0 for what is none
 };
 
 struct ImportedElement {
@@ -60,6 +62,9 @@ struct ImportedElement {
     double areaM2 = 0.0;
     QuantitySource volumeSource = QuantitySource::None;
     QuantitySource areaSource = QuantitySource::None;
+    std::string volumeOrigin; ///< in plain English, as areaOrigin and sharesOrigin; see Origins.h
+    std::string areaOrigin;
+    std::string sharesOrigin; ///< how volume and area were split among the components; empty without components
     std::optional<double> statedVolumeM3;   ///< as the file says it, net before gross, also where it is not used
     std::optional<double> geometryVolumeM3; ///< where it was computed
     std::optional<double> overallWidthM;    ///< doors and windows

@@ -94,19 +94,27 @@ host::AttributeIndex Model::AddBuildingMaterial(host::BuildingMaterial material)
     return Append(buildingMaterials, std::move(material));
 }
 
-bool Model::AddElement(Element element, std::span<const host::MaterialComponent> list) {
+bool Model::AddElement(Element element, std::span<const host::MaterialComponent> list,
+                       std::span<const double> thicknesses) {
     if (FindElement(element.guid) != ElementIndex::NotFound) return false;
     element.firstComponent = static_cast<std::uint32_t>(components.size());
     element.componentCount = static_cast<std::uint32_t>(list.size());
     components.insert(components.end(), list.begin(), list.end());
+    thicknessesM.insert(thicknessesM.end(), thicknesses.begin(), thicknesses.end());
+    thicknessesM.resize(components.size());
     elements.push_back(std::move(element));
     elementIndex.InsertLast(elements);
     return true;
 }
 
+void Model::SetOrigins(std::uint32_t elementPosition, std::shared_ptr<const Origins> origins) {
+    elements[elementPosition].origins = std::move(origins);
+}
+
 void Model::ReserveElements(std::size_t elementCount, std::size_t componentCount) {
     elements.reserve(elementCount);
     components.reserve(componentCount);
+    thicknessesM.reserve(componentCount);
 }
 
 const host::BuildingMaterial* Model::FindBuildingMaterial(host::AttributeIndex index) const {
@@ -119,6 +127,10 @@ const Layer* Model::FindLayer(host::AttributeIndex index) const {
 
 std::span<const host::MaterialComponent> Model::GetComponents(const Element& element) const {
     return std::span(components).subspan(element.firstComponent, element.componentCount);
+}
+
+std::span<const double> Model::GetThicknesses(const Element& element) const {
+    return std::span(thicknessesM).subspan(element.firstComponent, element.componentCount);
 }
 
 std::uint32_t Model::FindElement(const host::Guid& guid) const {

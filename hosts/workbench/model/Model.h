@@ -22,7 +22,10 @@ public:
     void AddSurface(std::string name, const Shade& shade);
     host::AttributeIndex AddBuildingMaterial(host::BuildingMaterial material);
     /// Takes firstComponent and componentCount from the list. False, and nothing added, when the identifier is taken.
-    bool AddElement(Element element, std::span<const host::MaterialComponent> components);
+    /// thicknessesM  of the components that are layers, 0 for others; no list: none is a layer
+    bool AddElement(Element element, std::span<const host::MaterialComponent> components,
+                    std::span<const double> thicknessesM = {});
+    void SetOrigins(std::uint32_t elementPosition, std::shared_ptr<const Origins> origins);
     void ReserveElements(std::size_t elementCount, std::size_t componentCount);
 
     const std::vector<Layer>& GetLayers() const { return layers; }
@@ -36,6 +39,8 @@ public:
 
     const std::vector<Element>& GetElements() const { return elements; }
     std::span<const host::MaterialComponent> GetComponents(const Element& element) const;
+    /// One a component: its thickness where it is a layer, else 0.
+    std::span<const double> GetThicknesses(const Element& element) const;
     /// ElementIndex::NotFound where there is none. Asking for elements in the model's order costs no search.
     std::uint32_t FindElement(const host::Guid& guid) const;
 
@@ -60,6 +65,11 @@ public:
 
     const std::vector<PlacedObject>& GetPlacedObjects() const { return placedObjects; }
 
+    // Laid down when a project is made or read.
+    std::vector<Storey> storeys;
+    std::map<host::AttributeIndex, Origins> materialOrigins;
+    std::map<std::uint32_t, Triangles> triangles; ///< by the element's position
+
     // Laid down when a project is made or read, and by whoever sets up a host's libraries.
     std::vector<DatabaseRow> databases;
     std::vector<LibraryPart> libraryParts;
@@ -82,6 +92,7 @@ private:
     std::vector<host::BuildingMaterial> buildingMaterials;
     std::vector<Element> elements;
     std::vector<host::MaterialComponent> components;
+    std::vector<double> thicknessesM; ///< one a component
     ElementIndex elementIndex;
     mutable std::uint32_t lastFound = 0;
     std::vector<host::PropertyGroup> groups;

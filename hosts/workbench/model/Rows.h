@@ -5,6 +5,7 @@
 #include "host/Model.h"
 #include "host/Properties.h"
 #include "host/Values.h"
+#include "workbench/model/Origins.h"
 
 #include <array>
 #include <cstdint>
@@ -28,7 +29,19 @@ struct Element {
     std::string kind; ///< what the source calls it, such as an IFC entity name
     /// Doors and windows: overall width x height, 0 where unknown.
     double openingAreaM2 = 0.0;
+    std::optional<std::uint32_t> storey;    ///< position in the model's list
+    std::optional<double> statedVolumeM3;   ///< as the source says it, also where it is not used
+    std::optional<double> computedVolumeM3; ///< of its geometry, also where it is not used
+    std::shared_ptr<const Origins> origins; ///< of its values; null: nothing is known
 };
+
+struct Storey {
+    std::string name;
+    double elevationM = 0.0;
+};
+
+/// Nine coordinates a triangle, in metres.
+using Triangles = std::vector<float>;
 
 struct Layer {
     host::AttributeIndex index;

@@ -87,14 +87,17 @@ std::string DescribeFailure(const std::filesystem::path& file, const SQLite::Exc
     return name + "the project cannot be used (" + failure.what() + ")";
 }
 
+void Require(bool condition, const char* what) {
+    if (!condition) throw SQLite::Exception(what, SQLITE_CORRUPT);
+}
+
 void BindGuid(SQLite::Statement& statement, int parameter, const host::Guid& guid) {
     statement.bind(parameter, guid.bytes.data(), static_cast<int>(guid.bytes.size()));
 }
 
 host::Guid ReadGuid(const SQLite::Column& column) {
     host::Guid guid;
-    if (column.getBytes() != static_cast<int>(guid.bytes.size()))
-        throw SQLite::Exception("an identifier has not 16 bytes", SQLITE_CORRUPT);
+    Require(column.getBytes() == static_cast<int>(guid.bytes.size()), "an identifier has not 16 bytes");
     std::memcpy(guid.bytes.data(), column.getBlob(), guid.bytes.size());
     return guid;
 }

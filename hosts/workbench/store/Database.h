@@ -27,6 +27,9 @@ std::string DescribeFailure(const std::filesystem::path& file, const SQLite::Exc
 /// no transaction on the file, since looking drops this process's own locks.
 std::string DescribeLockHolder(const std::filesystem::path& file);
 
+/// Throws SQLite::Exception, of a damaged file, where the condition does not hold.
+void Require(bool condition, const char* what);
+
 void BindGuid(SQLite::Statement& statement, int parameter, const host::Guid& guid);
 host::Guid ReadGuid(const SQLite::Column& column);
 /// Type and value go into two parameters.

@@ -8,7 +8,7 @@ namespace workbench::ProjectFormat {
 /// "KLVX" in the database header, so that another SQLite file is not taken for a project.
 inline constexpr std::int32_t ApplicationId = 0x4B4C5658;
 /// Raised with every change of the tables; a file of a newer version is refused.
-inline constexpr std::int32_t Version = 2;
+inline constexpr std::int32_t Version = 3;
 
 /// Identifiers are blobs of 16 bytes. Values of properties carry their type (host::ValueType) beside them. `position`
 /// keeps the order in which rows were made.
@@ -66,6 +66,19 @@ CREATE TABLE object_parameters (owner TEXT NOT NULL, position INTEGER NOT NULL, 
     real REAL NOT NULL, data BLOB NOT NULL, PRIMARY KEY (owner, position)) STRICT, WITHOUT ROWID;
 )sql";
 
+/// What version 3 added. An owner is an element's identifier or a building material's index. A blob holds the
+/// coordinates of triangles as 32-bit numbers, little-endian.
+inline constexpr char CreateTablesOfVersion3[] = R"sql(
+CREATE TABLE storeys (idx INTEGER PRIMARY KEY, name TEXT NOT NULL, elevation_m REAL NOT NULL) STRICT;
+ALTER TABLE elements ADD COLUMN storey INTEGER;
+ALTER TABLE elements ADD COLUMN stated_volume_m3 REAL;
+ALTER TABLE elements ADD COLUMN computed_volume_m3 REAL;
+ALTER TABLE components ADD COLUMN thickness_m REAL NOT NULL DEFAULT 0.0;
+CREATE TABLE provenance (owner ANY NOT NULL, field TEXT NOT NULL, text TEXT NOT NULL,
+    PRIMARY KEY (owner, field)) STRICT, WITHOUT ROWID;
+CREATE TABLE triangles (element BLOB NOT NULL UNIQUE, blob BLOB NOT NULL) STRICT;
+)sql";
+
 inline constexpr const char* TableNames[] = {"layers",
                                              "pens",
                                              "fills",
@@ -89,6 +102,9 @@ inline constexpr const char* TableNames[] = {"layers",
                                              "library_parts",
                                              "favourites",
                                              "placed_objects",
-                                             "object_parameters"};
+                                             "object_parameters",
+                                             "storeys",
+                                             "provenance",
+                                             "triangles"};
 
 } // namespace workbench::ProjectFormat

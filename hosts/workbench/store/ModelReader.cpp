@@ -2,8 +2,7 @@
 
 #include "workbench/model/ReportLibrary.h"
 #include "workbench/store/ObjectRows.h"
-
-#include <sqlite3.h>
+#include "workbench/store/OriginRows.h"
 
 #include <algorithm>
 #include <cmath>
@@ -11,14 +10,6 @@
 namespace workbench {
 
 namespace {
-
-[[noreturn]] void ThrowDamaged(const char* what) {
-    throw SQLite::Exception(what, SQLITE_CORRUPT);
-}
-
-void Require(bool condition, const char* what) {
-    if (!condition) ThrowDamaged(what);
-}
 
 Shade ReadShade(SQLite::Statement& row, int column) {
     return {row.getColumn(column).getDouble(), row.getColumn(column + 1).getDouble(),
@@ -67,59 +58,96 @@ void ReadAttributes(SQLite::Database& database, Model& model) {
     }
 }
 
+bool HasTablesOfVersion(SQLite::Database& database, int version) {
+    return database.execAndGet("PRAGMA user_version").getInt() >= version;
+}
+
+std::optional<double> ReadOptional(const SQLite::Column& column) {
+    if (column.isNull()) return std::nullopt;
+    Require(std::isfinite(column.getDouble()), "a quantity is no number");
+    return column.getDouble();
+}
+
 /// Components come in the elements' order, so that both are read in one pass.
 class ComponentReader {
 public:
-    explicit ComponentReader(SQLite::Database& database, const Model& model)
-        : rows(database, "SELECT element, building_material, volume_m3, area_m2 FROM components "
-                         "ORDER BY element, position"),
+    ComponentReader(SQLite::Database& database, const Model& model)
+        : rows(database, std::string("SELECT element, building_material, volume_m3, area_m2, ") +
+                             (HasTablesOfVersion(database, 3) ? "thickness_m" : "0.0") +
+                             " FROM components ORDER BY element, position"),
           model(model) {
         hasRow = rows.executeStep();
     }
 
-    const std::vector<host::MaterialComponent>& ReadOf(std::int64_t element) {
+    void ReadOf(std::int64_t element) {
         components.clear();
-        for (; hasRow && rows.getColumn(0).getInt64() == element; hasRow = rows.executeStep()) {
-            const host::MaterialComponent component{
-                {rows.getColumn(1).getInt()}, rows.getColumn(2).getDouble(), rows.getColumn(3).getDouble()};
-            Require(model.FindBuildingMaterial(component.buildingMaterial) != nullptr, "a component has no material");
-            Require(std::isfinite(component.volumeM3) && std::isfinite(component.areaM2), "a quantity is no number");
-            components.push_back(component);
-        }
-        return components;
+        thicknessesM.clear();
+        for (; hasRow && rows.getColumn(0).getInt64() == element; hasRow = rows.executeStep())
+            ReadRow();
     }
+
+    std::vector<host::MaterialComponent> components; ///< of the element that was read last
+    std::vector<double> thicknessesM;
 
     bool IsAtEnd() const { return !hasRow; }
 
 private:
+    void ReadRow() {
+        const host::MaterialComponent component{
+            {rows.getColumn(1).getInt()}, rows.getColumn(2).getDouble(), rows.getColumn(3).getDouble()};
+        const double thicknessM = rows.getColumn(4).getDouble();
+        Require(model.FindBuildingMaterial(component.buildingMaterial) != nullptr, "a component has no material");
+        Require(std::isfinite(component.volumeM3) && std::isfinite(component.areaM2), "a quantity is no number");
+        Require(std::isfinite(thicknessM) && thicknessM >= 0.0, "a thickness is no number");
+        components.push_back(component);
+        thicknessesM.push_back(thicknessM);
+    }
+
     SQLite::Statement rows;
     const Model& model;
-    std::vector<host::MaterialComponent> components;
     bool hasRow = false;
 };
+
+std::optional<std::uint32_t> ReadStorey(const SQLite::Column& column, const Model& model) {
+    if (column.isNull()) return std::nullopt;
+    const std::int64_t index = column.getInt64();
+    Require(index >= 1 && index <= static_cast<std::int64_t>(model.storeys.size()), "an element has no storey");
+    return static_cast<std::uint32_t>(index - 1);
+}
+
+Element ReadElement(SQLite::Statement& row, const Model& model) {
+    Element element;
+    element.guid = ReadGuid(row.getColumn(1));
+    element.type = static_cast<host::ElementType>(row.getColumn(2).getInt());
+    element.layer.value = row.getColumn(3).getInt();
+    Require(model.FindLayer(element.layer) != nullptr, "an element has no layer");
+    element.classification = ReadGuid(row.getColumn(4));
+    element.name = row.getColumn(5).getString();
+    element.kind = row.getColumn(6).getString();
+    element.openingAreaM2 = row.getColumn(7).getDouble();
+    element.storey = ReadStorey(row.getColumn(8), model);
+    element.statedVolumeM3 = ReadOptional(row.getColumn(9));
+    element.computedVolumeM3 = ReadOptional(row.getColumn(10));
+    return element;
+}
 
 void ReadElements(SQLite::Database& database, Model& model) {
     const auto count = [&](const char* query) {
         return static_cast<std::size_t>(database.execAndGet(query).getInt64());
     };
     model.ReserveElements(count("SELECT count(*) FROM elements"), count("SELECT count(*) FROM components"));
-    ComponentReader components(database, model);
-    SQLite::Statement row(database, "SELECT position, guid, type, layer, classification, name, kind, opening_area_m2 "
-                                    "FROM elements ORDER BY position");
+    ComponentReader parts(database, model);
+    SQLite::Statement row(
+        database,
+        std::string("SELECT position, guid, type, layer, classification, name, kind, opening_area_m2, ") +
+            (HasTablesOfVersion(database, 3) ? "storey, stated_volume_m3, computed_volume_m3" : "NULL, NULL, NULL") +
+            " FROM elements ORDER BY position");
     while (row.executeStep()) {
-        Element element;
-        element.guid = ReadGuid(row.getColumn(1));
-        element.type = static_cast<host::ElementType>(row.getColumn(2).getInt());
-        element.layer.value = row.getColumn(3).getInt();
-        Require(model.FindLayer(element.layer) != nullptr, "an element has no layer");
-        element.classification = ReadGuid(row.getColumn(4));
-        element.name = row.getColumn(5).getString();
-        element.kind = row.getColumn(6).getString();
-        element.openingAreaM2 = row.getColumn(7).getDouble();
-        const auto& parts = components.ReadOf(row.getColumn(0).getInt64());
-        Require(model.AddElement(std::move(element), parts), "two elements have the same identifier");
+        parts.ReadOf(row.getColumn(0).getInt64());
+        Require(model.AddElement(ReadElement(row, model), parts.components, parts.thicknessesM),
+                "two elements have the same identifier");
     }
-    Require(components.IsAtEnd(), "components belong to no element");
+    Require(parts.IsAtEnd(), "components belong to no element");
 }
 
 void ReadClassifications(SQLite::Database& database, Model& model) {
@@ -194,19 +222,19 @@ void ReadValues(SQLite::Database& database, Model& model) {
     }
 }
 
-bool HasTablesOfVersion2(SQLite::Database& database) {
-    return database.execAndGet("PRAGMA user_version").getInt() >= 2;
-}
-
 } // namespace
 
 void ReadModel(SQLite::Database& database, Model& model) {
     ReadAttributes(database, model);
     ReadClassifications(database, model);
     ReadDefinitions(database, model);
+    const bool hasOrigins = HasTablesOfVersion(database, 3);
+    if (hasOrigins) ReadStoreys(database, model);
     ReadElements(database, model);
     ReadValues(database, model);
-    if (HasTablesOfVersion2(database)) {
+    if (hasOrigins) ReadProvenance(database, model);
+    if (hasOrigins) ReadTriangles(database, model);
+    if (HasTablesOfVersion(database, 2)) {
         ReadObjectRows(database, model);
     } else {
         AddReportLibrary(model);
@@ -226,7 +254,7 @@ void ReadTeamwork(SQLite::Database& database, Model& model) {
     for (SQLite::Statement row(database, "SELECT lockable_set, user_id FROM reservations"); row.executeStep();)
         model.reservations.push_back(
             {row.getColumn(0).getString(), static_cast<std::int16_t>(row.getColumn(1).getInt())});
-    if (!HasTablesOfVersion2(database)) return;
+    if (!HasTablesOfVersion(database, 2)) return;
     for (SQLite::Statement row(database, "SELECT lockable_set, user_id FROM requests"); row.executeStep();)
         model.requests.push_back({row.getColumn(0).getString(), static_cast<std::int16_t>(row.getColumn(1).getInt())});
 }

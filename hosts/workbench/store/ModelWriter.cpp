@@ -2,6 +2,7 @@
 
 #include "workbench/store/Format.h"
 #include "workbench/store/ObjectRows.h"
+#include "workbench/store/OriginRows.h"
 #include "workbench/store/RowStatement.h"
 
 namespace workbench {
@@ -28,17 +29,26 @@ void WriteAttributes(SQLite::Database& database, const Model& model) {
         surface.Run(row.index.value, row.name, row.shade[0], row.shade[1], row.shade[2]);
 }
 
+std::optional<std::int32_t> GetStoreyIndex(const Element& element) {
+    return element.storey ? std::optional(static_cast<std::int32_t>(*element.storey + 1)) : std::nullopt;
+}
+
 void WriteElements(SQLite::Database& database, const Model& model) {
-    RowStatement elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?)");
-    RowStatement componentRow(database, "INSERT INTO components VALUES (?, ?, ?, ?, ?)");
+    RowStatement elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    RowStatement componentRow(database, "INSERT INTO components VALUES (?, ?, ?, ?, ?, ?)");
     std::int64_t position = 0;
     for (const Element& element : model.GetElements()) {
         ++position;
         elementRow.Run(position, element.guid, static_cast<std::int32_t>(element.type), element.layer.value,
-                       element.classification, element.name, element.kind, element.openingAreaM2);
+                       element.classification, element.name, element.kind, element.openingAreaM2,
+                       GetStoreyIndex(element), element.statedVolumeM3, element.computedVolumeM3);
+        const std::span<const double> thicknessesM = model.GetThicknesses(element);
         std::int32_t part = 0;
-        for (const host::MaterialComponent& component : model.GetComponents(element))
-            componentRow.Run(position, ++part, component.buildingMaterial.value, component.volumeM3, component.areaM2);
+        for (const host::MaterialComponent& component : model.GetComponents(element)) {
+            const double thicknessM = thicknessesM[static_cast<std::size_t>(part)];
+            componentRow.Run(position, ++part, component.buildingMaterial.value, component.volumeM3, component.areaM2,
+                             thicknessM);
+        }
     }
 }
 
@@ -183,7 +193,10 @@ void WriteModel(SQLite::Database& database, const Model& model) {
     for (const char* table : ProjectFormat::TableNames)
         database.exec(std::string("DELETE FROM ") + table);
     WriteAttributes(database, model);
+    WriteStoreys(database, model);
     WriteElements(database, model);
+    WriteProvenance(database, model);
+    WriteTriangles(database, model);
     WriteChangeableRows(database, model);
     WriteLibraryRows(database, model);
     WriteTeamwork(database, model);
@@ -204,10 +217,12 @@ void WriteTeamwork(SQLite::Database& database, const Model& model) {
 }
 
 void UpgradeFormat(SQLite::Database& database, const Model& model) {
-    if (database.execAndGet("PRAGMA user_version").getInt() == ProjectFormat::Version) return;
-    database.exec(ProjectFormat::CreateTablesOfVersion2);
-    database.exec("PRAGMA user_version = " + std::to_string(ProjectFormat::Version));
-    WriteLibraryRows(database, model);
+    const int version = database.execAndGet("PRAGMA user_version").getInt();
+    if (version < 2) database.exec(ProjectFormat::CreateTablesOfVersion2);
+    if (version < 3) database.exec(ProjectFormat::CreateTablesOfVersion3);
+    if (version != ProjectFormat::Version)
+        database.exec("PRAGMA user_version = " + std::to_string(ProjectFormat::Version));
+    if (version < 2) WriteLibraryRows(database, model);
 }
 
 void WriteChange(SQLite::Database& database, const Change& change) {

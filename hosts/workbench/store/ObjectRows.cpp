@@ -1,11 +1,7 @@
 #include "workbench/store/ObjectRows.h"
 
+#include "workbench/store/ListBytes.h"
 #include "workbench/store/RowStatement.h"
-
-#include <sqlite3.h>
-
-#include <bit>
-#include <cstring>
 
 namespace workbench {
 
@@ -13,8 +9,6 @@ namespace {
 
 using host::ObjectParameter;
 using host::ParameterKind;
-
-static_assert(std::endian::native == std::endian::little, "the file's numbers are little-endian");
 
 std::string OwnerOf(const LibraryPart& part) {
     return "part " + part.identifier;
@@ -24,22 +18,6 @@ std::string OwnerOf(const FavouriteRow& favourite) {
 }
 std::string OwnerOf(const PlacedObject& object) {
     return "object " + host::WriteGuid(object.guid);
-}
-
-/// The bytes of a list of numbers or code units.
-template <typename List>
-std::string ToBytes(const List& list) {
-    return std::string(reinterpret_cast<const char*>(list.data()), list.size() * sizeof list[0]);
-}
-
-template <typename List>
-List FromBytes(const SQLite::Column& column) {
-    List list;
-    const auto bytes = static_cast<std::size_t>(column.getBytes());
-    if (bytes % sizeof list[0] != 0) throw SQLite::Exception("a parameter is cut off", SQLITE_CORRUPT);
-    list.resize(bytes / sizeof list[0]);
-    if (bytes > 0) std::memcpy(list.data(), column.getBlob(), bytes);
-    return list;
 }
 
 std::string GetData(const ObjectParameter& parameter) {

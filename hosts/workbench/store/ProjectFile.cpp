@@ -176,6 +176,7 @@ Outcome CreateProjectFile(const Project& project, const fs::path& file) {
         database.exec("PRAGMA user_version = " + std::to_string(ProjectFormat::Version));
         database.exec(ProjectFormat::CreateTables);
         database.exec(ProjectFormat::CreateTablesOfVersion2);
+        database.exec(ProjectFormat::CreateTablesOfVersion3);
         WriteModel(database, project.model);
         transaction.commit();
         return Outcome::Done();

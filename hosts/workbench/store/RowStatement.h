@@ -1,7 +1,9 @@
 // Statements that write rows of a project file.
 #pragma once
 
-#include "workbench/store/Database.h"
+#include "workbench/store/ListBytes.h"
+
+#include <optional>
 
 namespace workbench {
 
@@ -24,6 +26,17 @@ private:
     void Bind(int parameter, double value) { statement.bind(parameter, value); }
     void Bind(int parameter, std::int32_t value) { statement.bind(parameter, value); }
     void Bind(int parameter, std::int64_t value) { statement.bind(parameter, value); }
+    void Bind(int parameter, const std::vector<float>& list) {
+        const std::string bytes = ToBytes(list);
+        statement.bind(parameter, bytes.data(), static_cast<int>(bytes.size()));
+    }
+    template <typename Value>
+    void Bind(int parameter, const std::optional<Value>& value) {
+        if (value)
+            Bind(parameter, *value);
+        else
+            statement.bind(parameter);
+    }
     /// Takes two parameters.
     void Bind(int& parameter, const host::Variant& value) {
         BindVariant(statement, parameter, value);

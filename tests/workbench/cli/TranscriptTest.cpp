@@ -41,8 +41,8 @@ TEST_P(Transcript, IsAsReviewed) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Cli, Transcript,
-                         testing::Values("assess", "settings", "overviews", "refusals", "energy", "reports", "teamwork",
-                                         "odd-models", "large-files"),
+                         testing::Values("assess", "settings", "overviews", "quantities", "refusals", "energy",
+                                         "reports", "teamwork", "odd-models", "large-files"),
                          [](const auto& info) {
                              std::string name = info.param;
                              std::erase(name, '-');

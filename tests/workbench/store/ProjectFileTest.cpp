@@ -14,20 +14,27 @@ class ProjectFile : public test::Store {};
 TEST_F(ProjectFile, FilesOfEveryVersionOpen) {
     const std::string whole = Read(MakeWhole("whole.kvp"));
     support::ExpectApproved("workbench/store/expected/every-kind.txt", whole);
-    const std::string former = MakeFile("v1.kvp", {"version-1.sql"}), before = support::ContentOf(former);
-    auto opened = Open(former, KeepChanges::InFile);
-    ASSERT_EQ(opened.GetText(), "");
-    for (DatabaseRow& database : opened.Get()->model.databases)
-        database.guid = {}; // made anew
-    support::ExpectApproved("workbench/store/expected/version-1.txt", Describe(opened.Get()->model));
-    EXPECT_EQ(support::ContentOf(former), before) << "reading changes nothing";
-    // The first change brings the file to the present form.
-    opened = Open(former, KeepChanges::InFile);
-    EXPECT_EQ(Rename(*opened.Get(), "renamed"), host::NoError);
-    EXPECT_EQ(Read(former), Describe(opened.Get()->model));
-    const std::string replaced = MakeFile("replaced.kvp", {"version-1.sql"});
-    EXPECT_EQ(SaveProject(*Open(folder / "whole.kvp").Get(), replaced).GetText(), "");
-    EXPECT_EQ(Read(replaced), whole);
+    const std::vector<std::vector<std::string>> formers = {{"version-1.sql"},
+                                                           {"version-1.sql", "version-2.sql", "every-kind.sql"}};
+    for (const std::vector<std::string>& scripts : formers) {
+        const std::string former = MakeFile("former.kvp", scripts), before = support::ContentOf(former);
+        auto opened = Open(former, KeepChanges::InFile);
+        ASSERT_EQ(opened.GetText(), "");
+        if (scripts.size() == 1)
+            for (DatabaseRow& database : opened.Get()->model.databases)
+                database.guid = {}; // made anew
+        support::ExpectApproved(scripts.size() == 1 ? "workbench/store/expected/version-1.txt"
+                                                    : "workbench/store/expected/version-2.txt",
+                                Describe(opened.Get()->model));
+        EXPECT_EQ(support::ContentOf(former), before) << "reading changes nothing";
+        // The first change brings the file to the present form.
+        opened = Open(former, KeepChanges::InFile);
+        EXPECT_EQ(Rename(*opened.Get(), "renamed"), host::NoError);
+        EXPECT_EQ(Read(former), Describe(opened.Get()->model));
+        const std::string replaced = MakeFile("replaced.kvp", scripts);
+        EXPECT_EQ(SaveProject(*Open(folder / "whole.kvp").Get(), replaced).GetText(), "");
+        EXPECT_EQ(Read(replaced), whole);
+    }
 }
 
 TEST_F(ProjectFile, EverythingComesBack) {

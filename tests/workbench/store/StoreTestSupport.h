@@ -57,7 +57,7 @@ protected:
     }
     /// A file with a row of every kind.
     std::string MakeWhole(const std::string& name) {
-        return MakeFile(name, {"version-1.sql", "version-2.sql", "every-kind.sql"});
+        return MakeFile(name, {"version-1.sql", "version-2.sql", "every-kind.sql", "version-3.sql"});
     }
     /// A project with a row of every kind and some walls.
     std::unique_ptr<workbench::Project> MakeProject(int walls) {
@@ -70,7 +70,9 @@ protected:
             wall.layer = {1};
             wall.name = "wall " + std::to_string(i);
             const host::MaterialComponent parts[] = {{{1 + i % 2}, 0.1 * i, 1.0 / (i + 1)}, {{1}, 1e-9, 2}};
-            project->model.AddElement(wall, std::span(parts).first(static_cast<std::size_t>(i % 3)));
+            const double layers[] = {0.125, 0.0};
+            const auto count = static_cast<std::size_t>(i % 3);
+            project->model.AddElement(wall, std::span(parts).first(count), std::span(layers).first(count));
         }
         return project;
     }
