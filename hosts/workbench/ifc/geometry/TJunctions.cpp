@@ -1,9 +1,9 @@
 #include "workbench/ifc/geometry/TJunctions.h"
 
-#include <array>
 #include <unordered_map>
 
 #include "workbench/ifc/geometry/Edges.h"
+#include "workbench/ifc/geometry/PointGrid.h"
 
 namespace workbench::geometry {
 namespace {
@@ -17,17 +17,6 @@ std::uint64_t KeyOf(Index low, Index high) {
     return static_cast<std::uint64_t>(low) << 32U | high;
 }
 
-using Cell = std::array<std::int64_t, 3>;
-
-struct CellHash {
-    std::size_t operator()(const Cell& cell) const {
-        std::uint64_t hash = 0;
-        for (const std::int64_t part : cell)
-            hash = (hash ^ static_cast<std::uint64_t>(part)) * 0x9E3779B97F4A7C15U;
-        return static_cast<std::size_t>(hash ^ (hash >> 31U));
-    }
-};
-
 /// Where on an edge a point lies.
 struct Split {
     double at = 0.0; ///< metres from the edge's first point
@@ -39,18 +28,15 @@ struct Split {
 /// End points of odd edges in cells about as wide as an edge is long.
 class EndPoints {
 public:
-    EndPoints(const std::vector<Vector3>& points, const std::vector<EdgeUse>& odd) : points(points) {
-        double length = 0.0;
-        for (const EdgeUse& edge : odd)
-            length += Length(points[edge.high] - points[edge.low]);
-        width = std::max(SmallestCellM, length / static_cast<double>(odd.size()));
+    EndPoints(const std::vector<Vector3>& points, const std::vector<EdgeUse>& odd)
+        : points(points), width(FindWidth(points, odd)), grid(width) {
         std::vector<Index> ends;
         for (const EdgeUse& edge : odd)
             ends.insert(ends.end(), {edge.low, edge.high});
         std::sort(ends.begin(), ends.end());
         ends.erase(std::unique(ends.begin(), ends.end()), ends.end());
         for (const Index end : ends)
-            cells[CellOf(points[end])].push_back(end);
+            grid.Add(points[end], end);
     }
 
     /// Those strictly between the ends of EDGE, in order from LOW to HIGH.
@@ -64,7 +50,10 @@ public:
             Box box;
             box.Include(start + whole * (static_cast<double>(i) / steps));
             box.Include(start + whole * (static_cast<double>(i + 1) / steps));
-            LookInto(Grown(box, OnEdgeM), edge, found);
+            grid.LookInto(Grown(box, OnEdgeM), [&](std::span<const Index> cell) {
+                LookAt(cell, edge, found);
+                return false;
+            });
         }
         std::sort(found.begin(), found.end());
         found.erase(std::unique(found.begin(), found.end()), found.end());
@@ -72,30 +61,18 @@ public:
     }
 
 private:
-    [[nodiscard]] Cell CellOf(const Vector3& point) const {
-        return {static_cast<std::int64_t>(std::floor(point.x / width)),
-                static_cast<std::int64_t>(std::floor(point.y / width)),
-                static_cast<std::int64_t>(std::floor(point.z / width))};
+    static double FindWidth(const std::vector<Vector3>& points, const std::vector<EdgeUse>& odd) {
+        double length = 0.0;
+        for (const EdgeUse& edge : odd)
+            length += Length(points[edge.high] - points[edge.low]);
+        return std::max(SmallestCellM, length / static_cast<double>(odd.size()));
     }
 
-    void LookInto(const Box& box, const EdgeUse& edge, std::vector<Split>& found) {
-        const Cell low = CellOf(box.low);
-        const Cell high = CellOf(box.high);
-        Cell cell;
-        for (cell[0] = low[0]; cell[0] <= high[0]; ++cell[0])
-            for (cell[1] = low[1]; cell[1] <= high[1]; ++cell[1])
-                for (cell[2] = low[2]; cell[2] <= high[2]; ++cell[2])
-                    LookInto(cell, edge, found);
-    }
-
-    void LookInto(const Cell& cell, const EdgeUse& edge, std::vector<Split>& found) {
-        ++looks;
-        const auto here = cells.find(cell);
-        if (here == cells.end()) return;
-        looks += here->second.size();
+    void LookAt(std::span<const Index> cell, const EdgeUse& edge, std::vector<Split>& found) {
+        looks += 1 + cell.size();
         const Vector3 along = Unit(points[edge.high] - points[edge.low]);
         const double length = Length(points[edge.high] - points[edge.low]);
-        for (const Index point : here->second) {
+        for (const Index point : cell) {
             if (point == edge.low || point == edge.high) continue;
             const Vector3 from = points[point] - points[edge.low];
             const double at = Dot(from, along);
@@ -104,8 +81,8 @@ private:
     }
 
     const std::vector<Vector3>& points;
-    double width = 0.0;
-    std::unordered_map<Cell, std::vector<Index>, CellHash> cells;
+    double width;
+    PointGrid grid;
     std::size_t looks = 0;
 };
 
