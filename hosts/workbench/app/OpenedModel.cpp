@@ -5,8 +5,8 @@
 #include "workbench/app/Quantities.h"
 #include "workbench/app/Text.h"
 #include "workbench/ifc/IfcImport.h"
-#include "workbench/ifc/step/CodePage.h"
 #include "workbench/store/ProjectFile.h"
+#include "workbench/text/CodePages.h"
 
 namespace workbench {
 
@@ -80,7 +80,7 @@ Result<OpenedModel> OpenedModel::Open(const ModelFile& file, const std::string& 
 }
 
 Outcome OpenedModel::ReadIfc(const std::string& codePage, const ProgressObserver& observer) {
-    if (!codePage.empty() && !step::IsKnownCodePage(codePage))
+    if (!codePage.empty() && !IsKnownCodePage(codePage))
         return Failure::Usage("code page " + codePage + ": unknown; iconv -l lists the names");
     ifc::ImportResult result = ifc::ReadIfcFile(path, {.codePage = codePage}, [&](double share) {
         observer(share);

@@ -1,9 +1,9 @@
 #include "workbench/trees/XmlDocument.h"
 
 #include "text/Utf8.h"
+#include "workbench/text/CodePages.h"
 
 #include <expat.h>
-#include <iconv.h>
 #include <malloc.h>
 
 #include <algorithm>
@@ -50,21 +50,6 @@ bool IsWellFormed(std::string_view text) {
 constexpr unsigned Options = pugi::parse_cdata | pugi::parse_escapes | pugi::parse_wconv_attribute | pugi::parse_eol |
                              pugi::parse_ws_pcdata_single | pugi::parse_embed_pcdata;
 
-/// Empty where the bytes are no text in the encoding.
-std::string ConvertToUtf8(std::string_view bytes, const char* encoding) {
-    const iconv_t converter = iconv_open("UTF-8", encoding);
-    // NOLINTNEXTLINE(performance-no-int-to-ptr): how the C library says that it has no such encoding
-    if (converter == reinterpret_cast<iconv_t>(-1)) return {};
-    std::string text(bytes.size() * 2, '\0');   // three bytes for two of UTF-16, two for one of ISO 8859-1
-    char* in = const_cast<char*>(bytes.data()); // read only, by a function older than const
-    char* out = text.data();
-    std::size_t inLeft = bytes.size(), outLeft = text.size();
-    const bool isText = iconv(converter, &in, &inLeft, &out, &outLeft) != static_cast<std::size_t>(-1);
-    iconv_close(converter);
-    text.resize(isText ? text.size() - outLeft : 0);
-    return text;
-}
-
 /// The name in the document's declaration in upper case; empty where it has none.
 std::string FindDeclaredEncoding(std::string_view document) {
     constexpr std::string_view Blanks = " \t\r\n";
@@ -94,10 +79,9 @@ host::ErrorCode ConvertXmlToUtf8(std::string& document) {
     if (!isLittle && !isBig && (declared.empty() || declared == "UTF-8" || declared == "US-ASCII"))
         return host::NoError;
     if (!isLittle && !isBig && declared != "ISO-8859-1") return host::Errors::BadValue;
-    document =
-        ConvertToUtf8(std::string_view(document).substr(isMarkedLittle || isMarkedBig ? 2 : 0), isLittle ? "UTF-16LE"
-                                                                                                : isBig  ? "UTF-16BE"
-                                                                                                        : "ISO-8859-1");
+    const char* encoding = isLittle ? "UTF-16LE" : isBig ? "UTF-16BE" : "ISO-8859-1";
+    const std::string_view letters = std::string_view(document).substr(isMarkedLittle || isMarkedBig ? 2 : 0);
+    document = DecodeText(encoding, letters).value_or(std::string());
     return document.empty() ? host::Errors::BadValue : host::NoError;
 }
 

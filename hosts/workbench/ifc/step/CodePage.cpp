@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cstddef>
-#include <iconv.h>
 
 #include "text/Utf8.h"
 
@@ -89,42 +88,6 @@ bool HasEightBits(std::string_view coded) {
            std::any_of(coded.begin(), coded.end(), [](char c) { return static_cast<unsigned char>(c) >= 0x80; });
 }
 
-class Converter {
-public:
-    explicit Converter(const std::string& page) : converter(iconv_open("UTF-8", page.c_str())) {}
-    Converter(const Converter&) = delete;
-    Converter& operator=(const Converter&) = delete;
-    ~Converter() {
-        if (IsOpen()) iconv_close(converter);
-    }
-
-    /// By the value that iconv answers a failure with.
-    [[nodiscard]] bool IsOpen() const {
-        return converter != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
-    }
-
-    [[nodiscard]] std::string Convert(std::string_view bytes) const {
-        std::string in(bytes);
-        std::string out(4 * in.size() + 16, '\0');
-        char* inPlace = in.data();
-        char* outPlace = out.data();
-        std::size_t inLeft = in.size();
-        std::size_t outLeft = out.size();
-        while (inLeft > 0 && iconv(converter, &inPlace, &inLeft, &outPlace, &outLeft) == static_cast<std::size_t>(-1)) {
-            if (outLeft < 4) break;
-            ++inPlace;
-            --inLeft;
-            outPlace += std::string_view("\xEF\xBF\xBD").copy(outPlace, 3);
-            outLeft -= 3;
-        }
-        out.resize(out.size() - outLeft);
-        return out;
-    }
-
-private:
-    iconv_t converter;
-};
-
 } // namespace
 
 void CodePageEvidence::Findings::Add(std::string_view bytes) {
@@ -159,19 +122,6 @@ CodePage CodePageEvidence::Decide() const {
     if (all.isWindows) return {.name = "WINDOWS-1252", .isRawUtf8 = isRawUtf8};
     if (all.isJapanese && all.hasJapanesePair) return {.name = "CP932", .isRawUtf8 = isRawUtf8};
     return {.isDoubtful = true};
-}
-
-std::string ConvertToUtf8(const std::string& name, std::string_view bytes) {
-    const Converter converter(name);
-    std::string text;
-    if (converter.IsOpen()) return converter.Convert(bytes);
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        utf8::AppendCharacter(text, utf8::Replacement);
-    return text;
-}
-
-bool IsKnownCodePage(const std::string& name) {
-    return Converter(name).IsOpen();
 }
 
 } // namespace workbench::step

@@ -47,9 +47,4 @@ private:
     bool isRawUtf8 = true;
 };
 
-/// BYTES in the page of iconv's NAME as UTF-8; what is no character there becomes U+FFFD, and so does all of it where
-/// iconv does not know the page.
-[[nodiscard]] std::string ConvertToUtf8(const std::string& name, std::string_view bytes);
-[[nodiscard]] bool IsKnownCodePage(const std::string& name);
-
 } // namespace workbench::step

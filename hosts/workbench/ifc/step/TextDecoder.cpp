@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "text/Utf8.h"
+#include "workbench/text/CodePages.h"
 
 namespace workbench::step {
 namespace {
@@ -23,7 +24,7 @@ public:
         if (form == ByteForm::Raw && isUtf8) {
             out += static_cast<char>(byte);
         } else if (form == ByteForm::Shifted && directive != '1' && byte >= 0xA0) {
-            out += ConvertToUtf8(std::string("ISO-8859-") + directive, std::string(1, static_cast<char>(byte)));
+            out += DecodeTextSomehow(std::string("ISO-8859-") + directive, std::string(1, static_cast<char>(byte)));
         } else {
             utf8::AppendCharacter(out, byte);
         }
@@ -61,7 +62,7 @@ public:
 
 private:
     void Convert() {
-        if (!bytes.empty()) out += ConvertToUtf8(page, bytes);
+        if (!bytes.empty()) out += DecodeTextSomehow(page, bytes);
         bytes.clear();
     }
 
