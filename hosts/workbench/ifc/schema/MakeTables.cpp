@@ -47,7 +47,8 @@ std::vector<Row> ReadRows(const std::string& path, std::size_t columns) {
     std::getline(file, line);
     while (std::getline(file, line)) {
         Row row = Split(line, ';');
-        if (row.empty() || row[0].empty() || row.size() > columns) throw std::runtime_error(path + ": " + line);
+        if (row.empty() || row[0].empty() || row.size() > columns)
+            throw std::runtime_error(std::string(path).append(": ").append(line));
         row.resize(columns);
         rows.push_back(std::move(row));
     }

@@ -16,8 +16,8 @@ bool IsControl(unsigned char byte) {
 /// Signs of Windows-1252 in the range of the control characters; not its letters, and not the low quotation mark, the
 /// florin sign and the accent, which no text needs and which begin common Japanese characters.
 bool IsTypographic(unsigned char byte) {
-    constexpr std::string_view signs = "\x80\x84\x85\x86\x87\x89\x8B\x91\x92\x93\x94\x95\x96\x97\x99\x9B";
-    return signs.find(static_cast<char>(byte)) != std::string_view::npos;
+    constexpr std::string_view Signs = "\x80\x84\x85\x86\x87\x89\x8B\x91\x92\x93\x94\x95\x96\x97\x99\x9B";
+    return Signs.find(static_cast<char>(byte)) != std::string_view::npos;
 }
 
 /// What may stand beside a typographic sign: letters, digits, blanks and what ends a phrase.
@@ -98,7 +98,10 @@ public:
         if (IsOpen()) iconv_close(converter);
     }
 
-    [[nodiscard]] bool IsOpen() const { return converter != reinterpret_cast<iconv_t>(-1); }
+    /// By the value that iconv answers a failure with.
+    [[nodiscard]] bool IsOpen() const {
+        return converter != reinterpret_cast<iconv_t>(-1); // NOLINT(performance-no-int-to-ptr)
+    }
 
     [[nodiscard]] std::string Convert(std::string_view bytes) const {
         std::string in(bytes);
