@@ -13,6 +13,7 @@ using namespace workbench::geometry;
 void CutOpenings(benchmark::State& state, const Body& opening) {
     const Body wall = Block(5.0, 0.2, 3.0);
     std::vector<Body> openings;
+    openings.reserve(static_cast<std::size_t>(state.range(0)));
     for (int i = 0; i < state.range(0); ++i)
         openings.push_back(Transformed(opening, MoveBy({0.1 + 0.5 * (i % 10), -0.05, 0.1 + 0.5 * (i / 10 % 5)})));
     for (auto iteration : state) {

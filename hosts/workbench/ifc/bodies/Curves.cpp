@@ -170,7 +170,7 @@ Curve ReadTrimmedCurve(const Context& context, const Entity& curve, int depth) {
     if (basis.IsA("IfcConic"))
         return TrimConic(context, ReadConic(context, basis), from, to,
                          curve.Get("SenseAgreement").GetLogical().value_or(true));
-    const Curve whole = ReadCurve(context, basis, depth + 1);
+    Curve whole = ReadCurve(context, basis, depth + 1);
     if (!from.parameter || !to.parameter) {
         context.remarks.insert("A trimmed " + std::string(basis.GetTypeName()) + " is taken whole.");
         return whole;

@@ -141,12 +141,12 @@ public:
 private:
     /// Out of range, so that the face is dropped, for numbers that are none.
     [[nodiscard]] Index NumberOf(std::int64_t written) const {
-        constexpr Index none = static_cast<Index>(-1);
+        constexpr Index None = static_cast<Index>(-1);
         if (!through.empty())
             written = written >= 1 && written <= static_cast<std::int64_t>(through.size())
                           ? through[static_cast<std::size_t>(written - 1)]
                           : 0;
-        return written >= 1 && written < none ? static_cast<Index>(written - 1) : none;
+        return written >= 1 && written < None ? static_cast<Index>(written - 1) : None;
     }
 
     std::vector<std::int64_t> through;

@@ -55,7 +55,7 @@ Body ReadRevolution(const Context& context, const Entity& item) {
 /// The part between the parameters that the sweep states, which only a polyline has in points.
 Curve ReadDirectrix(const Context& context, const Entity& item) {
     const Entity entity = item.GetEntity("Directrix");
-    const Curve whole = ReadCurve(context, entity);
+    Curve whole = ReadCurve(context, entity);
     const auto from = item.GetReal("StartParam");
     const auto to = item.GetReal("EndParam");
     if (!from && !to) return whole;

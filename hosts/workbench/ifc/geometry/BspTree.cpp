@@ -22,6 +22,7 @@ std::vector<std::size_t> FindLargest(const Polygons& polygons) {
         largest.insert(place, {area, i});
     }
     std::vector<std::size_t> numbers;
+    numbers.reserve(largest.size());
     for (const auto& [area, number] : largest)
         numbers.push_back(number);
     return numbers;
@@ -197,7 +198,8 @@ private:
             probe.phase = Phase::Before;
             probe.behind = behind;
         }
-        GoOn(probe.phase == Phase::Before ? before : behind, std::move(probe));
+        const int next = probe.phase == Phase::Before ? before : behind;
+        GoOn(next, std::move(probe));
     }
 
     void GoOn(int node, Probe probe) {

@@ -45,6 +45,7 @@ bool IsPlane(const ConvexPolygon& polygon) {
 bool IsConvex(const ConvexPolygon& polygon) {
     const Vector3 axis = AnyNormalTo(polygon.plane.normal);
     const std::size_t count = polygon.points.size();
+    if (count < 3) return false;
     int changes = 0;
     double lastWay = 0.0;
     for (std::size_t i = 0; i < 2 * count; ++i) {

@@ -115,8 +115,9 @@ Curve TrimPolyline(const std::vector<Vector3>& points, double from, double to) {
     to = std::clamp(to, 0.0, last);
     Curve curve;
     curve.points.push_back(PointAt(points, std::min(from, to)));
-    for (double i = std::floor(std::min(from, to)) + 1.0; i < std::max(from, to); i += 1.0)
-        curve.points.push_back(points[static_cast<std::size_t>(i)]);
+    const auto next = static_cast<std::size_t>(std::min(from, to)) + 1;
+    for (std::size_t i = next; static_cast<double>(i) < std::max(from, to); ++i)
+        curve.points.push_back(points[i]);
     curve.points.push_back(PointAt(points, std::max(from, to)));
     return from <= to ? curve : Reversed(std::move(curve));
 }

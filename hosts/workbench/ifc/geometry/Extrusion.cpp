@@ -96,6 +96,7 @@ Body Revolve(const Profile& profile, const Axis& axis, double angle) {
     const bool isFull = std::abs(angle) > FullTurn - 1e-9;
     const int steps = CountChords(farthest, angle);
     std::vector<Section> sections;
+    sections.reserve(static_cast<std::size_t>(steps) + 1);
     for (int i = 0; i < steps + (isFull ? 0 : 1); ++i)
         sections.push_back(Turned(PlaceSection(profile, {}), Raised(axis.point), along, angle * i / steps));
     Body body = Loft(sections, isFull ? Ends::Joined : Ends::Capped);

@@ -112,8 +112,8 @@ std::vector<bool> FindOpenParts(const Parts& parts, const std::vector<EdgeUse>& 
     return isOpen;
 }
 
-/// The direction in which FACE goes away from the edge: its normal turned about the edge. Half a turn is always below 0,
-/// so that rounding does not part faces that lie on each other.
+/// The direction in which FACE goes away from the edge: its normal turned about the edge. Half a turn is always below
+/// 0, so that rounding does not part faces that lie on each other.
 double AngleAbout(const EdgeUse& use, const Transform& frame, const Vector3& doubledArea) {
     const Vector3 along = use.isForward ? frame.z : -frame.z;
     const Vector3 away = Cross(doubledArea, along);

@@ -155,6 +155,7 @@ std::vector<Part> SplitParts(const Shell& shell, const std::vector<Index>& partO
         facesOf[partOf[face]].push_back(face);
     PartMaker maker(shell);
     std::vector<Part> parts;
+    parts.reserve(facesOf.size());
     for (std::vector<Index>& faces : facesOf)
         parts.push_back(maker.Make(std::move(faces)));
     return parts;

@@ -22,7 +22,8 @@ struct Split {
     double at = 0.0; ///< metres from the edge's first point
     Index point = 0;
 
-    friend auto operator<=>(const Split&, const Split&) = default;
+    friend bool operator==(const Split&, const Split&) = default;
+    friend bool operator<(const Split& a, const Split& b) { return a.at != b.at ? a.at < b.at : a.point < b.point; }
 };
 
 /// End points of odd edges in cells about as wide as an edge is long.

@@ -106,7 +106,7 @@ UnitFactors ReadUnits(const entities::Model& model, std::vector<std::string>& wa
     factors.volumeM3 = named.volume.value_or(factors.lengthM * factors.lengthM * factors.lengthM);
     factors.massKg = named.mass.value_or(1.0);
     factors.densityKgPerM3 = named.density.value_or(1.0);
-    factors.angleRad = named.angle.value_or(1.0);
+    factors.angleRad = named.angle;
     if (!named.area) warnings.emplace_back("The file names no area unit; the square of its length unit is taken.");
     if (!named.volume) warnings.emplace_back("The file names no volume unit; the cube of its length unit is taken.");
     return factors;

@@ -15,7 +15,7 @@ struct UnitFactors {
     double volumeM3 = 1.0;
     double massKg = 1.0;
     double densityKgPerM3 = 1.0;
-    double angleRad = 1.0;
+    std::optional<double> angleRad; ///< nothing where the project names no unit of plane angles
 };
 
 /// Units that the project does not name are derived from its length; without a length unit metres are taken. Each

@@ -36,7 +36,7 @@ std::string Read(const char* schema, const bodies::Units& units, const std::stri
     if (!file) return problem.what;
     const entities::Model model(std::move(*file), *schema::ChooseSchema(schema).schema);
     bodies::ElementReader reader(model, units);
-    const std::string first = Describe(reader.Read(model.Find(10)));
+    std::string first = Describe(reader.Read(model.Find(10)));
     // What is remembered of copies must not change them.
     EXPECT_EQ(Describe(reader.Read(model.Find(10))), first) << entities;
     return first;

@@ -12,7 +12,7 @@ using namespace workbench::geometry;
 /// What runs away takes minutes; machines differ by less than this.
 class Stopwatch {
 public:
-    ~Stopwatch() { EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20)); }
+    ~Stopwatch() { EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)); }
 
 private:
     std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
@@ -22,8 +22,9 @@ TEST(Limits, AThousandOpeningsInOneWall) {
     const Stopwatch watch;
     const Body wall = Block(100.0, 0.2, 40.0);
     std::vector<Body> openings;
-    for (int i = 0; i < 1000; ++i)
-        openings.push_back(Transformed(Block(1.0, 0.4, 1.0), MoveBy({2.0 * (i % 50), -0.1, 2.0 * (i / 50)})));
+    for (int row = 0; row < 20; ++row)
+        for (int column = 0; column < 50; ++column)
+            openings.push_back(Transformed(Block(1.0, 0.4, 1.0), MoveBy({2.0 * column, -0.1, 2.0 * row})));
     const Subtraction result = SubtractOpenings(wall, openings);
     EXPECT_NEAR(GetVolumeM3(result.body), 800.0 - 200.0, 1e-6);
     EXPECT_EQ(result.body.status, BodyStatus::Solid);

@@ -147,7 +147,7 @@ private:
 
 inline const std::map<std::string, Script::Word>& Script::Words() {
     using S = Script&;
-    static const std::map<std::string, Word> words = {
+    static const std::map<std::string, Word> All = {
         // Curves
         {"line",
          [](S s) {
@@ -404,7 +404,7 @@ inline const std::map<std::string, Script::Word>& Script::Words() {
              s.Say(GetSignedVolumeM3(cut));
          }},
     };
-    return words;
+    return All;
 }
 
 } // namespace geometrytest
