@@ -1,6 +1,9 @@
 // What every step from an entity to a body needs: the units of the file, and a place for remarks.
 #pragma once
 
+#include <cmath>
+#include <numbers>
+#include <optional>
 #include <set>
 #include <string>
 
@@ -10,7 +13,14 @@ namespace workbench::bodies {
 
 struct Units {
     double lengthM = 1.0;
-    double angleRad = 1.0;
+    std::optional<double> angleRad = {}; ///< nothing where the file does not say it
+
+    /// An angle of the file. Without a unit it is in radians, or in degrees where it is more than a full turn.
+    [[nodiscard]] double ToRadians(double angle) const {
+        constexpr double SlackRad = 0.01;
+        if (angleRad) return angle * *angleRad;
+        return std::abs(angle) > 2.0 * std::numbers::pi + SlackRad ? angle * std::numbers::pi / 180.0 : angle;
+    }
 };
 
 /// What could not be done, or was done otherwise than the file asks: whole sentences, each once.

@@ -98,13 +98,6 @@ Trim ReadTrim(const Context& context, const step::Value& trims) {
     return trim;
 }
 
-/// A file without a unit of angles may mean degrees; more than a full turn in radians is certainly meant so.
-double ToRadians(const Context& context, double parameter) {
-    const double angle = parameter * context.units.angleRad;
-    const bool areDegrees = context.units.angleRad == 1.0 && std::abs(angle) > FullTurn + MostOffRad;
-    return areDegrees ? angle * std::numbers::pi / 180.0 : angle;
-}
-
 /// Between two directions, at most half a turn.
 double AngleBetween(double a, double b) {
     return std::abs(std::remainder(a - b, FullTurn));
@@ -113,7 +106,7 @@ double AngleBetween(double a, double b) {
 double AngleOf(const Context& context, const Conic& conic, const Trim& trim) {
     const double byPoint = trim.point ? conic.GetParameter(*trim.point) : 0.0;
     if (!trim.parameter) return byPoint;
-    const double byParameter = ToRadians(context, *trim.parameter);
+    const double byParameter = context.units.ToRadians(*trim.parameter);
     return trim.point && AngleBetween(byPoint, byParameter) > MostOffRad ? byPoint : byParameter;
 }
 

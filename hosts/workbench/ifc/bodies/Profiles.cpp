@@ -25,7 +25,7 @@ public:
         return profile.Get(name).IsMissing() ? Length(other) : Length(name);
     }
     [[nodiscard]] double Angle(const char* name) const {
-        return profile.GetReal(name).value_or(0.0) * context.units.angleRad;
+        return context.units.ToRadians(profile.GetReal(name).value_or(0.0));
     }
 
 private:

@@ -47,7 +47,7 @@ Body ReadRevolution(const Context& context, const Entity& item) {
     const Entity axis = item.GetEntity("Axis");
     const Vector3 direction = ReadPlacement(context, axis).z;
     const geometry::Axis about{Flat(ReadPoint(context, axis.GetEntity("Location"))), Flat(direction)};
-    const double angle = item.GetReal("Angle").value_or(0.0) * context.units.angleRad;
+    const double angle = context.units.ToRadians(item.GetReal("Angle").value_or(0.0));
     return OfEach(ReadProfiles(context, item.GetEntity("SweptArea")),
                   [&](const Profile& profile) { return Revolve(profile, about, angle); });
 }
