@@ -39,7 +39,7 @@ bool Entity::IsA(std::string_view name) const {
 
 step::Value Entity::Get(std::string_view attribute) const {
     const auto place = model ? GetType()->FindAttribute(attribute) : std::nullopt;
-    return place ? model->GetFile().GetArguments(index).GetItem(*place) : step::Value();
+    return place ? model->GetArgument(index, *place) : step::Value();
 }
 
 Entity Entity::GetEntity(std::string_view attribute) const {

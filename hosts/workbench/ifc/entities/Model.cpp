@@ -3,6 +3,12 @@
 #include <algorithm>
 
 namespace workbench::entities {
+namespace {
+
+/// Characters before an argument from which on it is worth keeping.
+constexpr std::ptrdiff_t LongWay = 2000;
+
+} // namespace
 
 Model::Model(step::StepFile given, const schema::Schema& schema) : file(std::move(given)), schema(&schema) {
     const std::vector<std::string>& keywords = file.GetKeywords();
@@ -39,6 +45,19 @@ std::vector<Entity> Model::GetAll(std::string_view type) const {
             found.emplace_back(*this, index);
     }
     std::sort(found.begin(), found.end());
+    return found;
+}
+
+step::Value Model::GetArgument(step::EntityIndex index, std::size_t place) const {
+    if (!longArguments.empty()) {
+        const auto known = longArguments.find(index);
+        if (known != longArguments.end()) return place < known->second.size() ? known->second[place] : step::Value();
+    }
+    const step::Value all = file.GetArguments(index);
+    const step::Value found = all.GetItem(place);
+    if (!found.GetWritten().empty() && found.GetWritten().data() - all.GetWritten().data() > LongWay)
+        for (const step::Value& argument : all)
+            longArguments[index].push_back(argument);
     return found;
 }
 

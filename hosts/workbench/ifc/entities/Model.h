@@ -7,6 +7,7 @@
 #include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -52,6 +53,7 @@ private:
     [[nodiscard]] const schema::EntityType* GetTypeOf(step::EntityIndex index) const {
         return types[file.GetKeyword(index)];
     }
+    [[nodiscard]] step::Value GetArgument(step::EntityIndex index, std::size_t place) const;
     [[nodiscard]] const References& GetReferences(std::string_view type, std::string_view attribute) const;
     [[nodiscard]] References CollectReferences(std::string_view type, std::string_view attribute) const;
 
@@ -60,6 +62,9 @@ private:
     std::vector<const schema::EntityType*> types; ///< by the file's keywords; null for those that are not known
     std::map<std::string, std::size_t> unknown;
     mutable std::map<std::pair<std::string, std::string>, References> references;
+    /// Arguments of entities in which much text stands before one that was asked for, as the material of thousands of
+    /// objects does behind them all.
+    mutable std::unordered_map<step::EntityIndex, std::vector<step::Value>> longArguments;
 };
 
 } // namespace workbench::entities

@@ -1,7 +1,6 @@
-// Large and hostile bodies: bounded time, honest status, and volumes that still hold.
+// Large and hostile bodies: honest status, and volumes that still hold. What runs away takes hours, and is ended by the
+// time that every test has.
 #include <gtest/gtest.h>
-
-#include <chrono>
 
 #include "Script.h"
 
@@ -9,17 +8,7 @@ namespace {
 
 using namespace workbench::geometry;
 
-/// What runs away takes minutes; machines differ by less than this.
-class Stopwatch {
-public:
-    ~Stopwatch() { EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(60)); }
-
-private:
-    std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
-};
-
 TEST(Limits, AThousandOpeningsInOneWall) {
-    const Stopwatch watch;
     const Body wall = Block(100.0, 0.2, 40.0);
     std::vector<Body> openings;
     for (int row = 0; row < 20; ++row)
@@ -63,7 +52,6 @@ Shell Slab(Index count) {
 }
 
 TEST(Limits, TwoHundredThousandFaces) {
-    const Stopwatch watch;
     const Body slab = MakeBody(Slab(224));
     EXPECT_EQ(slab.status, BodyStatus::Solid);
     EXPECT_NEAR(GetVolumeM3(slab), 2.0 * 224 * 224, 1e-3);
@@ -80,7 +68,6 @@ TEST(Limits, TwoHundredThousandFaces) {
 }
 
 TEST(Limits, AFanOfFacesOnOneEdge) {
-    const Stopwatch watch;
     Shell fan{{{0, 0, 0}, {0, 0, 1}}, {}};
     for (Index i = 0; i < 100'000; ++i) {
         fan.points.push_back({std::cos(i * 0.001), std::sin(i * 0.001), 0.5});
@@ -103,7 +90,6 @@ TEST(Limits, WhatIsTooMuchIsGivenUpAndSaid) {
 }
 
 TEST(Limits, TwoBallsOverlapByTheirLens) {
-    const Stopwatch watch;
     const Body ball = Sphere(1.0);
     const Body other = Transformed(ball, MoveBy({1.0, 0, 0}));
     // Two caps of height 1/2: pi h2 (3 - h) / 3 each. The chords are off by 0.1 %.
