@@ -45,6 +45,14 @@ bool AreAscending(const std::vector<double>& knots) {
     return true;
 }
 
+/// Goes on to END over MIDDLE, half way by parameter. What the chord cuts off is that of a parabola through all three.
+void AddChord(Curve& curve, const Vector3& middle, const Vector3& end) {
+    const Vector3 start = curve.points.back();
+    curve.bulge = curve.bulge + Cross(middle - start, end - start) * (2.0 / 3.0);
+    curve.extraLengthM += 4.0 / 3.0 * (Length(middle - start) + Length(end - middle) - Length(end - start));
+    curve.points.push_back(end);
+}
+
 } // namespace
 
 bool IsValid(const Spline& spline) {
@@ -66,8 +74,12 @@ Curve ToCurve(const Spline& spline, double from, double to) {
         const double low = std::max(spline.knots[span], std::min(from, to));
         const double high = std::min(spline.knots[span + 1], std::max(from, to));
         if (!(low < high)) continue;
-        for (int i = curve.points.empty() ? 0 : 1; i <= ChordsPerSpan; ++i)
-            curve.points.push_back(Evaluate(spline, span, low + (high - low) * i / ChordsPerSpan));
+        const auto at = [&](double chords) {
+            return Evaluate(spline, span, low + (high - low) * chords / ChordsPerSpan);
+        };
+        if (curve.points.empty()) curve.points.push_back(at(0.0));
+        for (int i = 1; i <= ChordsPerSpan; ++i)
+            AddChord(curve, at(i - 0.5), at(i));
     }
     return from <= to ? curve : Reversed(std::move(curve));
 }
