@@ -9,7 +9,6 @@
 #include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
 #include "workbench/ifc/ImportProblem.h"
-#include "workbench/ifc/Origins.h"
 
 namespace workbench::ifc {
 namespace {
@@ -85,7 +84,6 @@ private:
             building.warnings.emplace_back(
                 "The geometry of too many elements cannot be computed; only stated quantities are used.");
         }
-        DescribeOrigins(building);
         if (progress && !progress(1.0)) cancelled = true;
         return cancelled ? Cancel() : ImportResult(std::move(building));
     }

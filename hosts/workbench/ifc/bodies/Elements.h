@@ -8,6 +8,7 @@ namespace workbench::bodies {
 struct ElementBody {
     geometry::Body body; ///< in the element's own coordinates, metres
     Remarks remarks;
+    std::vector<std::string> uncutOpenings; ///< GlobalIds of those that were not, or not as bodies, taken out
 };
 
 /// What can be said of an element's volume without cutting anything.

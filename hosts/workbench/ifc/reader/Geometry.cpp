@@ -13,6 +13,7 @@ MeshQuantities QuantitiesOf(const geometry::Body& body) {
     } else {
         quantities.openSurfaceM2 = body.sheetAreaM2;
     }
+    quantities.method = bodies::DescribeMethod(body);
     return quantities;
 }
 
@@ -35,7 +36,9 @@ BodyGeometry Geometry::Compute(const entities::Entity& entity, const GeometryTas
     geometry.confirmed = task.checkOnly && task.statedVolumeM3 && IsConfirmed(entity, *task.statedVolumeM3);
     if (geometry.confirmed) return geometry;
     const bodies::ElementBody read = elements.Read(entity);
-    const MeshQuantities quantities = QuantitiesOf(read.body);
+    MeshQuantities quantities = QuantitiesOf(read.body);
+    for (const std::string& opening : read.uncutOpenings)
+        quantities.method += "; could not be cut out: " + opening;
     if (quantities.closedSurfaceM2 > 0.0 || quantities.openSurfaceM2 > 0.0) geometry.meshes = quantities;
     geometry.trouble = Joined(read.remarks);
     return geometry;
