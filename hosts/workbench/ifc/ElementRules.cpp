@@ -101,6 +101,11 @@ std::optional<double> PlausibleQuantity(double value) {
     return std::isfinite(value) && value > 0.0 && value <= LargestQuantity ? std::optional(value) : std::nullopt;
 }
 
+VolumeCheck CheckByUncut(double statedM3, double uncutM3) {
+    const bool isWithin = statedM3 >= LeastLeft * uncutM3 && statedM3 <= MostOff * uncutM3;
+    return isWithin ? VolumeCheck::Passed : VolumeCheck::Open;
+}
+
 Thickness ThicknessOf(const StatedQuantities& stated, const MaterialUse& use) {
     const double layersM = TotalThicknessM(use);
     if (layersM > 0.0 || !stated.thicknessM) return {layersM};
@@ -108,14 +113,15 @@ Thickness ThicknessOf(const StatedQuantities& stated, const MaterialUse& use) {
 }
 
 bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
-                   const std::optional<MeshQuantities>& meshes, const Thickness& thickness) {
+                   const std::optional<MeshQuantities>& meshes, const Thickness& thickness, VolumeCheck check) {
     Sourced computed = meshes ? MeshVolume(*meshes, thickness) : Sourced{};
     Sourced said = NetBeforeGross(stated.netVolumeM3, stated.grossVolumeM3);
     if (!IsKnown(said) && !IsKnown(computed)) said = NetBeforeGross(stated.roundedVolumeM3, std::nullopt);
     if (IsKnown(said)) element.statedVolumeM3 = said.value;
     if (IsKnown(computed)) element.geometryVolumeM3 = computed.value;
 
-    const bool comparable = said.value > 0.0 && computed.source == QuantitySource::Geometry;
+    const bool comparable =
+        check == VolumeCheck::Open && said.value > 0.0 && computed.source == QuantitySource::Geometry;
     const bool corrected =
         comparable && (said.value > MostOff * computed.value || computed.value > MostOff * said.value);
     if (corrected) computed.origin += "; the stated volume does not fit it";

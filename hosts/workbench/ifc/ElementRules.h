@@ -62,6 +62,17 @@ struct Thickness {
 
 /// A stated volume may be off from the geometry's by this factor before it is believed to be in a wrong unit.
 inline constexpr double MostOff = 2.0;
+/// Openings and clippings may leave this share of a body.
+inline constexpr double LeastLeft = 0.05;
+
+/// Whether a stated volume fits the body.
+enum class VolumeCheck : std::uint8_t {
+    Open,  ///< the body as it is decides, where there is one
+    Passed ///< it need not be computed for that
+};
+
+/// By the volume before openings and clippings are taken out. Wrong units are off by factors of 35 and more.
+[[nodiscard]] VolumeCheck CheckByUncut(double statedM3, double uncutM3);
 
 /// The stated volume or area that counts, net before gross.
 [[nodiscard]] std::optional<StatedQuantity> StatedVolume(const StatedQuantities& stated);
@@ -74,10 +85,11 @@ inline constexpr double MostOff = 2.0;
 [[nodiscard]] Thickness ThicknessOf(const StatedQuantities& stated, const MaterialUse& use);
 
 /// Sets volume, area, their sources and origins and what was stated and computed. A rounded volume counts where nothing
-/// else does. A stated volume that is off from closed meshes by more than a factor of two gives way to them, and so
-/// does the area stated beside it; then true is answered.
+/// else does. A stated volume that did not pass and is off from closed meshes by more than a factor of two gives way to
+/// them, and so does the area stated beside it; then true is answered.
 [[nodiscard]] bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
-                                 const std::optional<MeshQuantities>& meshes, const Thickness& thickness);
+                                 const std::optional<MeshQuantities>& meshes, const Thickness& thickness,
+                                 VolumeCheck check);
 
 /// Splits the element's volume and area by its materials: layers above 0 by thickness, each with the full area;
 /// constituents by their fractions, brought to a sum of 1, where all have one, else in equal shares, as lists are.

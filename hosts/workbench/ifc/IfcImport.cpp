@@ -68,6 +68,7 @@ private:
     ChildReport RunOnce(AnswerReader& answer) {
         ChildCommand command{reader, {file.string()}, settings.memoryBytes, deadline};
         if (!settings.codePage.empty()) command.arguments.push_back("--code-page=" + settings.codePage);
+        if (settings.everyBody) command.arguments.emplace_back("--every-body");
         if (withoutGeometry) command.arguments.emplace_back("--no-geometry");
         for (const std::uint64_t entity : skipped)
             command.arguments.push_back("--skip=" + std::to_string(entity));

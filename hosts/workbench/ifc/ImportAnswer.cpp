@@ -39,8 +39,14 @@ struct FieldList {
     static void Visit(Archive& archive, Group& group) {
         archive((group.*Members)...);
     }
-    /// The compiler's text for this function holds all members' names.
-    static constexpr std::string_view Describe() { return __PRETTY_FUNCTION__; }
+    /// Names and types of all members, as the compiler writes them into the text for a function.
+    static constexpr std::string_view Describe() { return DescribeAs<decltype(Members)...>(); }
+
+private:
+    template <class... Types>
+    static constexpr std::string_view DescribeAs() {
+        return __PRETTY_FUNCTION__;
+    }
 };
 
 template <class Group>

@@ -106,11 +106,8 @@ ElementBody ElementReader::Read(const Entity& element) {
     return read;
 }
 
-UncutVolume ElementReader::ReadUncut(const Entity& element) {
-    UncutVolume uncut{GetVolumeM3(ReadOwn(element, Detail::Uncut).body), 0.0};
-    for (const Entity& opening : FindOpenings(element))
-        uncut.openingsM3 += GetVolumeM3(ReadOwn(opening, Detail::Uncut).body);
-    return uncut;
+double ElementReader::ReadUncutVolumeM3(const Entity& element) {
+    return GetVolumeM3(ReadOwn(element, Detail::Uncut).body);
 }
 
 std::string DescribeMethod(const geometry::Body& body) {

@@ -188,7 +188,7 @@ private:
         materials.TakeWeight(candidate.use, stated);
         const BodyGeometry body = ComputeGeometry(entity, whose, TaskOf(rule.area, stated, candidate.use));
         candidate.isCorrected =
-            SetQuantities(element, rule.area, stated, body.meshes, ThicknessOf(stated, candidate.use));
+            SetQuantities(element, rule.area, stated, body.meshes, ThicknessOf(stated, candidate.use), body.check);
         if (!body.trouble.empty() && element.volumeSource != QuantitySource::StatedNet &&
             element.volumeSource != QuantitySource::StatedGross) {
             building.warnings.push_back("The geometry of " + whose + " may be inexact: " + body.trouble);
@@ -196,10 +196,10 @@ private:
         Keep(std::move(candidate));
     }
 
-    static GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) {
+    [[nodiscard]] GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) const {
         const bool hasArea = ThicknessOf(stated, use).valueM > 0.0 || StatedArea(rule, stated).has_value();
         const auto volume = StatedVolume(stated);
-        return {volume ? std::optional(volume->value) : std::nullopt, volume && hasArea};
+        return {volume ? std::optional(volume->value) : std::nullopt, options.everyBody || !volume || !hasArea};
     }
 
     BodyGeometry ComputeGeometry(const Entity& entity, const std::string& whose, const GeometryTask& task) {
