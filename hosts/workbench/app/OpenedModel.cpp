@@ -73,19 +73,21 @@ Result<OpenedModel> OpenedModel::Open(const ModelFile& file, const std::string& 
     const bool isIfc = HasExtension(path, ".ifc") || HasExtension(path, ".ifczip");
     if (!isIfc && !IsProjectFile(path)) return Failure::Usage(path + ": a model is an .ifc, .ifczip or .kvp file");
     OpenedModel model(path, savePath);
-    const Outcome outcome = isIfc ? model.ReadIfc(file.codePage, observer) : model.ReadProject();
+    const Outcome outcome = isIfc ? model.ReadIfc(file, observer) : model.ReadProject();
     if (outcome.HasFailed()) return outcome.GetFailure();
     model.project->name = std::filesystem::path(path).stem().string();
     return model;
 }
 
-Outcome OpenedModel::ReadIfc(const std::string& codePage, const ProgressObserver& observer) {
+Outcome OpenedModel::ReadIfc(const ModelFile& file, const ProgressObserver& observer) {
+    const std::string& codePage = file.codePage;
     if (!codePage.empty() && !IsKnownCodePage(codePage))
         return Failure::Usage("code page " + codePage + ": unknown; iconv -l lists the names");
-    ifc::ImportResult result = ifc::ReadIfcFile(path, {.codePage = codePage}, [&](double share) {
-        observer(share);
-        return true;
-    });
+    ifc::ImportResult result =
+        ifc::ReadIfcFile(path, {.codePage = codePage, .everyBody = file.everyBody}, [&](double share) {
+            observer(share);
+            return true;
+        });
     if (result.HasFailed()) return result;
     building = result.Take();
     if (building->elements.empty())

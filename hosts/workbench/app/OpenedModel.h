@@ -21,6 +21,7 @@ bool IsProjectFile(const std::string& path);
 struct ModelFile {
     std::string path;
     std::string codePage = {}; ///< of the texts of an IFC file, by iconv's name; empty: found out from them
+    bool everyBody = false;    ///< of an IFC file: computed also where only stated quantities count
 };
 
 /// What a user states about a model before it is calculated.
@@ -61,7 +62,7 @@ public:
 private:
     OpenedModel(std::string path, std::string savePath) : path(std::move(path)), savePath(std::move(savePath)) {}
 
-    Outcome ReadIfc(const std::string& codePage, const ProgressObserver& observer);
+    Outcome ReadIfc(const ModelFile& file, const ProgressObserver& observer);
     Outcome ReadProject();
 
     std::string path;

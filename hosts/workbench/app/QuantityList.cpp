@@ -2,6 +2,7 @@
 
 #include "workbench/app/GlobalId.h"
 #include "workbench/app/Quantities.h"
+#include "workbench/ifc/ImportedBuilding.h"
 #include "workbench/ifc/Origins.h"
 
 #include <algorithm>

@@ -54,6 +54,8 @@ Result<Request> ParseRequest(const QuantitiesOptions& options) {
     if (keys.HasFailed()) return keys.GetFailure();
     if (!options.only.empty() && options.only != OnlyDoubtful)
         return Failure::Usage("--only " + options.only + ": it is doubtful");
+    if (options.model.everyBody && IsProjectFile(options.model.path))
+        return Failure::Usage("--compute: " + options.model.path + " is a project file, which has no bodies");
     const std::string extension = FoldCase(std::filesystem::path(options.output).extension().string());
     if (!options.output.empty() && extension != ".csv" && extension != ".json")
         return Failure::Usage("--out " + options.output + ": a table of quantities ends in .csv or .json");

@@ -135,6 +135,7 @@ void AddOverviews(CLI::App& app, Arguments& arguments) {
 void AddQuantities(CLI::App& app, QuantitiesOptions& options) {
     CLI::App* command = app.add_subcommand("quantities", "Volumes, areas and masses, and where they come from");
     AddModel(*command, options.model);
+    command->add_flag("--compute", options.model.everyBody, "Compute every body, to compare it with the stated volume");
     command->add_option("--out", options.output, "Write the table to this .csv or .json file");
     command->add_option("--by", options.by, "Sums by type, storey, layer, material: any of them, with commas");
     command->add_option("--only", options.only, "doubtful: only elements about which something is doubtful");

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "workbench/ifc/Origins.h"
+
 namespace workbench::ifc {
 namespace {
 
@@ -12,11 +14,16 @@ constexpr double SmallestVolumeM3 = 1e-12;
 struct Sourced {
     double value = 0.0;
     QuantitySource source = QuantitySource::None;
+    std::string origin;
 };
 
-Sourced NetBeforeGross(const std::optional<double>& net, const std::optional<double>& gross) {
-    if (net) return {*net, QuantitySource::StatedNet};
-    if (gross) return {*gross, QuantitySource::StatedGross};
+bool IsKnown(const Sourced& quantity) {
+    return quantity.source != QuantitySource::None;
+}
+
+Sourced NetBeforeGross(const std::optional<StatedQuantity>& net, const std::optional<StatedQuantity>& gross) {
+    if (net) return {net->value, QuantitySource::StatedNet, OriginBeginnings::Stated + net->name};
+    if (gross) return {gross->value, QuantitySource::StatedGross, OriginBeginnings::Stated + gross->name};
     return {};
 }
 
@@ -32,35 +39,24 @@ Sourced AreaStated(AreaRule rule, const StatedQuantities& stated) {
     return {};
 }
 
-Sourced MeshVolume(const MeshQuantities& meshes, double totalThicknessM) {
-    if (meshes.closedVolumeM3 > SmallestVolumeM3) return {meshes.closedVolumeM3, QuantitySource::Geometry};
-    const double shell = meshes.openSurfaceM2 * totalThicknessM;
-    if (shell > SmallestVolumeM3) return {shell, QuantitySource::ShellThickness};
+Sourced MeshVolume(const MeshQuantities& meshes, const Thickness& thickness) {
+    if (meshes.closedVolumeM3 > SmallestVolumeM3)
+        return {meshes.closedVolumeM3, QuantitySource::Geometry, OriginBeginnings::Computed + meshes.method};
+    const double shell = meshes.openSurfaceM2 * thickness.valueM;
+    if (shell > SmallestVolumeM3)
+        return {shell, QuantitySource::ShellThickness,
+                std::string(OriginBeginnings::OpenShell) + ", its area x " + thickness.name};
     return {};
 }
 
 Sourced ComputedArea(const ImportedElement& element, const std::optional<MeshQuantities>& meshes,
-                     double totalThicknessM) {
-    if (element.volumeM3 > 0.0 && totalThicknessM > 0.0) {
-        return {element.volumeM3 / totalThicknessM, QuantitySource::LayerThickness};
-    }
+                     const Thickness& thickness) {
+    if (element.volumeM3 > 0.0 && thickness.valueM > 0.0)
+        return {element.volumeM3 / thickness.valueM, QuantitySource::LayerThickness,
+                std::string(OriginBeginnings::Computed) + "volume / " + thickness.name};
     const double surface = meshes ? meshes->closedSurfaceM2 + meshes->openSurfaceM2 : 0.0;
-    return surface > 0.0 ? Sourced{surface / 2.0, QuantitySource::Geometry} : Sourced{};
-}
-
-} // namespace
-
-std::optional<double> StatedVolume(const StatedQuantities& stated) {
-    return stated.netVolumeM3 ? stated.netVolumeM3 : stated.grossVolumeM3;
-}
-
-std::optional<double> StatedArea(AreaRule rule, const StatedQuantities& stated) {
-    const Sourced area = AreaStated(rule, stated);
-    return area.source == QuantitySource::None ? std::nullopt : std::optional(area.value);
-}
-
-std::optional<double> PlausibleQuantity(double value) {
-    return std::isfinite(value) && value > 0.0 && value <= LargestQuantity ? std::optional(value) : std::nullopt;
+    if (surface <= 0.0) return {};
+    return {surface / 2.0, QuantitySource::Geometry, std::string(OriginBeginnings::Computed) + "half the surface"};
 }
 
 double TotalThicknessM(const MaterialUse& use) {
@@ -71,26 +67,68 @@ double TotalThicknessM(const MaterialUse& use) {
     return total;
 }
 
-bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
-                   const std::optional<MeshQuantities>& meshes, double totalThicknessM) {
-    const Sourced computed = meshes ? MeshVolume(*meshes, totalThicknessM) : Sourced{};
-    Sourced said = NetBeforeGross(stated.netVolumeM3, stated.grossVolumeM3);
-    if (said.source == QuantitySource::None && computed.source == QuantitySource::None)
-        said = NetBeforeGross(stated.roundedVolumeM3, std::nullopt);
-    if (said.source != QuantitySource::None) element.statedVolumeM3 = said.value;
-    if (computed.source != QuantitySource::None) element.geometryVolumeM3 = computed.value;
-
-    const bool comparable = said.value > 0.0 && computed.source == QuantitySource::Geometry;
-    const bool corrected =
-        comparable && (said.value > MostOff * computed.value || computed.value > MostOff * said.value);
-    const Sourced volume = said.source != QuantitySource::None && !corrected ? said : computed;
+void SetVolume(ImportedElement& element, const Sourced& volume) {
     element.volumeM3 = volume.value;
     element.volumeSource = volume.source;
+    element.volumeOrigin = volume.origin;
+}
 
-    Sourced area = corrected ? Sourced{} : AreaStated(rule, stated);
-    if (area.source == QuantitySource::None) area = ComputedArea(element, meshes, totalThicknessM);
+void SetArea(ImportedElement& element, const Sourced& area) {
     element.areaM2 = area.value;
     element.areaSource = area.source;
+    element.areaOrigin = area.origin;
+}
+
+} // namespace
+
+std::optional<StatedQuantity> StatedVolume(const StatedQuantities& stated) {
+    return stated.netVolumeM3 ? stated.netVolumeM3 : stated.grossVolumeM3;
+}
+
+std::optional<StatedQuantity> StatedArea(AreaRule rule, const StatedQuantities& stated) {
+    switch (rule) {
+    case AreaRule::Side:
+        return stated.netSideAreaM2 ? stated.netSideAreaM2 : stated.grossSideAreaM2;
+    case AreaRule::Plan:
+        return stated.netAreaM2 ? stated.netAreaM2 : stated.grossAreaM2;
+    case AreaRule::None:
+        break;
+    }
+    return std::nullopt;
+}
+
+std::optional<double> PlausibleQuantity(double value) {
+    return std::isfinite(value) && value > 0.0 && value <= LargestQuantity ? std::optional(value) : std::nullopt;
+}
+
+VolumeCheck CheckByUncut(double statedM3, double uncutM3) {
+    const bool isWithin = statedM3 >= LeastLeft * uncutM3 && statedM3 <= MostOff * uncutM3;
+    return isWithin ? VolumeCheck::Passed : VolumeCheck::Open;
+}
+
+Thickness ThicknessOf(const StatedQuantities& stated, const MaterialUse& use) {
+    const double layersM = TotalThicknessM(use);
+    if (layersM > 0.0 || !stated.thicknessM) return {layersM};
+    return {stated.thicknessM->value, stated.thicknessM->name};
+}
+
+bool SetQuantities(ImportedElement& element, AreaRule rule, const StatedQuantities& stated,
+                   const std::optional<MeshQuantities>& meshes, const Thickness& thickness, VolumeCheck check) {
+    Sourced computed = meshes ? MeshVolume(*meshes, thickness) : Sourced{};
+    Sourced said = NetBeforeGross(stated.netVolumeM3, stated.grossVolumeM3);
+    if (!IsKnown(said) && !IsKnown(computed)) said = NetBeforeGross(stated.roundedVolumeM3, std::nullopt);
+    if (IsKnown(said)) element.statedVolumeM3 = said.value;
+    if (IsKnown(computed)) element.geometryVolumeM3 = computed.value;
+
+    const bool comparable =
+        check == VolumeCheck::Open && said.value > 0.0 && computed.source == QuantitySource::Geometry;
+    const bool corrected =
+        comparable && (said.value > MostOff * computed.value || computed.value > MostOff * said.value);
+    if (corrected) computed.origin += "; the stated volume does not fit it";
+    SetVolume(element, IsKnown(said) && !corrected ? said : computed);
+
+    const Sourced area = corrected ? Sourced{} : AreaStated(rule, stated);
+    SetArea(element, IsKnown(area) ? area : ComputedArea(element, meshes, thickness));
     return corrected;
 }
 

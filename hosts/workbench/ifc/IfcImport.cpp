@@ -9,7 +9,6 @@
 #include "workbench/ifc/ChildProcess.h"
 #include "workbench/ifc/ImportAnswer.h"
 #include "workbench/ifc/ImportProblem.h"
-#include "workbench/ifc/Origins.h"
 
 namespace workbench::ifc {
 namespace {
@@ -69,6 +68,7 @@ private:
     ChildReport RunOnce(AnswerReader& answer) {
         ChildCommand command{reader, {file.string()}, settings.memoryBytes, deadline};
         if (!settings.codePage.empty()) command.arguments.push_back("--code-page=" + settings.codePage);
+        if (settings.everyBody) command.arguments.emplace_back("--every-body");
         if (withoutGeometry) command.arguments.emplace_back("--no-geometry");
         for (const std::uint64_t entity : skipped)
             command.arguments.push_back("--skip=" + std::to_string(entity));
@@ -85,7 +85,6 @@ private:
             building.warnings.emplace_back(
                 "The geometry of too many elements cannot be computed; only stated quantities are used.");
         }
-        DescribeOrigins(building);
         if (progress && !progress(1.0)) cancelled = true;
         return cancelled ? Cancel() : ImportResult(std::move(building));
     }

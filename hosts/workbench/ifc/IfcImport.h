@@ -17,6 +17,7 @@ struct ImportSettings {
     std::uint64_t memoryBytes = std::uint64_t(4) << 30; ///< address space of the child
     std::chrono::milliseconds time{600'000};            ///< wall clock of the child
     std::string codePage = {}; ///< of all texts, by iconv's name, known to it; empty: what they hold decides
+    bool everyBody = false;    ///< computed also where only stated quantities count, for comparison
 };
 
 enum class ImportError : std::uint8_t {

@@ -10,7 +10,7 @@ namespace {
 
 constexpr std::string_view Magic = "KVIF";
 
-std::uint64_t Checksum(std::string_view bytes) {
+constexpr std::uint64_t Checksum(std::string_view bytes) {
     std::uint64_t sum = 0xcbf29ce484222325ULL;
     for (const char byte : bytes)
         sum = (sum ^ static_cast<unsigned char>(byte)) * 0x100000001b3ULL;
@@ -32,40 +32,69 @@ T GetNumber(std::string_view bytes) {
     return value;
 }
 
-// One list of fields serves writing and reading.
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedMaterial> {
-    archive(field.name, field.densityKgPerM3);
+/// The members of a struct that are sent, in their order: one list serves writing, reading and the version.
+template <auto... Members>
+struct FieldList {
+    template <class Archive, class Group>
+    static void Visit(Archive& archive, Group& group) {
+        archive((group.*Members)...);
+    }
+    /// Names and types of all members, as the compiler writes them into the text for a function.
+    static constexpr std::string_view Describe() { return DescribeAs<decltype(Members)...>(); }
+
+private:
+    template <class... Types>
+    static constexpr std::string_view DescribeAs() {
+        return __PRETTY_FUNCTION__;
+    }
+};
+
+template <class Group>
+struct FieldsOf;
+template <>
+struct FieldsOf<ImportedMaterial>
+    : FieldList<&ImportedMaterial::name, &ImportedMaterial::densityKgPerM3, &ImportedMaterial::densityOrigin> {};
+template <>
+struct FieldsOf<ImportedStorey> : FieldList<&ImportedStorey::name, &ImportedStorey::elevationM> {};
+template <>
+struct FieldsOf<ImportedComponent> : FieldList<&ImportedComponent::material, &ImportedComponent::volumeM3,
+                                               &ImportedComponent::areaM2, &ImportedComponent::thicknessM> {};
+template <>
+struct FieldsOf<ImportedElement>
+    : FieldList<&ImportedElement::globalId, &ImportedElement::name, &ImportedElement::ifcType, &ImportedElement::kind,
+                &ImportedElement::layer, &ImportedElement::storey, &ImportedElement::components,
+                &ImportedElement::volumeM3, &ImportedElement::areaM2, &ImportedElement::volumeSource,
+                &ImportedElement::areaSource, &ImportedElement::volumeOrigin, &ImportedElement::areaOrigin,
+                &ImportedElement::sharesOrigin, &ImportedElement::statedVolumeM3, &ImportedElement::geometryVolumeM3,
+                &ImportedElement::overallWidthM, &ImportedElement::overallHeightM> {};
+template <>
+struct FieldsOf<ImportFinding> : FieldList<&ImportFinding::globalId, &ImportFinding::ifcType, &ImportFinding::name> {};
+template <>
+struct FieldsOf<VolumeCorrection>
+    : FieldList<&VolumeCorrection::element, &VolumeCorrection::statedM3, &VolumeCorrection::geometryM3> {};
+template <>
+struct FieldsOf<ImportedBuilding>
+    : FieldList<&ImportedBuilding::schema, &ImportedBuilding::projectName, &ImportedBuilding::layers,
+                &ImportedBuilding::storeys, &ImportedBuilding::materials, &ImportedBuilding::elements,
+                &ImportedBuilding::leftOut, &ImportedBuilding::sumsOfParts, &ImportedBuilding::withoutQuantity,
+                &ImportedBuilding::withoutVolume, &ImportedBuilding::withoutMaterial, &ImportedBuilding::sharesUnknown,
+                &ImportedBuilding::correctedVolumes, &ImportedBuilding::grossFloorAreaM2,
+                &ImportedBuilding::grossFloorAreaSource, &ImportedBuilding::metresPerLengthUnit,
+                &ImportedBuilding::warnings> {};
+
+/// A change of any list changes it, so that programs of different builds do not take each other's answers.
+constexpr std::uint16_t DeriveVersion() {
+    std::uint64_t sum = 0;
+    for (const std::string_view fields :
+         {FieldsOf<ImportedMaterial>::Describe(), FieldsOf<ImportedStorey>::Describe(),
+          FieldsOf<ImportedComponent>::Describe(), FieldsOf<ImportedElement>::Describe(),
+          FieldsOf<ImportFinding>::Describe(), FieldsOf<VolumeCorrection>::Describe(),
+          FieldsOf<ImportedBuilding>::Describe()})
+        sum = sum * 31 + Checksum(fields);
+    return static_cast<std::uint16_t>(sum ^ (sum >> 16) ^ (sum >> 32) ^ (sum >> 48));
 }
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedStorey> {
-    archive(field.name, field.elevationM);
-}
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedComponent> {
-    archive(field.material, field.volumeM3, field.areaM2, field.thicknessM);
-}
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedElement> {
-    archive(field.globalId, field.name, field.ifcType, field.kind, field.layer, field.storey, field.components,
-            field.volumeM3, field.areaM2, field.volumeSource, field.areaSource, field.statedVolumeM3,
-            field.geometryVolumeM3, field.overallWidthM, field.overallHeightM);
-}
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportFinding> {
-    archive(field.globalId, field.ifcType, field.name);
-}
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, VolumeCorrection> {
-    archive(field.element, field.statedM3, field.geometryM3);
-}
-template <class Archive, class Field>
-void Fields(Archive& archive, Field& field) requires std::same_as<std::remove_const_t<Field>, ImportedBuilding> {
-    archive(field.schema, field.projectName, field.layers, field.storeys, field.materials, field.elements,
-            field.leftOut, field.sumsOfParts, field.withoutQuantity, field.withoutVolume, field.withoutMaterial,
-            field.sharesUnknown, field.correctedVolumes, field.grossFloorAreaM2, field.grossFloorAreaSource,
-            field.metresPerLengthUnit, field.warnings);
-}
+
+constexpr std::uint16_t AnswerVersion = DeriveVersion();
 
 class Writer {
 public:
@@ -106,7 +135,7 @@ private:
     }
     template <class T>
     void Put(const T& group) requires std::is_class_v<T> {
-        Fields(*this, group);
+        FieldsOf<T>::Visit(*this, group);
     }
 };
 
@@ -169,7 +198,7 @@ private:
     }
     template <class T>
     void Get(T& group) requires std::is_class_v<T> {
-        Fields(*this, group);
+        FieldsOf<T>::Visit(*this, group);
     }
 
     std::string_view rest;

@@ -3,7 +3,7 @@
 //
 //   offset  size
 //   0       4     "KVIF"
-//   4       2     version of the format, AnswerVersion
+//   4       2     version of the format, derived from the lists of fields
 //   6       2     kind, FrameKind
 //   8       8     length of the payload
 //   16      8     FNV-1a (64 bits) of the payload
@@ -25,7 +25,6 @@
 
 namespace workbench::ifc {
 
-inline constexpr std::uint16_t AnswerVersion = 2;
 inline constexpr std::size_t FrameHeaderSize = 24;
 inline constexpr std::uint64_t LongestPayload = std::uint64_t(1) << 31;
 

@@ -136,16 +136,22 @@ TEST(Geometry, ChecksStatedVolumesOfWallsWithOpenings) {
     const struct {
         const char* stated;
         bool corrected;
-    } rows[] = {{"0.80", true}, {"0.90", false}, {"1.75", false}, {"3.45", false}, {"3.55", true}};
-    for (const auto& row : rows) { // half of 1.75 is 0.875, twice 3.5
-        const ImportedBuilding building =
-            Building(File("IFC4", WallWithHole("#23") + Quantity(30, 20, "VOLUME", "NetVolume", row.stated) +
-                                      Quantity(33, 20, "AREA", "NetSideArea", "7.")));
-        EXPECT_EQ(building.correctedVolumes.size(), row.corrected ? 1U : 0U) << row.stated;
-        EXPECT_EQ(Element(building, "e").volumeSource,
-                  row.corrected ? QuantitySource::Geometry : QuantitySource::StatedNet)
-            << row.stated;
-    }
+    } rows[] = {{"0.09", true}, {"0.11", false}, {"1.75", false}, {"3.95", false}, {"4.05", true}};
+    // The wall without the hole has 2 m3. Computing every body must not change what counts.
+    for (const auto& row : rows)
+        for (const bool everyBody : {false, true}) {
+            SCOPED_TRACE(std::string(row.stated) + (everyBody ? ", every body" : ""));
+            ImportResult result =
+                ifctest::Read(File("IFC4", WallWithHole("#23") + Quantity(30, 20, "VOLUME", "NetVolume", row.stated) +
+                                               Quantity(33, 20, "AREA", "NetSideArea", "7.")),
+                              {.everyBody = everyBody});
+            ASSERT_FALSE(result.HasFailed()) << result.GetText();
+            EXPECT_EQ(result.Get().correctedVolumes.size(), row.corrected ? 1U : 0U);
+            const ImportedElement wall = Element(result.Get(), "e");
+            EXPECT_EQ(wall.volumeSource, row.corrected ? QuantitySource::Geometry : QuantitySource::StatedNet);
+            EXPECT_EQ(wall.geometryVolumeM3.has_value(), row.corrected || everyBody);
+            EXPECT_NEAR(wall.geometryVolumeM3.value_or(1.75), 1.75, 1e-6);
+        }
 }
 
 TEST(Geometry, IgnoresWhatIsNoBody) {

@@ -39,7 +39,8 @@ TEST_P(RuleCases, AreAsReviewed) {
     support::ExpectApproved(name, found);
 }
 
-INSTANTIATE_TEST_SUITE_P(Ifc, RuleCases, testing::Values("quantities", "materials", "floor-areas", "schemas"),
+INSTANTIATE_TEST_SUITE_P(Ifc, RuleCases,
+                         testing::Values("quantities", "materials", "floor-areas", "origins", "schemas"),
                          [](const auto& info) {
                              std::string name = info.param;
                              std::replace(name.begin(), name.end(), '-', '_');

@@ -42,6 +42,10 @@ bool IsOfSolids(const Entity& representation) {
            !IsAmong(NameOf(representation), OtherNames);
 }
 
+bool IsUncut(geometry::CutterUse use) {
+    return use != geometry::CutterUse::Cut && use != geometry::CutterUse::Apart;
+}
+
 /// Opening in the element's coordinates.
 Transform Between(const Context& context, const Entity& element, const Entity& opening) {
     return Combine(Inverse(ReadProductPlacement(context, element)), ReadProductPlacement(context, opening));
@@ -82,7 +86,8 @@ void ElementReader::TakeOpenings(const Entity& element, ElementBody& read) {
     std::size_t nested = 0;
     const Context context{model, units, read.remarks, nested};
     std::vector<geometry::Body> cutters;
-    for (const Entity& opening : FindOpenings(element)) {
+    const std::vector<Entity> openings = FindOpenings(element);
+    for (const Entity& opening : openings) {
         ElementBody cutter = ReadOwn(opening, Detail::Full);
         read.remarks.merge(cutter.remarks);
         cutters.push_back(Transformed(std::move(cutter.body), Between(context, element, opening)));
@@ -90,6 +95,8 @@ void ElementReader::TakeOpenings(const Entity& element, ElementBody& read) {
     if (cutters.empty() || read.body.solids.empty()) return;
     geometry::Subtraction result = geometry::SubtractOpenings(read.body, cutters);
     RemarkOnCutters(read.remarks, result.uses, "An opening");
+    for (std::size_t i = 0; i < openings.size(); ++i)
+        if (IsUncut(result.uses[i])) read.uncutOpenings.push_back(openings[i].GetText("GlobalId"));
     read.body = std::move(result.body);
 }
 
@@ -99,11 +106,8 @@ ElementBody ElementReader::Read(const Entity& element) {
     return read;
 }
 
-UncutVolume ElementReader::ReadUncut(const Entity& element) {
-    UncutVolume uncut{GetVolumeM3(ReadOwn(element, Detail::Uncut).body), 0.0};
-    for (const Entity& opening : FindOpenings(element))
-        uncut.openingsM3 += GetVolumeM3(ReadOwn(opening, Detail::Uncut).body);
-    return uncut;
+double ElementReader::ReadUncutVolumeM3(const Entity& element) {
+    return GetVolumeM3(ReadOwn(element, Detail::Uncut).body);
 }
 
 std::string DescribeMethod(const geometry::Body& body) {
@@ -114,15 +118,15 @@ std::string DescribeMethod(const geometry::Body& body) {
         return "closed faces";
     case BodyStatus::ClosedByCaps: {
         char text[80];
-        std::snprintf(text, sizeof text, "closed by faces of our own, %.3g m2", body.capAreaM2);
+        std::snprintf(text, sizeof text, "closed by caps; %.3g m2", body.capAreaM2);
         return text;
     }
     case BodyStatus::TwoSided:
-        return "two sides of a plate";
+        return "two-sided shell";
     case BodyStatus::OpenSurface:
-        return "open surface";
+        return body.solids.empty() ? "open surface" : "closed faces; open ones beside them are left out";
     case BodyStatus::GivenUp:
-        return "given up";
+        return body.solids.empty() ? "given up" : "closed faces; a cut was given up";
     }
     return {};
 }

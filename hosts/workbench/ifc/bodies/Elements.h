@@ -8,12 +8,7 @@ namespace workbench::bodies {
 struct ElementBody {
     geometry::Body body; ///< in the element's own coordinates, metres
     Remarks remarks;
-};
-
-/// What can be said of an element's volume without cutting anything.
-struct UncutVolume {
-    double wholeM3 = 0.0;    ///< without openings and clippings
-    double openingsM3 = 0.0; ///< of all openings, as if they lay apart and wholly within the element
+    std::vector<std::string> uncutOpenings; ///< GlobalIds of those that were not, or not as bodies, taken out
 };
 
 /// Of the file's representations of PRODUCT those that are its body: named Body; else Facetation or Tessellation; else
@@ -28,8 +23,8 @@ public:
     /// All openings taken out.
     [[nodiscard]] ElementBody Read(const entities::Entity& element);
 
-    /// Takes a fraction of the time.
-    [[nodiscard]] UncutVolume ReadUncut(const entities::Entity& element);
+    /// The volume before openings and clippings are taken out, in a fraction of the time; 0 without a closed body.
+    [[nodiscard]] double ReadUncutVolumeM3(const entities::Entity& element);
 
 private:
     ElementBody ReadOwn(const entities::Entity& product, Detail detail);

@@ -10,6 +10,7 @@
 #include "Quantities.h"
 #include "Relations.h"
 #include "Roles.h"
+#include "workbench/ifc/Origins.h"
 
 namespace workbench::ifc {
 namespace {
@@ -137,13 +138,23 @@ private:
         return candidate;
     }
 
-    static std::optional<double> FirstOf(std::initializer_list<std::optional<double>> values) {
-        const auto found = std::find_if(values.begin(), values.end(), [](const auto& value) { return value; });
-        return found == values.end() ? std::nullopt : *found;
+    using Quantity = std::optional<StatedQuantity>;
+
+    /// Of a door or window: its own before its type's.
+    static Quantity FirstOf(const Quantity& attribute, const Quantity& own, const Quantity& ofType) {
+        if (attribute) return attribute;
+        if (own || !ofType) return own;
+        return StatedQuantity{ofType->value, ofType->name + " of the type"};
     }
 
-    [[nodiscard]] std::optional<double> LengthOf(const Entity& entity, const char* attribute) const {
-        return PlausibleQuantity(entity.GetReal(attribute).value_or(0.0) * units.lengthM);
+    [[nodiscard]] Quantity LengthOf(const Entity& entity, const char* attribute) const {
+        const auto length = PlausibleQuantity(entity.GetReal(attribute).value_or(0.0) * units.lengthM);
+        return length ? Quantity({*length, attribute}) : std::nullopt;
+    }
+
+    static Quantity AreaOf(const Quantity& widthM, const Quantity& heightM, const Quantity& statedM2) {
+        if (!widthM || !heightM) return statedM2;
+        return StatedQuantity{widthM->value * heightM->value, widthM->name + " x " + heightM->name};
     }
 
     void ReadOpening(const Entity& opening, ElementKind kind) {
@@ -153,14 +164,14 @@ private:
         element.kind = kind;
         const OpeningSize own = PickOpeningSize(ReadStatedValues(model, units, opening));
         const OpeningSize ofType = PickOpeningSize(ReadStatedValues(model, units, TypeOf(model, opening)));
-        element.overallWidthM = FirstOf({LengthOf(opening, "OverallWidth"), own.widthM, ofType.widthM});
-        element.overallHeightM = FirstOf({LengthOf(opening, "OverallHeight"), own.heightM, ofType.heightM});
-        const bool isMeasured = element.overallWidthM && element.overallHeightM;
-        const auto area = isMeasured ? std::optional(*element.overallWidthM * *element.overallHeightM)
-                                     : FirstOf({own.areaM2, ofType.areaM2});
-        if (area) {
-            element.areaM2 = *area;
+        const Quantity widthM = FirstOf(LengthOf(opening, "OverallWidth"), own.widthM, ofType.widthM);
+        const Quantity heightM = FirstOf(LengthOf(opening, "OverallHeight"), own.heightM, ofType.heightM);
+        if (widthM) element.overallWidthM = widthM->value;
+        if (heightM) element.overallHeightM = heightM->value;
+        if (const Quantity area = AreaOf(widthM, heightM, FirstOf({}, own.areaM2, ofType.areaM2))) {
+            element.areaM2 = area->value;
             element.areaSource = QuantitySource::StatedGross;
+            element.areaOrigin = OriginBeginnings::Stated + area->name;
         }
         Keep(std::move(candidate));
     }
@@ -177,7 +188,7 @@ private:
         materials.TakeWeight(candidate.use, stated);
         const BodyGeometry body = ComputeGeometry(entity, whose, TaskOf(rule.area, stated, candidate.use));
         candidate.isCorrected =
-            SetQuantities(element, rule.area, stated, body.meshes, ThicknessOf(stated, candidate.use));
+            SetQuantities(element, rule.area, stated, body.meshes, ThicknessOf(stated, candidate.use), body.check);
         if (!body.trouble.empty() && element.volumeSource != QuantitySource::StatedNet &&
             element.volumeSource != QuantitySource::StatedGross) {
             building.warnings.push_back("The geometry of " + whose + " may be inexact: " + body.trouble);
@@ -185,14 +196,10 @@ private:
         Keep(std::move(candidate));
     }
 
-    static double ThicknessOf(const StatedQuantities& stated, const MaterialUse& use) {
-        const double layers = TotalThicknessM(use);
-        return layers > 0.0 ? layers : stated.thicknessM.value_or(0.0);
-    }
-
-    static GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) {
-        const bool hasArea = ThicknessOf(stated, use) > 0.0 || StatedArea(rule, stated).has_value();
-        return {StatedVolume(stated), StatedVolume(stated) && hasArea};
+    [[nodiscard]] GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) const {
+        const bool hasArea = ThicknessOf(stated, use).valueM > 0.0 || StatedArea(rule, stated).has_value();
+        const auto volume = StatedVolume(stated);
+        return {volume ? std::optional(volume->value) : std::nullopt, options.everyBody || !volume || !hasArea};
     }
 
     BodyGeometry ComputeGeometry(const Entity& entity, const std::string& whose, const GeometryTask& task) {
@@ -268,7 +275,9 @@ private:
             if (element.volumeM3 <= 0.0 && element.areaM2 > 0.0) building.withoutVolume.push_back(FindingOf(element));
             if (candidate.use.areSharesUnknown) building.sharesUnknown.push_back(FindingOf(element));
             element.components = SplitByMaterial(candidate.use, element.volumeM3, element.areaM2);
+            element.sharesOrigin = candidate.use.origin;
             if (element.components.empty()) {
+                element.sharesOrigin = "no material";
                 element.components.push_back({materials.WithoutMaterial(), element.volumeM3, element.areaM2});
             }
             if (HasNoMaterial(element)) building.withoutMaterial.push_back(FindingOf(element));

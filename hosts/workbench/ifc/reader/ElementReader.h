@@ -11,7 +11,9 @@ namespace workbench::ifc {
 
 struct ReadOptions {
     bool geometry = true;
-    std::set<step::EntityNumber> skipped; ///< entity numbers of elements whose geometry crashed the reader or took too long
+    bool everyBody = false; ///< also where only the stated quantities count
+    std::set<step::EntityNumber>
+        skipped; ///< entity numbers of elements whose geometry crashed the reader or took too long
 };
 
 struct ReadListener {

@@ -13,6 +13,7 @@ MeshQuantities QuantitiesOf(const geometry::Body& body) {
     } else {
         quantities.openSurfaceM2 = body.sheetAreaM2;
     }
+    quantities.method = bodies::DescribeMethod(body);
     return quantities;
 }
 
@@ -25,17 +26,14 @@ std::string Joined(const bodies::Remarks& remarks) {
 
 } // namespace
 
-bool Geometry::IsConfirmed(const entities::Entity& entity, double statedVolumeM3) {
-    const bodies::UncutVolume uncut = elements.ReadUncut(entity);
-    return statedVolumeM3 * MostOff >= uncut.wholeM3 && statedVolumeM3 <= MostOff * (uncut.wholeM3 - uncut.openingsM3);
-}
-
 BodyGeometry Geometry::Compute(const entities::Entity& entity, const GeometryTask& task) {
     BodyGeometry geometry;
-    geometry.confirmed = task.checkOnly && task.statedVolumeM3 && IsConfirmed(entity, *task.statedVolumeM3);
-    if (geometry.confirmed) return geometry;
+    if (task.statedVolumeM3) geometry.check = CheckByUncut(*task.statedVolumeM3, elements.ReadUncutVolumeM3(entity));
+    if (geometry.check == VolumeCheck::Passed && !task.isBodyWanted) return geometry;
     const bodies::ElementBody read = elements.Read(entity);
-    const MeshQuantities quantities = QuantitiesOf(read.body);
+    MeshQuantities quantities = QuantitiesOf(read.body);
+    for (const std::string& opening : read.uncutOpenings)
+        quantities.method += "; could not be cut out: " + opening;
     if (quantities.closedSurfaceM2 > 0.0 || quantities.openSurfaceM2 > 0.0) geometry.meshes = quantities;
     geometry.trouble = Joined(read.remarks);
     return geometry;

@@ -13,14 +13,13 @@ namespace workbench::ifc {
 /// What the caller wants to know of a body.
 struct GeometryTask {
     std::optional<double> statedVolumeM3; ///< to be checked
-    bool checkOnly = false;               ///< nothing but that check is wanted
+    bool isBodyWanted = true;             ///< also where that volume is confirmed
 };
 
 struct BodyGeometry {
-    std::optional<MeshQuantities> meshes; ///< nothing where the element has no body that can be computed
-    /// The stated volume is within a factor of two of what is left without the openings; nothing had to be cut for
-    /// that.
-    bool confirmed = false;
+    /// Nothing where the element has no body that can be computed, or none was wanted.
+    std::optional<MeshQuantities> meshes;
+    VolumeCheck check = VolumeCheck::Open;
     std::string trouble; ///< what was not computed, or not exactly, in sentences
 };
 
@@ -33,8 +32,6 @@ public:
     [[nodiscard]] BodyGeometry Compute(const entities::Entity& entity, const GeometryTask& task);
 
 private:
-    [[nodiscard]] bool IsConfirmed(const entities::Entity& entity, double statedVolumeM3);
-
     bodies::ElementReader elements;
 };
 

@@ -1,6 +1,6 @@
 // kelvarnix-ifc-reader: reads one IFC file and writes what it holds to descriptor 3. It is
 // started by the import with limits on memory and time and may die of a hostile file; nothing else should start it.
-//   kelvarnix-ifc-reader FILE [--code-page=NAME] [--skip=ENTITY]... [--no-geometry]
+//   kelvarnix-ifc-reader FILE [--code-page=NAME] [--skip=ENTITY]... [--no-geometry] [--every-body]
 
 #include <charconv>
 #include <fstream>
@@ -46,6 +46,8 @@ std::optional<Command> ParseCommand(int count, char** words) {
             command.file = word;
         } else if (word == "--no-geometry") {
             command.options.geometry = false;
+        } else if (word == "--every-body") {
+            command.options.everyBody = true;
         } else if (word.starts_with("--code-page=")) {
             command.codePage = word.substr(word.find('=') + 1);
         } else if (word.starts_with("--skip=")) {

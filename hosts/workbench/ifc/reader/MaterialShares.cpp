@@ -98,11 +98,11 @@ void PutOnce(std::vector<Entity>& sets, const Entity& set) {
 
 } // namespace
 
-std::vector<double> MaterialShares::FindWeights(const Entity& element,
-                                                const std::vector<SharingMaterial>& materials) const {
+FoundWeights MaterialShares::FindWeights(const Entity& element, const std::vector<SharingMaterial>& materials) const {
     const std::vector<DescribedPart> parts = DescribedParts(model, element);
-    std::vector<double> weights = Collect(parts, materials, &DescribedPart::volume);
-    return weights.empty() ? Collect(parts, materials, &DescribedPart::width) : weights;
+    std::vector<double> volumes = Collect(parts, materials, &DescribedPart::volume);
+    if (!volumes.empty()) return {std::move(volumes), "volumes stated for the materials"};
+    return {Collect(parts, materials, &DescribedPart::width), "widths stated for the materials"};
 }
 
 void MaterialShares::IndexLayerSets() {
@@ -121,7 +121,7 @@ void MaterialShares::IndexLayerSets() {
     }
 }
 
-Entity MaterialShares::FindLayerSet(const Entity& element, const std::vector<SharingMaterial>& materials) {
+FoundLayerSet MaterialShares::FindLayerSet(const Entity& element, const std::vector<SharingMaterial>& materials) {
     IndexLayerSets();
     std::vector<std::string> names;
     for (const SharingMaterial& material : materials)
@@ -129,11 +129,14 @@ Entity MaterialShares::FindLayerSet(const Entity& element, const std::vector<Sha
     std::sort(names.begin(), names.end());
     const Entity type = TypeOf(model, element);
     const std::string objectType = element.GetText("ObjectType");
-    for (const Entity& found : {FirstUnder(byType, type, names), FirstUnder(byObjectType, objectType, names),
-                                FirstUnder(byName, ComparableName(type.GetText("Name")), names),
-                                FirstUnder(byName, ComparableName(objectType), names)}) {
-        if (!found.IsNone()) return found;
-    }
+    constexpr char SetOfTypeName[] = "layers of the set with the type's name";
+    const FoundLayerSet places[] = {
+        {FirstUnder(byType, type, names), "layers of the type"},
+        {FirstUnder(byObjectType, objectType, names), "layers of an element with the same object type"},
+        {FirstUnder(byName, ComparableName(type.GetText("Name")), names), SetOfTypeName},
+        {FirstUnder(byName, ComparableName(objectType), names), SetOfTypeName}};
+    for (const FoundLayerSet& found : places)
+        if (!found.set.IsNone()) return found;
     return {};
 }
 

@@ -17,20 +17,29 @@ struct SharingMaterial {
     std::string constituent; ///< the name of its part of the element, where it has one
 };
 
+struct FoundWeights {
+    std::vector<double> values; ///< volumes or widths in the order of the materials, > 0, all of them or none
+    std::string origin{};       ///< in plain English
+};
+
+struct FoundLayerSet {
+    entities::Entity set; ///< none where there is none
+    std::string origin{}; ///< in plain English
+};
+
 class MaterialShares {
 public:
     explicit MaterialShares(const entities::Model& model) : model(model) {}
 
     /// By the element's own quantities: complex ones that are called as the materials, with a volume or a width; for
-    /// constituents also widths under the constituents' names. Volumes or widths in the order of MATERIALS, > 0, all of
-    /// them or none.
-    [[nodiscard]] std::vector<double> FindWeights(const entities::Entity& element,
-                                                  const std::vector<SharingMaterial>& materials) const;
+    /// constituents also widths under the constituents' names.
+    [[nodiscard]] FoundWeights FindWeights(const entities::Entity& element,
+                                           const std::vector<SharingMaterial>& materials) const;
 
     /// A layer set with just these materials: of the element's type, of another element of this type or of the same
-    /// object type text, or one that is called as the type. None where there is none.
-    [[nodiscard]] entities::Entity FindLayerSet(const entities::Entity& element,
-                                                const std::vector<SharingMaterial>& materials);
+    /// object type text, or one that is called as the type.
+    [[nodiscard]] FoundLayerSet FindLayerSet(const entities::Entity& element,
+                                             const std::vector<SharingMaterial>& materials);
 
 private:
     using LayerSets = std::vector<entities::Entity>;

@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "Relations.h"
+#include "workbench/ifc/Origins.h"
 
 namespace workbench::ifc {
 namespace {
@@ -13,6 +14,7 @@ using entities::Entity;
 /// Osmium has 22,600 kg/m3; what is heavier is in a wrong unit.
 constexpr double heaviestKgPerM3 = 30000.0;
 constexpr int deepestWhole = 8;
+constexpr char OneMaterial[] = "one material";
 
 } // namespace
 
@@ -25,6 +27,7 @@ MaterialUse Materials::UseOf(const Entity& object) {
     const bool isOfSeveral = std::any_of(use.shares.begin(), use.shares.end(), [&](const MaterialShare& share) {
         return share.material != use.shares.front().material;
     });
+    if (use.form == MaterialForm::Single || (isList && !isOfSeveral)) use.origin = OneMaterial;
     if (isList && !hasFractions && isOfSeveral) FindShares(object, use);
     return use;
 }
@@ -39,31 +42,35 @@ std::vector<SharingMaterial> Materials::Describe(const MaterialUse& use) const {
 /// Replaces the equal shares of USE by better ones.
 void Materials::FindShares(const Entity& object, MaterialUse& use) {
     const std::vector<SharingMaterial> materials = Describe(use);
-    const std::vector<double> weights = shares.FindWeights(object, materials);
-    if (!weights.empty()) {
+    const FoundWeights weights = shares.FindWeights(object, materials);
+    if (!weights.values.empty()) {
         use.form = MaterialForm::Constituents;
-        for (std::size_t i = 0; i < weights.size(); ++i)
-            use.shares[i].fraction = weights[i];
-    } else if (const Entity set = shares.FindLayerSet(object, materials); !set.IsNone()) {
-        use = Layers(set);
+        use.origin = weights.origin;
+        for (std::size_t i = 0; i < weights.values.size(); ++i)
+            use.shares[i].fraction = weights.values[i];
+    } else if (const FoundLayerSet found = shares.FindLayerSet(object, materials); !found.set.IsNone()) {
+        use = Layers(found.set);
+        use.origin = found.origin;
     } else {
         use.areSharesUnknown = true;
+        use.origin = std::string(OriginBeginnings::EqualShares) + "; the model gives none";
     }
 }
 
 void Materials::TakeWeight(const MaterialUse& use, const StatedQuantities& stated) {
     if (use.form != MaterialForm::Single || !stated.netWeightKg || !stated.netVolumeM3) return;
     Weighed& sum = weighed[use.shares.front().material];
-    sum.kg += *stated.netWeightKg;
-    sum.m3 += *stated.netVolumeM3;
+    sum.kg += stated.netWeightKg->value;
+    sum.m3 += stated.netVolumeM3->value;
 }
 
 void Materials::DeriveDensities() {
     for (const auto& [index, sum] : weighed) {
         ImportedMaterial& material = building.materials[index];
         const double density = sum.kg / sum.m3;
-        if (!material.densityKgPerM3 && material.name != NoMaterialName && density <= heaviestKgPerM3)
-            material.densityKgPerM3 = density;
+        if (material.densityKgPerM3 || material.name == NoMaterialName || density > heaviestKgPerM3) continue;
+        material.densityKgPerM3 = density;
+        material.densityOrigin = std::string(OriginBeginnings::Derived) + "NetWeight / NetVolume";
     }
 }
 
@@ -114,18 +121,18 @@ MaterialUse Materials::Read(const Entity& select) {
 }
 
 MaterialUse Materials::Single(const Entity& material) {
-    return {MaterialForm::Single, {{.material = IndexOf(material)}}};
+    return {.form = MaterialForm::Single, .shares = {{.material = IndexOf(material)}}};
 }
 
 MaterialUse Materials::List(const std::vector<Entity>& materials) {
-    MaterialUse use{MaterialForm::List, {}};
+    MaterialUse use{.form = MaterialForm::List};
     for (const Entity& material : materials)
         use.shares.push_back({.material = IndexOf(material)});
     return use;
 }
 
 MaterialUse Materials::Layers(const Entity& set) {
-    MaterialUse use{MaterialForm::Layers, {}};
+    MaterialUse use{.form = MaterialForm::Layers, .origin = "layers by thickness"};
     for (const Entity& layer : set.GetEntities("MaterialLayers")) {
         const double thickness = layer.GetReal("LayerThickness").value_or(0.0);
         if (thickness <= 0.0) continue;
@@ -142,7 +149,7 @@ MaterialUse Materials::Profiles(const Entity& set) {
 }
 
 MaterialUse Materials::Constituents(const Entity& set) {
-    MaterialUse use{MaterialForm::Constituents, {}};
+    MaterialUse use{.form = MaterialForm::Constituents, .origin = "constituents by fraction"};
     for (const Entity& constituent : set.GetEntities("MaterialConstituents"))
         use.shares.push_back({.material = IndexOf(constituent.GetEntity("Material")),
                               .fraction = constituent.GetReal("Fraction"),
@@ -160,7 +167,10 @@ std::size_t Materials::IndexOf(const Entity& material) {
     if (density && entry.densityKgPerM3 && std::abs(*density - *entry.densityKgPerM3) > 1e-6 * *density) {
         building.warnings.push_back("The material " + name + " has two densities; the first is used.");
     }
-    if (!entry.densityKgPerM3) entry.densityKgPerM3 = density;
+    if (density && !entry.densityKgPerM3) {
+        entry.densityKgPerM3 = density;
+        entry.densityOrigin = std::string(OriginBeginnings::Stated) + "MassDensity";
+    }
     byEntity.emplace(material, index);
     return index;
 }

@@ -35,7 +35,7 @@ SetGroup GroupOf(const StatedValue& value) {
     return set == "quantities" ? SetGroup::Plain : SetGroup::OtherQuantity;
 }
 
-using Target = std::optional<double> StatedQuantities::*;
+using Target = std::optional<StatedQuantity> StatedQuantities::*;
 
 /// What a name means in the sets from one group to another.
 struct NameRow {
@@ -99,10 +99,16 @@ std::vector<const StatedValue*> ByTrust(const std::vector<StatedValue>& values) 
     return ordered;
 }
 
+std::optional<StatedQuantity> QuantityOf(const StatedValue& value) {
+    const std::optional<double> plausible = PlausibleQuantity(value.value);
+    return plausible ? std::optional(StatedQuantity{*plausible, value.writtenName}) : std::nullopt;
+}
+
 /// The side area of a wall whose two faces are stated.
 void TakeFaces(StatedQuantities& stated) {
     if (stated.netSideAreaM2 || !stated.leftFaceAreaM2 || !stated.rightFaceAreaM2) return;
-    stated.netSideAreaM2 = (*stated.leftFaceAreaM2 + *stated.rightFaceAreaM2) / 2.0;
+    stated.netSideAreaM2 = {(stated.leftFaceAreaM2->value + stated.rightFaceAreaM2->value) / 2.0,
+                            "mean of " + stated.leftFaceAreaM2->name + " and " + stated.rightFaceAreaM2->name};
 }
 
 } // namespace
@@ -113,7 +119,7 @@ StatedQuantities PickStated(const std::vector<StatedValue>& values, AreaRule rul
     for (const StatedValue* value : ByTrust(values)) {
         const NameRow* row = RowOf(*value, GroupOf(*value), rule);
         if (!row || stated.*row->target) continue;
-        stated.*row->target = PlausibleQuantity(value->value);
+        stated.*row->target = QuantityOf(*value);
         if (!(stated.*row->target) && value->value != 0.0) {
             warnings.push_back("The stated " + value->writtenName + " of " + whose + " (" +
                                std::to_string(value->value) +
@@ -126,14 +132,14 @@ StatedQuantities PickStated(const std::vector<StatedValue>& values, AreaRule rul
 
 OpeningSize PickOpeningSize(const std::vector<StatedValue>& values) {
     OpeningSize size;
-    const auto take = [](std::optional<double>& place, double value) {
-        if (!place) place = PlausibleQuantity(value);
+    const auto take = [](std::optional<StatedQuantity>& place, const StatedValue& value) {
+        if (!place) place = QuantityOf(value);
     };
     for (const StatedValue* value : ByTrust(values)) {
         if (GroupOf(*value) > SetGroup::OtherQuantity) continue;
-        if (value->measure == Measure::Length && value->name == "width") take(size.widthM, value->value);
-        if (value->measure == Measure::Length && value->name == "height") take(size.heightM, value->value);
-        if (value->measure == Measure::Area && value->name == "area") take(size.areaM2, value->value);
+        if (value->measure == Measure::Length && value->name == "width") take(size.widthM, *value);
+        if (value->measure == Measure::Length && value->name == "height") take(size.heightM, *value);
+        if (value->measure == Measure::Area && value->name == "area") take(size.areaM2, *value);
     }
     return size;
 }

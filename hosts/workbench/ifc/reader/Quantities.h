@@ -18,7 +18,7 @@ namespace workbench::ifc {
 
 /// Of a door or window.
 struct OpeningSize {
-    std::optional<double> widthM, heightM, areaM2;
+    std::optional<StatedQuantity> widthM, heightM, areaM2;
 };
 [[nodiscard]] OpeningSize PickOpeningSize(const std::vector<StatedValue>& values);
 

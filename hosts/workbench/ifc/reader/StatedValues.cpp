@@ -29,7 +29,8 @@ public:
     Reader(const entities::Model& model, const UnitFactors& units) : model(model), units(units) {}
 
     void Read(const Entity& set) {
-        setName = ComparableName(set.GetText("Name"));
+        writtenSet = set.GetText("Name");
+        setName = ComparableName(writtenSet);
         for (const Entity& quantity : set.GetEntities("Quantities"))
             ReadQuantity(quantity);
         for (const Entity& property : set.GetEntities("HasProperties"))
@@ -57,14 +58,15 @@ private:
 
     void Put(const Entity& source, const MeasureRow& row, double number, bool isProperty) {
         const double value = number * UnitFactor(source.GetEntity("Unit")).value_or(units.*row.projectFactor);
-        std::string name = source.GetText("Name");
+        const std::string name = source.GetText("Name");
+        const std::string whole = writtenSet.empty() ? name : writtenSet + "." + name;
         if (std::isfinite(value))
-            values.push_back({setName, ComparableName(name), std::move(name), row.measure, isProperty, value});
+            values.push_back({setName, ComparableName(name), whole, row.measure, isProperty, value});
     }
 
     const entities::Model& model;
     const UnitFactors& units;
-    std::string setName;
+    std::string writtenSet, setName;
 };
 
 } // namespace

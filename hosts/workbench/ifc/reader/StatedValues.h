@@ -16,7 +16,7 @@ enum class Measure : std::uint8_t { Length, Area, Volume, Mass };
 struct StatedValue {
     std::string set; ///< both names without blanks and underscores around them, ASCII letters small
     std::string name;
-    std::string writtenName;
+    std::string writtenName; ///< with the set's: "BaseQuantities.NetVolume"
     Measure measure = Measure::Length;
     bool isProperty = false; ///< a single value of a property set, by its measure type; else of a quantity set
     double value = 0.0;      ///< m, m2, m3 or kg; finite, maybe negative
