@@ -12,23 +12,28 @@ using namespace workbench;
 
 constexpr std::size_t Blocks = 300'000;
 
-/// Points, faces, a wall with a name in escapes, a relation: about what models are made of.
-std::string LargeText() {
+/// Points, faces, a wall with a name in escapes, a relation: about what models are made of. "@" is the block's number.
+constexpr std::string_view Block = R"(#@1=IFCCARTESIANPOINT((12.3456789,-0.123456,2500.));
+#@2=IFCPOLYLOOP((#@1,#@1,#@1));
+#@3=IFCFACEOUTERBOUND(#@2,.T.);
+#@4=IFCFACE((#@3));
+#@5=IFCWALLSTANDARDCASE('2XPyKWY018sA1ygZKgQPtU',#1,'W\X2\00FC\X0\nd-@',$,$,$,$,'0F2C7A60-1B42-4E41-A1E2-C4F2A55A9AA9');
+#@6=IFCRELCONTAINEDINSPATIALSTRUCTURE('2XPyKWY018sA1ygZKgQPtU',#1,$,$,(#@5),#21);
+)";
+
+std::string MakeLargeText() {
     std::string text = "ISO-10303-21;\nHEADER;FILE_SCHEMA(('IFC4'));ENDSEC;\nDATA;\n";
     for (std::size_t i = 0; i < Blocks; ++i) {
-        const std::string n = std::to_string(10 * i);
-        text += "#" + n + "1=IFCCARTESIANPOINT((12.3456789,-0.123456,2500.));\n#" + n + "2=IFCPOLYLOOP((#" + n + "1,#" +
-                n + "1,#" + n + "1));\n#" + n + "3=IFCFACEOUTERBOUND(#" + n + "2,.T.);\n#" + n + "4=IFCFACE((#" + n +
-                "3));\n#" + n + "5=IFCWALLSTANDARDCASE('2XPyKWY018sA1ygZKgQPtU',#1,'W\\X2\\00FC\\X0\\nd-" + n +
-                "',$,$,$,$,'0F2C7A60-1B42-4E41-A1E2-C4F2A55A9AA9');\n#" + n +
-                "6=IFCRELCONTAINEDINSPATIALSTRUCTURE('2XPyKWY018sA1ygZKgQPtU',#1,$,$,(#" + n + "5),#21);\n";
+        const std::string number = std::to_string(10 * i);
+        for (const char letter : Block)
+            letter == '@' ? text.append(number) : text.append(1, letter);
     }
     return text + "ENDSEC;\n";
 }
 
 const std::string& Text() {
-    static const std::string text = LargeText();
-    return text;
+    static const std::string Large = MakeLargeText();
+    return Large;
 }
 
 step::StepFile Read() {
