@@ -146,7 +146,8 @@ std::vector<Finding> ListDoubts(const std::vector<ElementQuantities>& elements) 
             const Element& element = *quantities.element;
             const std::string owner = NameElement(WriteGlobalId(element.guid), element.kind, element.name);
             const std::string kind = DescribeDoubt(doubt);
-            findings.push_back({kind, "elements", owner, kind + ": " + owner, quantities.volumeM3});
+            const std::string sentence = std::string(kind).append(": ").append(owner);
+            findings.push_back({kind, "elements", owner, sentence, quantities.volumeM3});
         }
     return findings;
 }

@@ -154,6 +154,7 @@ KeyValue ReadKey(SumKey key, const PartContext& context) {
 
 std::vector<Cell> ListCells(const std::vector<KeyValue>& keys, const Sum& sum) {
     std::vector<Cell> row;
+    row.reserve(keys.size());
     for (const KeyValue& key : keys)
         row.push_back(ToCell(key.second));
     const auto count = [](std::size_t number) { return Cell(static_cast<std::int64_t>(number)); };
@@ -201,6 +202,7 @@ QuantityTable SumParts(const Model& model, const std::vector<ElementQuantities>&
         for (const QuantityPart& part : quantities.parts) {
             const PartContext context{model, quantities, part};
             std::vector<KeyValue> values;
+            values.reserve(keys.size());
             for (const SumKey key : keys)
                 values.push_back(ReadKey(key, context));
             AddPart(context, isByMaterial ? part.areaM2 : restM2, sums[values]);
