@@ -83,7 +83,7 @@ inline std::string Describe(const workbench::Model& model) {
                  row.cutFillBackgroundPen, row.cutSurface);
     for (const auto& row : model.GetElements()) {
         text.Add("element", row.guid, row.type, row.layer, row.classification, row.name, row.kind, row.openingAreaM2,
-                 row.storey, row.statedVolumeM3, row.computedVolumeM3);
+                 row.storey, row.statedVolumeM3, row.computedVolumeM3, row.typeName);
         auto thickness = model.GetThicknesses(row).begin();
         for (const auto& part : model.GetComponents(row))
             text.Add("  component", part.buildingMaterial, part.volumeM3, part.areaM2, *thickness++);

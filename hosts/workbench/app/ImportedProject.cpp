@@ -1,6 +1,7 @@
 #include "workbench/app/ImportedProject.h"
 
 #include "workbench/app/GlobalId.h"
+#include "workbench/app/Quantities.h"
 #include "workbench/model/NewProject.h"
 
 #include <map>
@@ -63,7 +64,8 @@ Element MakeElement(const ifc::ImportedElement& source) {
     element.layer.value = static_cast<std::int32_t>(source.layer + 1);
     element.name = source.name;
     element.kind = source.ifcType;
-    element.openingAreaM2 = source.overallWidthM.value_or(0.0) * source.overallHeightM.value_or(0.0);
+    element.typeName = source.typeName;
+    if (IsOpening(element)) element.openingAreaM2 = source.areaM2;
     if (source.storey) element.storey = static_cast<std::uint32_t>(*source.storey);
     element.statedVolumeM3 = source.statedVolumeM3;
     element.computedVolumeM3 = source.geometryVolumeM3;

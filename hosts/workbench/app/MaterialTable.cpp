@@ -8,14 +8,16 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <map>
 
 namespace workbench {
 
 namespace {
 
-constexpr std::array<std::string_view, 6> PlainColumns = {"applies_to", "name",         "unit",
-                                                          "gwp",        "service_life", "density"};
+/// The last two tell people what a model has; they are not read.
+constexpr std::array<std::string_view, 8> PlainColumns = {"applies_to",   "name",    "unit",  "gwp",
+                                                          "service_life", "density", "count", "area_m2"};
 
 bool IsPhase(const std::string& column) {
     return std::any_of(lca::LifeCycleModules.begin(), lca::LifeCycleModules.end(),
@@ -194,15 +196,18 @@ Result<MaterialTable> MaterialTable::Parse(const std::string& path, std::string_
     return table;
 }
 
-const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::string& name) const {
-    const std::string folded = FoldCase(PutOnOneLine(name));
+const MaterialRow* MaterialTable::Find(AppliesTo appliesTo, const std::vector<std::string>& names) const {
     const auto find = [&](auto matches) -> const MaterialRow* {
-        for (std::size_t i = 0; i < rows.size(); ++i)
-            if (rows[i].appliesTo == appliesTo && rows[i].IsFilledIn() && matches(foldedNames[i])) return &rows[i];
+        for (const std::string& name : names) {
+            const std::string folded = FoldCase(PutOnOneLine(name));
+            for (std::size_t i = 0; i < rows.size(); ++i)
+                if (rows[i].appliesTo == appliesTo && rows[i].IsFilledIn() && matches(folded, foldedNames[i]))
+                    return &rows[i];
+        }
         return nullptr;
     };
-    if (const MaterialRow* exact = find([&](const std::string& row) { return row == folded; })) return exact;
-    return find([&](const std::string& row) { return MatchesPattern(folded, row); });
+    if (const MaterialRow* exact = find(std::equal_to<>())) return exact;
+    return find([](const std::string& name, const std::string& row) { return MatchesPattern(name, row); });
 }
 
 std::string QuoteCell(const std::string& text) {

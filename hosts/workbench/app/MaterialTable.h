@@ -31,9 +31,9 @@ public:
     /// The same from a text; `path` is for messages.
     static Result<MaterialTable> Parse(const std::string& path, std::string_view text);
 
-    /// The first filled-in row whose name matches exactly, ignoring case, else the first whose pattern matches; null
-    /// where none does.
-    const MaterialRow* Find(AppliesTo appliesTo, const std::string& name) const;
+    /// The first filled-in row whose name is the first of NAMES, ignoring case, else the next; else, in the same order,
+    /// the first whose pattern matches. Null where none does.
+    const MaterialRow* Find(AppliesTo appliesTo, const std::vector<std::string>& names) const;
     const std::vector<MaterialRow>& GetRows() const { return rows; }
 
 private:

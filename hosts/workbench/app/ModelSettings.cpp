@@ -167,12 +167,13 @@ Outcome ApplyMaterialTable(Session& session, const MaterialTable& table) {
         // A copy: filling in densities replaces attributes.
         const std::vector<host::BuildingMaterial> materials = host.GetProject()->model.GetBuildingMaterials();
         for (const host::BuildingMaterial& material : materials)
-            if (const MaterialRow* row = table.Find(AppliesTo::Material, material.name))
+            if (const MaterialRow* row = table.Find(AppliesTo::Material, {material.name}))
                 if (const host::ErrorCode code = WriteMaterial(host, material, *row)) return code;
         for (const Element& element : host.GetProject()->model.GetElements()) {
             if (!IsOpening(element)) continue;
             const bool isDoor = element.type == host::ElementType::Door;
-            const MaterialRow* row = table.Find(isDoor ? AppliesTo::Door : AppliesTo::Window, element.name);
+            const MaterialRow* row =
+                table.Find(isDoor ? AppliesTo::Door : AppliesTo::Window, {element.name, element.typeName});
             if (row == nullptr) continue;
             if (const host::ErrorCode code = WriteOpening(host, element, *row, usedPhases)) return code;
         }

@@ -17,7 +17,6 @@
 
 #include <algorithm>
 #include <map>
-#include <set>
 
 namespace workbench::cli {
 
@@ -123,18 +122,32 @@ std::string GetFirstUsedPhase(const Model& model) {
                           : *std::min_element(phases.begin(), phases.end());
 }
 
+/// Doors or windows of one type.
+struct OpeningSum {
+    int count = 0;
+    double areaM2 = 0.0;
+};
+
 void AddOpenings(const Model& model, host::ElementType type, const char* appliesTo, const std::string& noGWP,
                  std::string& table) {
-    std::set<std::string> names;
-    for (const Element& element : model.GetElements())
-        if (element.type == type) names.insert(element.name);
-    for (const std::string& name : names)
+    std::map<std::string, OpeningSum> sums;
+    for (const Element& element : model.GetElements()) {
+        if (element.type != type) continue;
+        OpeningSum& sum = sums[element.typeName.empty() ? element.name : element.typeName];
+        ++sum.count;
+        sum.areaM2 += element.openingAreaM2;
+    }
+    for (const auto& [name, sum] : sums)
         table.append(appliesTo)
             .append(";")
             .append(QuoteCell(name.empty() ? "*" : name))
             .append(";piece;")
             .append(noGWP)
-            .append(";;\n");
+            .append(";;;")
+            .append(std::to_string(sum.count))
+            .append(";")
+            .append(FormatShort(sum.areaM2, 3))
+            .append("\n");
 }
 
 /// The stored value as the add-on reads it.
@@ -183,7 +196,7 @@ Outcome RunMaterials(const ModelFile& file, const std::string& output) {
     std::string gwpColumns = phases.empty() ? "gwp" : "";
     for (const std::string& phase : phases)
         gwpColumns.append(gwpColumns.empty() ? "" : ";").append(phase);
-    std::string table = "applies_to;name;unit;" + gwpColumns + ";service_life;density\n";
+    std::string table = "applies_to;name;unit;" + gwpColumns + ";service_life;density;count;area_m2\n";
     const std::string firstUsed = GetFirstUsedPhase(model);
     for (const MaterialCells& cells : materials)
         table.append("material;")
@@ -196,7 +209,7 @@ Outcome RunMaterials(const ModelFile& file, const std::string& output) {
             .append(cells.serviceLife)
             .append(";")
             .append(cells.density)
-            .append("\n");
+            .append(";;\n");
     const std::string noGWP(phases.empty() ? 0 : phases.size() - 1, ';');
     AddOpenings(model, host::ElementType::Door, "door", noGWP, table);
     AddOpenings(model, host::ElementType::Window, "window", noGWP, table);

@@ -61,12 +61,13 @@ struct FieldsOf<ImportedComponent> : FieldList<&ImportedComponent::material, &Im
                                                &ImportedComponent::areaM2, &ImportedComponent::thicknessM> {};
 template <>
 struct FieldsOf<ImportedElement>
-    : FieldList<&ImportedElement::globalId, &ImportedElement::name, &ImportedElement::ifcType, &ImportedElement::kind,
-                &ImportedElement::layer, &ImportedElement::storey, &ImportedElement::components,
-                &ImportedElement::volumeM3, &ImportedElement::areaM2, &ImportedElement::volumeSource,
-                &ImportedElement::areaSource, &ImportedElement::volumeOrigin, &ImportedElement::areaOrigin,
-                &ImportedElement::sharesOrigin, &ImportedElement::statedVolumeM3, &ImportedElement::geometryVolumeM3,
-                &ImportedElement::overallWidthM, &ImportedElement::overallHeightM> {};
+    : FieldList<&ImportedElement::globalId, &ImportedElement::name, &ImportedElement::typeName,
+                &ImportedElement::ifcType, &ImportedElement::kind, &ImportedElement::layer, &ImportedElement::storey,
+                &ImportedElement::components, &ImportedElement::volumeM3, &ImportedElement::areaM2,
+                &ImportedElement::volumeSource, &ImportedElement::areaSource, &ImportedElement::volumeOrigin,
+                &ImportedElement::areaOrigin, &ImportedElement::sharesOrigin, &ImportedElement::statedVolumeM3,
+                &ImportedElement::geometryVolumeM3, &ImportedElement::overallWidthM, &ImportedElement::overallHeightM> {
+};
 template <>
 struct FieldsOf<ImportFinding> : FieldList<&ImportFinding::globalId, &ImportFinding::ifcType, &ImportFinding::name> {};
 template <>

@@ -53,7 +53,8 @@ struct ImportedComponent {
 struct ImportedElement {
     std::string globalId; ///< 22 characters in a proper file; kept as written, may repeat in a broken one
     std::string name;
-    std::string ifcType; ///< as the schema writes it: "IfcWallStandardCase"
+    std::string typeName; ///< doors and windows: of the type that they are pieces of; may be empty
+    std::string ifcType;  ///< as the schema writes it: "IfcWallStandardCase"
     ElementKind kind = ElementKind::Object;
     std::size_t layer = 0;                     ///< index into ImportedBuilding::layers
     std::optional<std::size_t> storey;         ///< index into ImportedBuilding::storeys

@@ -26,8 +26,9 @@ struct Element {
     std::uint32_t firstComponent = 0;
     std::uint32_t componentCount = 0;
     std::string name;
-    std::string kind; ///< what the source calls it, such as an IFC entity name
-    /// Doors and windows: overall width x height, 0 where unknown.
+    std::string kind;     ///< what the source calls it, such as an IFC entity name
+    std::string typeName; ///< doors and windows: of the type that they are pieces of; empty where unknown
+    /// Doors and windows: overall width x height, else as the source says it; 0 where unknown.
     double openingAreaM2 = 0.0;
     std::optional<std::uint32_t> storey;    ///< position in the model's list
     std::optional<double> statedVolumeM3;   ///< as the source says it, also where it is not used

@@ -73,6 +73,7 @@ CREATE TABLE storeys (idx INTEGER PRIMARY KEY, name TEXT NOT NULL, elevation_m R
 ALTER TABLE elements ADD COLUMN storey INTEGER;
 ALTER TABLE elements ADD COLUMN stated_volume_m3 REAL;
 ALTER TABLE elements ADD COLUMN computed_volume_m3 REAL;
+ALTER TABLE elements ADD COLUMN type_name TEXT NOT NULL DEFAULT '';
 ALTER TABLE components ADD COLUMN thickness_m REAL NOT NULL DEFAULT 0.0;
 CREATE TABLE provenance (owner ANY NOT NULL, field TEXT NOT NULL, text TEXT NOT NULL,
     PRIMARY KEY (owner, field)) STRICT, WITHOUT ROWID;

@@ -128,6 +128,7 @@ Element ReadElement(SQLite::Statement& row, const Model& model) {
     element.storey = ReadStorey(row.getColumn(8), model);
     element.statedVolumeM3 = ReadOptional(row.getColumn(9));
     element.computedVolumeM3 = ReadOptional(row.getColumn(10));
+    element.typeName = row.getColumn(11).getString();
     return element;
 }
 
@@ -138,10 +139,10 @@ void ReadElements(SQLite::Database& database, Model& model) {
     model.ReserveElements(count("SELECT count(*) FROM elements"), count("SELECT count(*) FROM components"));
     ComponentReader parts(database, model);
     SQLite::Statement row(
-        database,
-        std::string("SELECT position, guid, type, layer, classification, name, kind, opening_area_m2, ") +
-            (HasTablesOfVersion(database, 3) ? "storey, stated_volume_m3, computed_volume_m3" : "NULL, NULL, NULL") +
-            " FROM elements ORDER BY position");
+        database, std::string("SELECT position, guid, type, layer, classification, name, kind, opening_area_m2, ") +
+                      (HasTablesOfVersion(database, 3) ? "storey, stated_volume_m3, computed_volume_m3, type_name"
+                                                       : "NULL, NULL, NULL, ''") +
+                      " FROM elements ORDER BY position");
     while (row.executeStep()) {
         parts.ReadOf(row.getColumn(0).getInt64());
         Require(model.AddElement(ReadElement(row, model), parts.components, parts.thicknessesM),

@@ -34,14 +34,14 @@ std::optional<std::int32_t> GetStoreyIndex(const Element& element) {
 }
 
 void WriteElements(SQLite::Database& database, const Model& model) {
-    RowStatement elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    RowStatement elementRow(database, "INSERT INTO elements VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     RowStatement componentRow(database, "INSERT INTO components VALUES (?, ?, ?, ?, ?, ?)");
     std::int64_t position = 0;
     for (const Element& element : model.GetElements()) {
         ++position;
         elementRow.Run(position, element.guid, static_cast<std::int32_t>(element.type), element.layer.value,
                        element.classification, element.name, element.kind, element.openingAreaM2,
-                       GetStoreyIndex(element), element.statedVolumeM3, element.computedVolumeM3);
+                       GetStoreyIndex(element), element.statedVolumeM3, element.computedVolumeM3, element.typeName);
         const std::span<const double> thicknessesM = model.GetThicknesses(element);
         std::int32_t part = 0;
         for (const host::MaterialComponent& component : model.GetComponents(element)) {

@@ -45,17 +45,24 @@ std::string ListRows(const std::string& text) {
     return rows.str();
 }
 
+/// "own name|name of the type".
+std::vector<std::string> Split(const std::string& names) {
+    const std::size_t bar = names.find('|');
+    if (bar == std::string::npos) return {names};
+    return {names.substr(0, bar), names.substr(bar + 1)};
+}
+
 TEST(MaterialTable, AnswersAsReviewed) {
     MaterialTable table;
     const auto find = [&](AppliesTo appliesTo, const std::string& name) {
-        const MaterialRow* found = table.Find(appliesTo, name);
+        const MaterialRow* found = table.Find(appliesTo, Split(name));
         return found == nullptr ? "none" : WriteNumber(found->gwp.plain);
     };
     const auto quote = [](const std::string& name) {
         MaterialTable quoted;
         std::string cell = QuoteCell(name);
         EXPECT_EQ(ReadTable("@material;" + cell + ";m3;1;;\n", quoted), "");
-        EXPECT_NE(quoted.Find(AppliesTo::Material, name), nullptr) << name;
+        EXPECT_NE(quoted.Find(AppliesTo::Material, {name}), nullptr) << name;
         return cell;
     };
     support::ExpectAnswers("workbench/app/expected/material-table.txt",

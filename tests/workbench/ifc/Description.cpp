@@ -13,6 +13,7 @@ constexpr const char* FloorSources[] = {"none",         "building",      "spaces
 void Describe(const ImportedBuilding& building, const ImportedElement& element, std::ostream& out) {
     out << element.globalId << ' ' << element.ifcType;
     if (!element.name.empty()) out << " \"" << element.name << '"';
+    if (!element.typeName.empty()) out << " of type \"" << element.typeName << '"';
     out << " V " << element.volumeM3 << " {" << element.volumeOrigin << "} A " << element.areaM2 << " {"
         << element.areaOrigin << '}';
     if (element.statedVolumeM3) out << ", stated " << *element.statedVolumeM3;

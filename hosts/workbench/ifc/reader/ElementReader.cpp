@@ -46,6 +46,20 @@ ClassRule RuleOf(std::string_view className) {
     return {className, ElementKind::Object, AreaRule::None};
 }
 
+/// Some programs write "family:type:number of the piece".
+std::string WithoutPieceNumber(const std::string& name) {
+    const std::size_t colon = name.rfind(':');
+    const bool isNumbered = colon != std::string::npos && colon + 1 < name.size() &&
+                            name.find_first_not_of("0123456789", colon + 1) == std::string::npos;
+    return isNumbered ? name.substr(0, colon) : name;
+}
+
+std::string TypeNameOf(const Entity& piece, const Entity& type) {
+    for (const std::string& name : {type.GetText("Name"), piece.GetText("ObjectType")})
+        if (!name.empty()) return name;
+    return WithoutPieceNumber(piece.GetText("Name"));
+}
+
 /// An element with what decides whether it stays.
 struct Candidate {
     ImportedElement element;
@@ -163,7 +177,9 @@ private:
         ImportedElement& element = candidate.element;
         element.kind = kind;
         const OpeningSize own = PickOpeningSize(ReadStatedValues(model, units, opening));
-        const OpeningSize ofType = PickOpeningSize(ReadStatedValues(model, units, TypeOf(model, opening)));
+        const Entity type = TypeOf(model, opening);
+        const OpeningSize ofType = PickOpeningSize(ReadStatedValues(model, units, type));
+        element.typeName = TypeNameOf(opening, type);
         const Quantity widthM = FirstOf(LengthOf(opening, "OverallWidth"), own.widthM, ofType.widthM);
         const Quantity heightM = FirstOf(LengthOf(opening, "OverallHeight"), own.heightM, ofType.heightM);
         if (widthM) element.overallWidthM = widthM->value;
