@@ -26,6 +26,7 @@ std::string ListExamples(const FindingGroup& group) {
 
 std::vector<std::string> ListSentences(const std::vector<Finding>& findings) {
     std::vector<std::string> sentences;
+    sentences.reserve(findings.size());
     for (const Finding& finding : findings)
         sentences.push_back(finding.sentence);
     return sentences;

@@ -179,7 +179,7 @@ Outcome WriteTable(const QuantitiesOptions& options, const Request& request, con
 } // namespace
 
 Outcome RunQuantities(const QuantitiesOptions& options) {
-    const Result<Request> request = ParseRequest(options);
+    Result<Request> request = ParseRequest(options);
     if (request.HasFailed()) return request;
     const Result<OpenedModel> opened = OpenModel(options.model);
     if (opened.HasFailed()) return opened;
