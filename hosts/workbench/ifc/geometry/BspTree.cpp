@@ -138,10 +138,11 @@ public:
     void Step() {
         Probe probe = std::move(open.back());
         open.pop_back();
-        if (probe.node < 0) {
+        const int node = probe.node;
+        if (node < 0) {
             Settle(std::move(probe));
         } else {
-            Descend(std::move(probe), tree.nodes[static_cast<std::size_t>(probe.node)]);
+            Descend(std::move(probe), tree.nodes[static_cast<std::size_t>(node)]);
         }
     }
 
