@@ -24,7 +24,7 @@ struct ClassRule {
 };
 
 /// First match counts; what matches none is an object.
-constexpr ClassRule classRules[] = {
+constexpr ClassRule ClassRules[] = {
     {"IfcCurtainWall", ElementKind::CurtainWall, AreaRule::Side},
     {"IfcWall", ElementKind::Wall, AreaRule::Side},
     {"IfcColumn", ElementKind::Column, AreaRule::None},
@@ -40,7 +40,7 @@ constexpr ClassRule classRules[] = {
 };
 
 ClassRule RuleOf(std::string_view className) {
-    for (const ClassRule& rule : classRules) {
+    for (const ClassRule& rule : ClassRules) {
         if (className.starts_with(rule.prefix)) return rule;
     }
     return {className, ElementKind::Object, AreaRule::None};

@@ -22,7 +22,7 @@ struct AreaName {
 };
 
 /// The better ones first.
-constexpr AreaName areaNames[] = {{"grossfloorarea", AreaKind::Gross, false},
+constexpr AreaName AreaNames[] = {{"grossfloorarea", AreaKind::Gross, false},
                                   {"netfloorarea", AreaKind::Net, false},
                                   {"gsa bim area", AreaKind::Other, false},
                                   {"netarea", AreaKind::Other, false},
@@ -48,7 +48,7 @@ struct AreaSum {
     [[nodiscard]] bool IsEmpty() const { return gross + net + other == 0; }
 
     void Add(const std::vector<StatedValue>& values, AreaKind worst) {
-        for (const AreaName& name : areaNames) {
+        for (const AreaName& name : AreaNames) {
             if (name.kind > worst) return;
             const auto area = Pick(values, name);
             if (!area) continue;

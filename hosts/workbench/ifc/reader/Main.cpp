@@ -20,9 +20,9 @@ using namespace workbench;
 using namespace workbench::ifc;
 
 /// One element's geometry may take this long before the reader gives itself up and is started again without it.
-constexpr unsigned longestGeometrySeconds = 30;
+constexpr unsigned LongestGeometrySeconds = 30;
 /// How the time goes: reading the text up to here, then the elements.
-constexpr double shareOfReading = 0.1;
+constexpr double ShareOfReading = 0.1;
 
 void Send(std::string_view frame) {
     while (!frame.empty()) {
@@ -91,19 +91,19 @@ std::optional<ImportProblem> Run(const Command& command) {
     step::Problem damage;
     auto file = step::StepFile::Read(std::move(*text), {command.codePage}, damage);
     if (!file) return ProblemOf(damage);
-    if (const auto refused = RefuseSchema(file->GetHeader())) return refused;
+    if (auto refused = RefuseSchema(file->GetHeader())) return refused;
     const schema::SchemaChoice choice = schema::ChooseSchema(file->GetHeader().schema);
     const entities::Model model(std::move(*file), *choice.schema);
     if (IsMostlyUnknown(model)) {
         return ImportProblem{ImportError::Damaged, "holds little but entities that no IFC schema has",
                              "Export it again from the program that made it."};
     }
-    Send(EncodeProgress(shareOfReading));
+    Send(EncodeProgress(ShareOfReading));
     const ReadListener listener{
-        [](double share) { Send(EncodeProgress(shareOfReading + (1.0 - shareOfReading) * share)); },
+        [](double share) { Send(EncodeProgress(ShareOfReading + (1.0 - ShareOfReading) * share)); },
         [](step::EntityNumber entity) {
             Send(EncodeWorking(entity));
-            alarm(entity == 0 ? 0 : longestGeometrySeconds);
+            alarm(entity == 0 ? 0 : LongestGeometrySeconds);
         }};
     Send(EncodeBuilding(ReadBuilding(model, command.options, listener)));
     return std::nullopt;

@@ -124,6 +124,7 @@ void MaterialShares::IndexLayerSets() {
 FoundLayerSet MaterialShares::FindLayerSet(const Entity& element, const std::vector<SharingMaterial>& materials) {
     IndexLayerSets();
     std::vector<std::string> names;
+    names.reserve(materials.size());
     for (const SharingMaterial& material : materials)
         names.push_back(material.name);
     std::sort(names.begin(), names.end());

@@ -12,8 +12,8 @@ namespace {
 using entities::Entity;
 
 /// Osmium has 22,600 kg/m3; what is heavier is in a wrong unit.
-constexpr double heaviestKgPerM3 = 30000.0;
-constexpr int deepestWhole = 8;
+constexpr double HeaviestKgPerM3 = 30000.0;
+constexpr int DeepestWhole = 8;
 constexpr char OneMaterial[] = "one material";
 
 } // namespace
@@ -68,7 +68,7 @@ void Materials::DeriveDensities() {
     for (const auto& [index, sum] : weighed) {
         ImportedMaterial& material = building.materials[index];
         const double density = sum.kg / sum.m3;
-        if (material.densityKgPerM3 || material.name == NoMaterialName || density > heaviestKgPerM3) continue;
+        if (material.densityKgPerM3 || material.name == NoMaterialName || density > HeaviestKgPerM3) continue;
         material.densityKgPerM3 = density;
         material.densityOrigin = std::string(OriginBeginnings::Derived) + "NetWeight / NetVolume";
     }
@@ -76,7 +76,7 @@ void Materials::DeriveDensities() {
 
 MaterialUse Materials::FindUse(const Entity& object) {
     Entity part = object;
-    for (int depth = 0; depth < deepestWhole && !part.IsNone(); ++depth) {
+    for (int depth = 0; depth < DeepestWhole && !part.IsNone(); ++depth) {
         if (MaterialUse own = OwnUse(part); own.form != MaterialForm::None) return own;
         if (MaterialUse use = OwnUse(TypeOf(model, part)); use.form != MaterialForm::None) return use;
         part = WholeOf(model, part);
@@ -195,7 +195,7 @@ std::optional<double> Materials::StatedDensity(const Entity& material) const {
 std::optional<double> Materials::DensityOf(const Entity& material) const {
     const auto density = StatedDensity(material);
     if (!density || *density == 0.0) return std::nullopt;
-    if (*density > 0.0 && *density <= heaviestKgPerM3) return density;
+    if (*density > 0.0 && *density <= HeaviestKgPerM3) return density;
     building.warnings.push_back("The density of the material " + material.GetText("Name") + " (" +
                                 std::to_string(*density) + " kg/m3) cannot be right and is not used.");
     return std::nullopt;

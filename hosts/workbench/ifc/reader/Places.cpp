@@ -9,8 +9,8 @@ namespace {
 
 using entities::Entity;
 
-constexpr int deepestMapping = 4;
-constexpr int deepestContainment = 16;
+constexpr int DeepestMapping = 4;
+constexpr int DeepestContainment = 16;
 
 } // namespace
 
@@ -46,7 +46,7 @@ std::optional<std::string> Places::FindLayer(const Entity& element) const {
     for (const Entity& representation : element.GetEntity("Representation").GetEntities("Representations")) {
         const bool isBody = representation.GetText("RepresentationIdentifier") == "Body";
         if (other && !isBody) continue;
-        auto name = LayerName(representation, deepestMapping);
+        auto name = LayerName(representation, DeepestMapping);
         if (name && isBody) return name;
         if (name) other = std::move(name);
     }
@@ -81,7 +81,7 @@ Entity Places::HolderOf(const Entity& object) const {
 
 std::optional<std::size_t> Places::StoreyOf(const Entity& element) const {
     Entity at = element;
-    for (int depth = 0; depth < deepestContainment && !at.IsNone(); ++depth) {
+    for (int depth = 0; depth < DeepestContainment && !at.IsNone(); ++depth) {
         if (const auto storey = storeys.find(at); storey != storeys.end()) return storey->second;
         at = HolderOf(at);
     }

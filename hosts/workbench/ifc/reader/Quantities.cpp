@@ -54,7 +54,7 @@ constexpr SetGroup Common = SetGroup::Common;
 constexpr SetGroup Rounded = SetGroup::Rounded;
 using Stated = StatedQuantities;
 
-constexpr NameRow names[] = {
+constexpr NameRow NameRows[] = {
     {"netvolume", Measure::Volume, Standard, OtherQuantity, &Stated::netVolumeM3},
     {"grossvolume", Measure::Volume, Standard, OtherQuantity, &Stated::grossVolumeM3},
     {"netsidearea", Measure::Area, Standard, OtherQuantity, &Stated::netSideAreaM2, AreaRule::Side},
@@ -82,11 +82,11 @@ constexpr NameRow names[] = {
 };
 
 const NameRow* RowOf(const StatedValue& value, SetGroup group, AreaRule rule) {
-    const auto found = std::find_if(std::begin(names), std::end(names), [&](const NameRow& row) {
+    const auto found = std::find_if(std::begin(NameRows), std::end(NameRows), [&](const NameRow& row) {
         return row.name == value.name && row.measure == value.measure && row.first <= group && group <= row.last &&
                (row.rule == AreaRule::None || row.rule == rule);
     });
-    return found == std::end(names) ? nullptr : found;
+    return found == std::end(NameRows) ? nullptr : found;
 }
 
 /// By trust, those of one group in their order.

@@ -14,24 +14,24 @@ struct RoleRow {
 
 /// First match counts. What cuts or only decorates an element (IfcFeatureElement: openings, earthworks cuts) has no
 /// role of its own.
-constexpr RoleRow roles[] = {{"IfcDoor", EntityRole::Door},
-                             {"IfcWindow", EntityRole::Window},
-                             {"IfcBuildingElement", EntityRole::Element},
-                             {"IfcBuiltElement", EntityRole::Element},
-                             {"IfcBuildingElementPart", EntityRole::Element},
-                             {"IfcElementAssembly", EntityRole::Element},
-                             {"IfcReinforcingElement", EntityRole::Element},
-                             {"IfcFeatureElement", EntityRole::Other},
-                             {"IfcElement", EntityRole::LeftOut},
-                             {"IfcProxy", EntityRole::LeftOut},
-                             {"IfcProject", EntityRole::Project}};
+constexpr RoleRow RoleRows[] = {{"IfcDoor", EntityRole::Door},
+                                {"IfcWindow", EntityRole::Window},
+                                {"IfcBuildingElement", EntityRole::Element},
+                                {"IfcBuiltElement", EntityRole::Element},
+                                {"IfcBuildingElementPart", EntityRole::Element},
+                                {"IfcElementAssembly", EntityRole::Element},
+                                {"IfcReinforcingElement", EntityRole::Element},
+                                {"IfcFeatureElement", EntityRole::Other},
+                                {"IfcElement", EntityRole::LeftOut},
+                                {"IfcProxy", EntityRole::LeftOut},
+                                {"IfcProject", EntityRole::Project}};
 
 } // namespace
 
 EntityRole RoleOf(const entities::Entity& entity) {
-    const auto found =
-        std::find_if(std::begin(roles), std::end(roles), [&](const RoleRow& row) { return entity.IsA(row.type); });
-    return found == std::end(roles) ? EntityRole::Other : found->role;
+    const auto found = std::find_if(std::begin(RoleRows), std::end(RoleRows),
+                                    [&](const RoleRow& row) { return entity.IsA(row.type); });
+    return found == std::end(RoleRows) ? EntityRole::Other : found->role;
 }
 
 } // namespace workbench::ifc

@@ -17,7 +17,7 @@ struct MeasureRow {
     double UnitFactors::*projectFactor;
 };
 
-constexpr MeasureRow measures[] = {
+constexpr MeasureRow MeasureRows[] = {
     {Measure::Length, "LengthValue", "IfcLengthMeasure", &UnitFactors::lengthM},
     {Measure::Area, "AreaValue", "IfcAreaMeasure", &UnitFactors::areaM2},
     {Measure::Volume, "VolumeValue", "IfcVolumeMeasure", &UnitFactors::volumeM3},
@@ -41,7 +41,7 @@ public:
 
 private:
     void ReadQuantity(const Entity& quantity) {
-        for (const MeasureRow& row : measures) {
+        for (const MeasureRow& row : MeasureRows) {
             const auto number = quantity.GetReal(row.attribute);
             if (number) Put(quantity, row, *number, false);
         }
@@ -50,10 +50,10 @@ private:
     void ReadProperty(const Entity& property) {
         const step::Value value = property.Get("NominalValue");
         const auto number = value.GetNumber();
-        const auto row = std::find_if(std::begin(measures), std::end(measures), [&](const MeasureRow& measure) {
+        const auto row = std::find_if(std::begin(MeasureRows), std::end(MeasureRows), [&](const MeasureRow& measure) {
             return model.GetSchema().IsValueOf(value.GetTypeName(), measure.valueType);
         });
-        if (number && row != std::end(measures)) Put(property, *row, *number, true);
+        if (number && row != std::end(MeasureRows)) Put(property, *row, *number, true);
     }
 
     void Put(const Entity& source, const MeasureRow& row, double number, bool isProperty) {
@@ -72,18 +72,18 @@ private:
 } // namespace
 
 std::string ComparableName(std::string_view name) {
-    constexpr std::string_view around = " _\t";
-    const std::size_t first = name.find_first_not_of(around);
+    constexpr std::string_view Around = " _\t";
+    const std::size_t first = name.find_first_not_of(Around);
     if (first == std::string_view::npos) return {};
-    std::string comparable(name.substr(first, name.find_last_not_of(around) - first + 1));
+    std::string comparable(name.substr(first, name.find_last_not_of(Around) - first + 1));
     std::transform(comparable.begin(), comparable.end(), comparable.begin(),
                    [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
     return comparable;
 }
 
 bool IsOfDimensions(const StatedValue& value) {
-    constexpr std::string_view sets[] = {"pset_revit_dimensions", "dimensions", "寸法", "尺寸标注"};
-    return value.isProperty && std::find(std::begin(sets), std::end(sets), value.set) != std::end(sets);
+    constexpr std::string_view Sets[] = {"pset_revit_dimensions", "dimensions", "寸法", "尺寸标注"};
+    return value.isProperty && std::find(std::begin(Sets), std::end(Sets), value.set) != std::end(Sets);
 }
 
 std::vector<Entity> SetsOf(const entities::Model& model, const Entity& object) {

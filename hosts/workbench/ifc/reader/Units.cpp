@@ -9,22 +9,22 @@ namespace {
 
 using entities::Entity;
 
-constexpr int deepestConversion = 8;
+constexpr int DeepestConversion = 8;
 
 struct Prefix {
     std::string_view name;
     double factor;
 };
 
-constexpr Prefix prefixes[] = {{"EXA", 1e18},  {"PETA", 1e15},  {"TERA", 1e12},   {"GIGA", 1e9},
+constexpr Prefix Prefixes[] = {{"EXA", 1e18},  {"PETA", 1e15},  {"TERA", 1e12},   {"GIGA", 1e9},
                                {"MEGA", 1e6},  {"KILO", 1e3},   {"HECTO", 1e2},   {"DECA", 1e1},
                                {"DECI", 1e-1}, {"CENTI", 1e-2}, {"MILLI", 1e-3},  {"MICRO", 1e-6},
                                {"NANO", 1e-9}, {"PICO", 1e-12}, {"FEMTO", 1e-15}, {"ATTO", 1e-18}};
 
 double PrefixFactor(std::string_view name) {
-    const auto found = std::find_if(std::begin(prefixes), std::end(prefixes),
+    const auto found = std::find_if(std::begin(Prefixes), std::end(Prefixes),
                                     [&](const Prefix& prefix) { return prefix.name == name; });
-    return found == std::end(prefixes) ? 1.0 : found->factor;
+    return found == std::end(Prefixes) ? 1.0 : found->factor;
 }
 
 double SIFactor(const Entity& unit) {
@@ -74,7 +74,7 @@ struct NamedUnit {
     std::optional<double> NamedFactors::*factor;
 };
 
-constexpr NamedUnit namedUnits[] = {
+constexpr NamedUnit NamedUnits[] = {
     {"LENGTHUNIT", &NamedFactors::length},       {"AREAUNIT", &NamedFactors::area},
     {"VOLUMEUNIT", &NamedFactors::volume},       {"MASSUNIT", &NamedFactors::mass},
     {"MASSDENSITYUNIT", &NamedFactors::density}, {"PLANEANGLEUNIT", &NamedFactors::angle}};
@@ -83,7 +83,7 @@ NamedFactors ReadNamed(const entities::Model& model) {
     NamedFactors named;
     for (const Entity& project : model.GetAll("IfcProject")) {
         for (const Entity& unit : project.GetEntity("UnitsInContext").GetEntities("Units")) {
-            for (const NamedUnit& row : namedUnits) {
+            for (const NamedUnit& row : NamedUnits) {
                 if (unit.Get("UnitType").GetEnumeration() == row.type) named.*row.factor = UnitFactor(unit);
             }
         }
@@ -94,7 +94,7 @@ NamedFactors ReadNamed(const entities::Model& model) {
 } // namespace
 
 std::optional<double> UnitFactor(const Entity& unit) {
-    return Factor(unit, deepestConversion);
+    return Factor(unit, DeepestConversion);
 }
 
 UnitFactors ReadUnits(const entities::Model& model, std::vector<std::string>& warnings) {
