@@ -92,6 +92,7 @@ const NameRow* RowOf(const StatedValue& value, SetGroup group, AreaRule rule) {
 /// By trust, those of one group in their order.
 std::vector<const StatedValue*> ByTrust(const std::vector<StatedValue>& values) {
     std::vector<const StatedValue*> ordered;
+    ordered.reserve(values.size());
     for (const StatedValue& value : values)
         ordered.push_back(&value);
     std::stable_sort(ordered.begin(), ordered.end(),
