@@ -85,16 +85,8 @@ std::optional<StatedQuantity> StatedVolume(const StatedQuantities& stated) {
     return stated.netVolumeM3 ? stated.netVolumeM3 : stated.grossVolumeM3;
 }
 
-std::optional<StatedQuantity> StatedArea(AreaRule rule, const StatedQuantities& stated) {
-    switch (rule) {
-    case AreaRule::Side:
-        return stated.netSideAreaM2 ? stated.netSideAreaM2 : stated.grossSideAreaM2;
-    case AreaRule::Plan:
-        return stated.netAreaM2 ? stated.netAreaM2 : stated.grossAreaM2;
-    case AreaRule::None:
-        break;
-    }
-    return std::nullopt;
+bool HasStatedArea(AreaRule rule, const StatedQuantities& stated) {
+    return IsKnown(AreaStated(rule, stated));
 }
 
 std::optional<double> PlausibleQuantity(double value) {

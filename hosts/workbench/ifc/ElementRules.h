@@ -74,9 +74,10 @@ enum class VolumeCheck : std::uint8_t {
 /// By the volume before openings and clippings are taken out. Wrong units are off by factors of 35 and more.
 [[nodiscard]] VolumeCheck CheckByUncut(double statedM3, double uncutM3);
 
-/// The stated volume or area that counts, net before gross.
+/// The stated volume that counts, net before gross.
 [[nodiscard]] std::optional<StatedQuantity> StatedVolume(const StatedQuantities& stated);
-[[nodiscard]] std::optional<StatedQuantity> StatedArea(AreaRule rule, const StatedQuantities& stated);
+/// Whether an area is stated that counts for elements of this rule.
+[[nodiscard]] bool HasStatedArea(AreaRule rule, const StatedQuantities& stated);
 
 /// VALUE where it can be a quantity of a building element: finite, above 0, at most ten million m2 or m3.
 [[nodiscard]] std::optional<double> PlausibleQuantity(double value);

@@ -213,7 +213,7 @@ private:
     }
 
     [[nodiscard]] GeometryTask TaskOf(AreaRule rule, const StatedQuantities& stated, const MaterialUse& use) const {
-        const bool hasArea = ThicknessOf(stated, use).valueM > 0.0 || StatedArea(rule, stated).has_value();
+        const bool hasArea = ThicknessOf(stated, use).valueM > 0.0 || HasStatedArea(rule, stated);
         const auto volume = StatedVolume(stated);
         return {volume ? std::optional(volume->value) : std::nullopt, options.everyBody || !volume || !hasArea};
     }
